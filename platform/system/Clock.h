@@ -1,0 +1,17 @@
+// Today and now, from one place that a test can set.
+#pragma once
+
+#include "platform/text/DateTime.h"
+
+namespace tevra::clock {
+
+/// The machine's local date at 00:00, or the date set.
+DateTime Today();
+/// The machine's local date and time, or the moment set.
+DateTime Now();
+
+/// From now on Today and Now answer this moment; for tests.
+void Set(const DateTime& moment);
+void Reset();
+
+}  // namespace tevra::clock

@@ -1,0 +1,64 @@
+#include "tests/TestCompany.h"
+
+#include <stdlib.h>
+
+#include "session/Module1.h"
+#include "session/Session.h"
+
+namespace fs = std::filesystem;
+
+namespace tevra::test {
+
+TemporaryFolder::TemporaryFolder() {
+  std::string pattern = (fs::temp_directory_path() / "tevra-XXXXXX").string();
+  if (!mkdtemp(pattern.data())) throw std::runtime_error("no temporary folder");
+  path_ = pattern;
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;
+  fs::remove_all(path_, ignored);
+}
+
+TestCompany::TestCompany() {
+  fs::copy_file(TEVRA_TEMPLATE, Directory() / "Kelnar.mdb");
+  fs::copy_file(TEVRA_TEMPLATE, File());
+  Session& session = CurrentSession();
+  session = {};
+  session.connectionString = ConnectionString();
+  session.databasesPath = Directory().string() + "/";
+  session.selectedDatabase = "Kelnar01.mdb";
+  session.userName = "admin";
+}
+
+std::string TestCompany::ConnectionString() const {
+  return CompanyConnectionString(Directory().string(), "Kelnar01.mdb");
+}
+
+int TestCompany::AddAsset(const std::vector<std::pair<std::string, Value>>& fields) const {
+  std::string names;
+  std::string marks;
+  Values values;
+  for (const auto& [name, value] : fields) {
+    names += (values.empty() ? "" : ", ") + name;
+    marks += values.empty() ? "?" : ", ?";
+    values.push_back(value);
+  }
+  Connection connection = Open();
+  connection.Execute("INSERT INTO I_IMO (" + names + ") VALUES (" + marks + ")", values);
+  return connection.QueryValue("SELECT MAX(NRCRT) FROM I_IMO").AsLong();
+}
+
+MessageRecorder::MessageRecorder() {
+  before_ = SetMessageHandler([this](const MessageRequest& request) -> long {
+    shown.push_back(request);
+    if (answers.empty()) return (request.buttons & 15) == kYesNo ? kYes : kOk;
+    const long answer = answers.front();
+    answers.erase(answers.begin());
+    return answer;
+  });
+}
+
+MessageRecorder::~MessageRecorder() { SetMessageHandler(before_); }
+
+}  // namespace tevra::test

@@ -1,0 +1,59 @@
+// A fresh company from the template in a folder of its own, gone when the test ends.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "platform/data/Connection.h"
+#include "platform/system/MessageBox.h"
+
+namespace tevra::test {
+
+/// A new empty folder, removed with all in it at the end of its life.
+class TemporaryFolder {
+ public:
+  TemporaryFolder();
+  ~TemporaryFolder();
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  const std::filesystem::path& Path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+/// Kelnar01.mdb (and the template Kelnar.mdb) in a folder; the session speaks of it as after a login of
+/// admin.
+class TestCompany {
+ public:
+  TestCompany();
+  std::filesystem::path Directory() const { return folder_.Path(); }
+  std::filesystem::path File() const { return folder_.Path() / "Kelnar01.mdb"; }
+  std::string ConnectionString() const;
+  Connection Open() const { return Connection(ConnectionString()); }
+
+  /// Inserts an asset with these fields, the others by default; returns its NRCRT.
+  int AddAsset(const std::vector<std::pair<std::string, Value>>& fields) const;
+
+ private:
+  TemporaryFolder folder_;
+};
+
+/// Answers messages from a queue (the default button's OK or Yes when it is empty) and keeps what was
+/// shown.
+class MessageRecorder {
+ public:
+  MessageRecorder();
+  ~MessageRecorder();
+  MessageRecorder(const MessageRecorder&) = delete;
+  MessageRecorder& operator=(const MessageRecorder&) = delete;
+
+  std::vector<long> answers;
+  std::vector<MessageRequest> shown;
+
+ private:
+  MessageHandler before_;
+};
+
+}  // namespace tevra::test

@@ -1,0 +1,56 @@
+#include <ctime>
+
+#include <gtest/gtest.h>
+
+#include "platform/system/Clock.h"
+#include "platform/system/MessageBox.h"
+
+namespace tevra {
+namespace {
+
+TEST(Clock, AnswersTheMomentSet) {
+  clock::Set(DateTime(2005, 1, 1, 8, 30, 0));
+  EXPECT_EQ(DateTime(2005, 1, 1), clock::Today());
+  EXPECT_EQ(DateTime(2005, 1, 1, 8, 30, 0), clock::Now());
+  clock::Reset();
+  const std::time_t before = std::time(nullptr);
+  const DateTime now = clock::Now();
+  std::tm local{};
+  localtime_r(&before, &local);
+  const DateTime expected(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour,
+                          local.tm_min, local.tm_sec);
+  EXPECT_GE(now, expected);
+  EXPECT_LT(now.Serial() - expected.Serial(), 1.0 / 24);
+}
+
+TEST(MessageBox, WithoutAHandlerTheDefaultButtonAnswers) {
+  const MessageHandler before = SetMessageHandler({});
+  const struct {
+    long buttons, answer;
+  } cases[] = {{0, kOk},    {16, kOk},          {1, kOk},           {1 + 256, kCancel},
+               {2, kAbort}, {2 + 512, kIgnore}, {3 + 512, kCancel}, {4, kYes},
+               {36, kYes},  {36 + 256, kNo},    {4 + 512, kYes},    {5 + 256, kCancel}};
+  for (const auto& c : cases) {
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(c.answer, ShowMessage({"Doriti ?", c.buttons, "", {}})) << c.buttons;
+    EXPECT_EQ("Doriti ?\n", testing::internal::GetCapturedStderr());
+  }
+  testing::internal::CaptureStderr();
+  ShowMessage({"Text", 0, "Titlu", {}});
+  EXPECT_EQ("Titlu: Text\n", testing::internal::GetCapturedStderr());
+  SetMessageHandler(before);
+}
+
+TEST(MessageBox, AHandlerAnswersAndMayBeReplacedWhileItRuns) {
+  const MessageHandler before = SetMessageHandler([](const MessageRequest& request) {
+    const std::string prompt = request.prompt;
+    SetMessageHandler([](const MessageRequest&) { return long{kNo}; });
+    return prompt == "intai" ? long{kYes} : long{kCancel};
+  });
+  EXPECT_EQ(kYes, ShowMessage({"intai", kYesNo, "", {}}));
+  EXPECT_EQ(kNo, ShowMessage({"apoi", kYesNo, "", {}}));
+  SetMessageHandler(before);
+}
+
+}  // namespace
+}  // namespace tevra
