@@ -1,0 +1,72 @@
+// What a company file consists of: tables, their fields and indexes, saved queries.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/data/Connection.h"
+#include "platform/data/FieldType.h"
+
+namespace tevra {
+
+struct IndexDef {
+  std::string name;  ///< "PrimaryKey" for the key
+  std::vector<std::string> fields;
+  bool primary = false;
+  bool unique = false;
+
+  bool operator==(const IndexDef&) const = default;
+};
+
+struct TableDef {
+  std::string name;
+  bool system = false;  ///< the engine's own tables and the password's
+  std::vector<FieldDef> fields;
+  std::vector<IndexDef> indexes;  ///< the key first
+
+  const FieldDef* Find(const std::string& field) const;  ///< without case; nullptr when not there
+};
+
+struct QueryDef {
+  std::string name;
+  std::string sql;  ///< its SELECT
+};
+
+/// Reads the catalogue at each call; changes write through the connection, each whole or not at
+/// all. A table that is not there throws Failure 3265, naming it.
+class Catalogue {
+ public:
+  explicit Catalogue(Connection connection) : connection_(std::move(connection)) {}
+
+  std::vector<TableDef> Tables() const;   ///< system tables too, by name
+  std::vector<QueryDef> Queries() const;  ///< saved queries, by name
+  bool HasTable(const std::string& name) const;
+  TableDef Table(const std::string& name) const;
+
+  void CreateTable(const TableDef& table);
+  void CreateQuery(const QueryDef& query);
+  void CreateIndex(const std::string& table, const IndexDef& index);
+  void DropIndex(const std::string& table, const std::string& index);
+
+  /// The fields become the table's primary key and required; the rows stay. Throws Failure
+  /// -2147217900 when it has one already.
+  void CreatePrimaryKey(const std::string& table, const std::vector<std::string>& fields);
+  /// A key that numbered itself no longer does. Throws Failure 3265 when there is none.
+  void DropPrimaryKey(const std::string& table);
+
+  void AddField(const std::string& table, const FieldDef& field);
+  void DropField(const std::string& table, const std::string& field);
+  void RenameField(const std::string& table, const std::string& from, const std::string& to);
+
+  /// Gives the field of the same name the properties of `field`; its values are converted by type
+  /// and must all convert. Throws Failure 13, 6 or -2147217887 and changes nothing else.
+  void AlterField(const std::string& table, const FieldDef& field);
+
+ private:
+  Connection connection_;
+};
+
+/// The CREATE TABLE statement of a table, with the checks that hold what its types promise.
+std::string CreateTableSql(const TableDef& table);
+
+}  // namespace tevra

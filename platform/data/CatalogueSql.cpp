@@ -1,0 +1,201 @@
+#include "platform/data/CatalogueSql.h"
+
+#include <algorithm>
+
+#include "platform/data/Database.h"
+#include "platform/text/Strings.h"
+
+namespace tevra {
+
+namespace detail {
+
+namespace {
+
+std::string RangeCheck(const std::string& name, const char* least, const char* greatest) {
+  return " CHECK (typeof(" + name + ") IN ('integer', 'null') AND " + name + " BETWEEN " + least +
+         " AND " + greatest + ")";
+}
+
+std::string CheckSql(const FieldDef& field) {
+  const std::string name = Quoted(field.name);
+  switch (field.type) {
+    case FieldType::YesNo:
+      return " CHECK (" + name + " IN (-1, 0))";
+    case FieldType::Byte:
+      return RangeCheck(name, "0", "255");
+    case FieldType::Integer:
+      return RangeCheck(name, "-32768", "32767");
+    case FieldType::Long:
+      return RangeCheck(name, "-2147483648", "2147483647");
+    case FieldType::Double:
+      return " CHECK (typeof(" + name + ") IN ('real', 'null'))";
+    // A day that the calendar lacks comes back as another day once the engine counts with it.
+    case FieldType::DateTime:
+      return " CHECK (" + name + " IS strftime('%Y-%m-%d %H:%M:%S', " + name + ", '+0 days'))";
+    case FieldType::Text:
+      return " CHECK (typeof(" + name + ") IN ('text', 'null') AND length(" + name +
+             ") <= " + std::to_string(field.size) +
+             (field.allowZeroLength ? "" : " AND " + NotEmptyCheck(field.name)) + ")";
+  }
+  return {};
+}
+
+std::string Names(const std::vector<std::string>& fields) {
+  std::string list;
+  for (const auto& field : fields) list += (list.empty() ? "" : ", ") + Quoted(field);
+  return list;
+}
+
+bool NumbersItself(const TableDef& table) {
+  return std::any_of(table.fields.begin(), table.fields.end(),
+                     [](const FieldDef& field) { return field.autoNumber; });
+}
+
+// The engine numbers rows from where the old table stopped, so that no number comes back, be the
+// table empty by now.
+void KeepSequence(Database& database, const TableDef& from, const TableDef& to) {
+  if (!NumbersItself(from) || !NumbersItself(to)) return;
+  Statement erase(database, "DELETE FROM sqlite_sequence WHERE name = ?");
+  erase.Bind({to.name});
+  erase.Step();
+  Statement insert(database,
+                   "INSERT INTO sqlite_sequence (name, seq) "
+                   "SELECT ?2, seq FROM sqlite_sequence WHERE name = ?1");
+  insert.Bind({from.name, to.name});
+  insert.Step();
+}
+
+bool IsKeyField(const TableDef& table, const FieldDef& field) {
+  return std::any_of(table.indexes.begin(), table.indexes.end(), [&](const IndexDef& index) {
+    return index.primary &&
+           std::any_of(index.fields.begin(), index.fields.end(),
+                       [&](const auto& name) { return EqualNoCase(name, field.name); });
+  });
+}
+
+// A key of one Long is the row's id itself; else the id is kept beside the fields.
+bool HasOwnRowId(const TableDef& table) {
+  for (const IndexDef& index : table.indexes) {
+    if (!index.primary || index.fields.size() != 1) continue;
+    const FieldDef* field = table.Find(index.fields.front());
+    if (field && field->type == FieldType::Long) return false;
+  }
+  return !NumbersItself(table);
+}
+
+// Row ids stay, so that a recordset left open does not speak of another row afterwards.
+void CopyRows(Database& database, const TableDef& old, const TableDef& changed) {
+  std::string marks = "?";
+  std::vector<std::string> names;
+  for (const auto& field : old.fields) {
+    names.push_back(field.name);
+    marks += ", ?";
+  }
+  const std::string from = " FROM " + Quoted(old.name) + " ORDER BY rowid";
+  Statement select(database, "SELECT " + Names(names) + ", rowid" + from);
+  const bool ownRowId = HasOwnRowId(changed);
+  Statement insert(database, "INSERT INTO " + Quoted(changed.name) + " (" + Names(names) +
+                                 (ownRowId ? ", rowid" : "") + ") VALUES (" +
+                                 (ownRowId ? marks : marks.substr(3)) + ")");
+  while (select.Step()) {
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      const int column = static_cast<int>(i);
+      const Value value = ConvertToField(select.Column(column, &old.fields[i]), changed.fields[i]);
+      if (value.IsNull() && IsKeyField(changed, changed.fields[i])) {
+        throw Failure(kValueNotAccepted,
+                      "Value not accepted: " + names[i] + ": a value is required");
+      }
+      insert.Bind(column + 1, value);
+    }
+    if (ownRowId)
+      insert.Bind(static_cast<int>(names.size()) + 1,
+                  select.Column(static_cast<int>(names.size())));
+    insert.Step();
+    insert.Reset();
+  }
+}
+
+// While a table is away, the saved queries over it must not hinder the renaming of its successor.
+class LegacyAlter {
+ public:
+  explicit LegacyAlter(Database& database) : database_(database) {
+    database_.Run("PRAGMA legacy_alter_table=ON");
+  }
+  ~LegacyAlter() {
+    sqlite3_exec(database_.db, "PRAGMA legacy_alter_table=OFF", nullptr, nullptr, nullptr);
+  }
+  LegacyAlter(const LegacyAlter&) = delete;
+  LegacyAlter& operator=(const LegacyAlter&) = delete;
+
+ private:
+  Database& database_;
+};
+
+}  // namespace
+
+std::string NotEmptyCheck(const std::string& field) {
+  return Quoted(field) + " <> ''";
+}
+
+std::string ColumnSql(const FieldDef& field) {
+  std::string sql = Quoted(field.name) + " " + DeclaredType(field);
+  if (field.type == FieldType::Text) sql += " COLLATE NOCASE";
+  if (field.autoNumber) sql += " PRIMARY KEY AUTOINCREMENT";
+  if (field.required) sql += " NOT NULL";
+  if (!field.defaultValue.empty()) sql += " DEFAULT " + field.defaultValue;
+  return sql + CheckSql(field);
+}
+
+std::string StoredIndexName(const std::string& table, const std::string& index) {
+  return table + "." + index;
+}
+
+std::string IndexNameIn(const std::string& table, const std::string& stored) {
+  const bool ours = EqualNoCase(Left(stored, Len(table) + 1), table + ".");
+  return ours ? Mid(stored, Len(table) + 2) : stored;
+}
+
+std::string CreateIndexSql(const std::string& table, const IndexDef& index) {
+  return std::string(index.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") +
+         Quoted(StoredIndexName(table, index.name)) + " ON " + Quoted(table) + " (" +
+         Names(index.fields) + ")";
+}
+
+void RebuildTable(Connection& connection, const TableDef& old, const TableDef& changed) {
+  Database& database = *connection.Handle();
+  const LegacyAlter legacy(database);
+  Transaction transaction(connection);
+  TableDef temporary = changed;
+  temporary.name = "sys_nou_" + old.name;
+  database.Run(CreateTableSql(temporary));
+  CopyRows(database, old, temporary);
+  KeepSequence(database, old, temporary);
+  database.Run("DROP TABLE " + Quoted(old.name));
+  database.Run("ALTER TABLE " + Quoted(temporary.name) + " RENAME TO " + Quoted(old.name));
+  for (const auto& index : changed.indexes) {
+    if (!index.primary) database.Run(CreateIndexSql(old.name, index));
+  }
+  transaction.Commit();
+}
+
+}  // namespace detail
+
+std::string CreateTableSql(const TableDef& table) {
+  std::string sql = "CREATE TABLE " + detail::Quoted(table.name) + " (";
+  bool numbersItself = false;
+  bool first = true;
+  for (const auto& field : table.fields) {
+    numbersItself |= field.autoNumber;
+    FieldDef column = field;
+    column.required |= detail::IsKeyField(table, field);
+    sql += (first ? "\n  " : ",\n  ") + detail::ColumnSql(column);
+    first = false;
+  }
+  for (const auto& index : table.indexes) {
+    if (!index.primary || numbersItself) continue;
+    sql += ",\n  CONSTRAINT \"PrimaryKey\" PRIMARY KEY (" + detail::Names(index.fields) + ")";
+  }
+  return sql + "\n)";
+}
+
+}  // namespace tevra

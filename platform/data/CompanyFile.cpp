@@ -1,0 +1,144 @@
+#include "platform/data/CompanyFile.h"
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "platform/data/Database.h"
+#include "platform/data/EngineHandle.h"
+#include "platform/system/Paths.h"
+
+namespace fs = std::filesystem;
+
+namespace tevra {
+
+namespace {
+
+constexpr int kBusyMilliseconds = 2000;
+
+std::uint32_t BigEndian(const detail::FileStart& start, std::size_t at) {
+  const auto& bytes = start.bytes;
+  return std::uint32_t{bytes[at]} << 24 | std::uint32_t{bytes[at + 1]} << 16 |
+         std::uint32_t{bytes[at + 2]} << 8 | bytes[at + 3];
+}
+
+// While changes wait in the side file, the header may speak of pages that are still there.
+bool HasWaitingChanges(const fs::path& file) {
+  std::error_code error;
+  const auto size = fs::file_size(fs::path(file) += "-wal", error);
+  return !error && size > 0;
+}
+
+void CheckLength(const fs::path& file, const detail::FileStart& start) {
+  constexpr std::size_t kPageSize = 16, kChangeCounter = 24, kPageCount = 28, kCountValidFor = 92;
+  if (HasWaitingChanges(file)) return;
+  if (BigEndian(start, kChangeCounter) != BigEndian(start, kCountValidFor)) return;
+  std::uintmax_t pageSize =
+      std::uintmax_t{start.bytes[kPageSize]} << 8 | start.bytes[kPageSize + 1];
+  if (pageSize == 1) pageSize = 65536;
+  // Measured again: another program may have moved its waiting changes into the file just now.
+  std::error_code ignored;
+  if (fs::file_size(file, ignored) < pageSize * BigEndian(start, kPageCount)) {
+    throw Failure(kDatabaseNotOpened,
+                  "The database is damaged, a part of it is missing: " + file.string());
+  }
+}
+
+// What a file of this name left behind would be taken for changes of the new one.
+void RemoveSideFiles(const fs::path& file) {
+  for (const char* ending : {"-wal", "-shm", "-journal"}) {
+    std::error_code ignored;
+    fs::remove(fs::path(file) += ending, ignored);
+  }
+}
+
+bool IsBusy(const detail::EngineHandle& db) {
+  const int code = sqlite3_errcode(db.get()) & 0xff;
+  return code == SQLITE_BUSY || code == SQLITE_LOCKED;
+}
+
+// The engine gives up the side file only when nobody else is connected. Asked again under the lock:
+// somebody may have come in between.
+bool TakeAlone(const detail::EngineHandle& db, const fs::path& file) {
+  try {
+    if (detail::QueryOn(db, "PRAGMA journal_mode=DELETE", file) != "delete") return false;
+    detail::RunOn(db, "BEGIN EXCLUSIVE", file);
+    return detail::QueryOn(db, "PRAGMA journal_mode", file) == "delete" &&
+           !detail::HasBeenReplaced(db.get());
+  } catch (const Failure&) {
+    if (!IsBusy(db)) throw;
+    return false;
+  }
+}
+
+void CopyPages(const fs::path& source, const fs::path& copy) {
+  const detail::EngineHandle from =
+      paths::IsReadOnly(source)
+          ? detail::OpenToRead(source, kBusyMilliseconds)
+          : detail::OpenToWrite(source, SQLITE_OPEN_READWRITE, kBusyMilliseconds);
+  const detail::EngineHandle to =
+      detail::OpenToWrite(copy, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, kBusyMilliseconds);
+  sqlite3_backup* backup = sqlite3_backup_init(to.get(), "main", from.get(), "main");
+  if (!backup) {
+    throw detail::EngineFailure(sqlite3_errcode(to.get()), sqlite3_errmsg(to.get()), copy.string(),
+                                {});
+  }
+  const int code = sqlite3_backup_step(backup, -1);
+  sqlite3_backup_finish(backup);
+  if (code != SQLITE_DONE) {
+    throw detail::EngineFailure(code, sqlite3_errmsg(to.get()), source.string(), {});
+  }
+  // Failures of the copy are the source's, whose name the user knows.
+  if (detail::QueryOn(to, "PRAGMA journal_mode=DELETE", source) != "delete" ||
+      detail::QueryOn(to, "PRAGMA integrity_check", source) != "ok" ||
+      detail::QueryOn(to, "PRAGMA application_id", source) != std::to_string(kApplicationId)) {
+    throw Failure(kDatabaseNotOpened, "The database is damaged: " + source.string());
+  }
+}
+
+}  // namespace
+
+void CheckCompanyFile(const fs::path& file) {
+  std::error_code error;
+  const auto status = fs::status(file, error);
+  if (!fs::exists(status)) {
+    throw Failure(kDatabaseNotOpened, "The database is not there: " + file.string());
+  }
+  const std::string foreign = "This is no company database: " + file.string();
+  if (!fs::is_regular_file(status)) throw Failure(kDatabaseNotOpened, foreign);
+  const detail::FileStart start = detail::ReadStart(file);
+  static constexpr std::string_view kMagic("SQLite format 3\0", 16);
+  constexpr std::size_t kIdAt = 68;
+  const std::string_view begin(reinterpret_cast<const char*>(start.bytes.data()), kMagic.size());
+  if (start.length < start.bytes.size() || begin != kMagic ||
+      BigEndian(start, kIdAt) != kApplicationId) {
+    throw Failure(kDatabaseNotOpened, foreign);
+  }
+  CheckLength(file, start);
+}
+
+void RequireSoleUse(const fs::path& file) {
+  const SoleUse alone(file);
+}
+
+SoleUse::SoleUse(const fs::path& file) {
+  const Failure refused(kPermissionDenied, "Permission denied: " + file.string(), file.string());
+  if (paths::IsReadOnly(file)) throw refused;
+  detail::EngineHandle db = detail::OpenToWrite(file, SQLITE_OPEN_READWRITE, 0);
+  if (!TakeAlone(db, file)) throw refused;
+  db_ = std::move(db);
+}
+
+void CopyCompanyFile(const fs::path& source, const fs::path& target) {
+  CheckCompanyFile(source);
+  std::optional<SoleUse> alone;
+  if (fs::exists(target)) {
+    CheckCompanyFile(target);
+    alone.emplace(target);
+  } else {
+    RemoveSideFiles(target);
+  }
+  paths::ReplaceFile(target, [&](const fs::path& copy) { CopyPages(source, copy); });
+}
+
+}  // namespace tevra

@@ -1,0 +1,217 @@
+#include "platform/data/Database.h"
+
+#include <algorithm>
+
+#include "platform/text/Strings.h"
+
+namespace tevra::detail {
+
+namespace {
+
+// The field of a refused check stands first in its expression, between double quotes.
+std::string RefusedField(const std::string& message) {
+  const auto first = message.find('"');
+  const auto last = first == std::string::npos ? first : message.find('"', first + 1);
+  if (last != std::string::npos) return message.substr(first + 1, last - first - 1);
+  const auto colon = message.rfind(": ");
+  return colon == std::string::npos ? message : message.substr(colon + 2);
+}
+
+Failure ConstraintFailure(int extended, const std::string& message, const std::string& statement) {
+  const std::string field = RefusedField(message);
+  switch (extended) {
+    case SQLITE_CONSTRAINT_NOTNULL:
+      return {kValueNotAccepted, "Value not accepted: " + field + ": a value is required",
+              statement};
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+    case SQLITE_CONSTRAINT_ROWID:
+      return {kValueNotAccepted, "Value not accepted: " + field + ": already in the table",
+              statement};
+    default:
+      return {kValueNotAccepted, "Value not accepted: " + field, statement};
+  }
+}
+
+// Only an expression's text needs this: a field of the table says itself that it is a date.
+bool LooksLikeStoredDate(std::string_view text) {
+  return text.size() == 19 && text[4] == '-' && text[7] == '-' && text[10] == ' ' &&
+         text[13] == ':';
+}
+
+Value TextValue(std::string_view text, const FieldDef* field) {
+  const bool date = field ? field->type == FieldType::DateTime : LooksLikeStoredDate(text);
+  if (date) {
+    if (const auto moment = DateTime::FromIso(text)) return *moment;
+  }
+  return std::string(text);
+}
+
+}  // namespace
+
+Failure EngineFailure(int code, const std::string& message, const std::string& path,
+                      const std::string& statement) {
+  switch (code & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return {kDatabaseNotOpened, "The database is in use by another program: " + path, statement};
+    case SQLITE_FULL:
+      return {kDiskFull, "Disk full: " + path, statement};
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+      return {kPermissionDenied, "Permission denied: " + path, statement};
+    case SQLITE_CANTOPEN:
+      return {kDatabaseNotOpened, "The database cannot be opened: " + path, statement};
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      return {kDatabaseNotOpened, "The database is damaged: " + path, statement};
+    case SQLITE_IOERR:
+      return {kDatabaseNotOpened, "The database cannot be read or written: " + path, statement};
+    case SQLITE_CONSTRAINT:
+      return ConstraintFailure(code, message, statement);
+    case SQLITE_MISMATCH:
+      return {kValueNotAccepted, "Value not accepted: " + message, statement};
+    default:
+      return {kStatementError, message, statement};
+  }
+}
+
+void Database::Throw(int code, const std::string& statement) {
+  if (pending) {
+    const Failure failure(pending->Number(), pending->Description(), statement);
+    pending.reset();
+    throw failure;
+  }
+  throw EngineFailure(code, sqlite3_errmsg(db), path, statement);
+}
+
+void Database::RequireTransaction(const std::string& statement) const {
+  if (depth > 0 && sqlite3_get_autocommit(db)) {
+    throw Failure(kStatementError, "The transaction was taken back after a failure", statement);
+  }
+}
+
+void Database::Run(const std::string& sql) {
+  if (const int code = sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr);
+      code != SQLITE_OK) {
+    Throw(sqlite3_extended_errcode(db), sql);
+  }
+}
+
+std::string Quoted(std::string_view name) {
+  std::string quoted = "\"";
+  for (const char c : name) {
+    quoted += c;
+    if (c == '"') quoted += c;
+  }
+  return quoted + '"';
+}
+
+Statement::Statement(Database& database, const std::string& sql) : database_(database), sql_(sql) {
+  Prepare(sql);
+}
+
+// A name that is an alias of the same list is a column first; only where the engine knows no such
+// column does the alias count, so it is asked in that order.
+Statement::Statement(Database& database, const std::string& sql, dialect::Options options,
+                     dialect::Rewritten& rewritten)
+    : database_(database), sql_(sql) {
+  static const std::string kUnknown = "no such column: ";
+  for (;;) {
+    rewritten = OfStatement(sql, [&] { return dialect::Rewrite(sql, options); });
+    try {
+      Prepare(rewritten.sql);
+      return;
+    } catch (const Failure& failure) {
+      const std::string message = failure.Description();
+      if (message.rfind(kUnknown, 0) != 0) throw;
+      const std::string name = message.substr(kUnknown.size());
+      auto& aliases = options.expandAliases;
+      const bool tried = std::any_of(aliases.begin(), aliases.end(),
+                                     [&](const auto& alias) { return EqualNoCase(alias, name); });
+      if (tried || !dialect::IsListAlias(sql, name)) throw;
+      aliases.push_back(name);
+    }
+  }
+}
+
+void Statement::Prepare(const std::string& sql) {
+  const char* tail = nullptr;
+  const int code = sqlite3_prepare_v2(database_.db, sql.c_str(), static_cast<int>(sql.size()) + 1,
+                                      &stmt_, &tail);
+  if (code != SQLITE_OK) database_.Throw(sqlite3_extended_errcode(database_.db), sql_);
+  if (!stmt_) throw Failure(kStatementError, "Empty statement", sql_);
+  if (tail && !Trim(tail).empty() && Trim(tail) != ";") {
+    sqlite3_finalize(stmt_);
+    stmt_ = nullptr;
+    throw Failure(kStatementError, "More than one statement", sql_);
+  }
+}
+
+void Statement::Bind(int index, const Value& value) {
+  int code = SQLITE_OK;
+  switch (value.GetKind()) {
+    case Value::Kind::Null:
+      code = sqlite3_bind_null(stmt_, index);
+      break;
+    case Value::Kind::Double:
+      code = sqlite3_bind_double(stmt_, index, value.AsDouble());
+      break;
+    case Value::Kind::Whole:
+      code = sqlite3_bind_int64(stmt_, index, value.Whole());
+      break;
+    case Value::Kind::YesNo:
+      code = sqlite3_bind_int64(stmt_, index, value.AsBool() ? -1 : 0);
+      break;
+    case Value::Kind::Text:
+      code = sqlite3_bind_text64(stmt_, index, value.Text().data(), value.Text().size(),
+                                 SQLITE_TRANSIENT, SQLITE_UTF8);
+      break;
+    case Value::Kind::DateTime: {
+      const std::string iso = value.AsDateTime().Iso();
+      code =
+          sqlite3_bind_text64(stmt_, index, iso.data(), iso.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+      break;
+    }
+  }
+  if (code != SQLITE_OK) database_.Throw(code, sql_);
+}
+
+void Statement::Bind(const Values& values) {
+  if (sqlite3_bind_parameter_count(stmt_) != static_cast<int>(values.size())) {
+    throw Failure(kStatementError, "The statement has another number of parameters", sql_);
+  }
+  for (std::size_t i = 0; i < values.size(); ++i) Bind(static_cast<int>(i) + 1, values[i]);
+}
+
+bool Statement::Step() {
+  database_.RequireTransaction(sql_);
+  const int code = sqlite3_step(stmt_);
+  if (code == SQLITE_ROW) return true;
+  if (code == SQLITE_DONE) return false;
+  const int extended = sqlite3_extended_errcode(database_.db);
+  sqlite3_reset(stmt_);
+  database_.Throw(extended, sql_);
+}
+
+Value Statement::Column(int index, const FieldDef* field) const {
+  switch (sqlite3_column_type(stmt_, index)) {
+    case SQLITE_NULL:
+      return {};
+    case SQLITE_INTEGER: {
+      const std::int64_t whole = sqlite3_column_int64(stmt_, index);
+      if (field && field->type == FieldType::YesNo) return Value::YesNo(whole != 0);
+      if (field && field->type == FieldType::Double) return static_cast<double>(whole);
+      return whole;
+    }
+    case SQLITE_FLOAT:
+      return sqlite3_column_double(stmt_, index);
+    default: {
+      const auto* text = static_cast<const char*>(sqlite3_column_blob(stmt_, index));
+      const auto size = static_cast<std::size_t>(sqlite3_column_bytes(stmt_, index));
+      return TextValue(text ? std::string_view(text, size) : std::string_view(), field);
+    }
+  }
+}
+
+}  // namespace tevra::detail

@@ -1,0 +1,88 @@
+// The open file behind a connection: the engine's handle, statements, and its errors as failures.
+// For the data layer's own sources only.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <sqlite3.h>
+
+#include "platform/data/FieldType.h"
+#include "platform/data/Value.h"
+#include "platform/dialect/Rewriter.h"
+
+namespace tevra::detail {
+
+struct Database {
+  sqlite3* db = nullptr;
+  std::string path;
+  bool readOnly = false;
+  int depth = 0;                   // of open transactions
+  std::optional<Failure> pending;  // set by a function of a statement that failed
+
+  Database() = default;
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+  ~Database() { sqlite3_close_v2(db); }
+
+  /// Runs words of the engine's own, without parameters or result.
+  void Run(const std::string& sql);
+
+  /// Throws when a transaction is open of which the engine no longer knows: after a full disk it
+  /// takes everything back by itself, and what came next would be written piece by piece.
+  void RequireTransaction(const std::string& statement) const;
+
+  /// Throws the failure of the engine's last error; `statement` tells where.
+  [[noreturn]] void Throw(int code, const std::string& statement);
+};
+
+/// The failure of an engine's code; used also before there is a Database.
+Failure EngineFailure(int code, const std::string& message, const std::string& path,
+                      const std::string& statement);
+
+/// What `call` gives; a failure that names no source gets the statement.
+template <typename Call>
+auto OfStatement(const std::string& sql, Call call) {
+  try {
+    return call();
+  } catch (const Failure& failure) {
+    if (!failure.Source().empty()) throw;
+    throw Failure(failure.Number(), failure.Description(), sql);
+  }
+}
+
+/// A prepared statement.
+class Statement {
+ public:
+  /// Words of the engine's own.
+  Statement(Database& database, const std::string& sql);
+  /// A statement of the dialect; `rewritten` gets what became of it.
+  Statement(Database& database, const std::string& sql, dialect::Options options,
+            dialect::Rewritten& rewritten);
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+  ~Statement() { sqlite3_finalize(stmt_); }
+
+  void Bind(int index, const Value& value);  // from 1
+  void Bind(const Values& values);           // all of them; throws when their number differs
+  bool Step();                               // true while there is a row
+  void Reset() { sqlite3_reset(stmt_); }
+
+  /// A column's value as the engine holds it; `field`, when known, says what it means.
+  Value Column(int index, const FieldDef* field = nullptr) const;
+  sqlite3_stmt* Get() const { return stmt_; }
+
+ private:
+  void Prepare(const std::string& sql);
+
+  Database& database_;
+  sqlite3_stmt* stmt_ = nullptr;
+  std::string sql_;  // as given, for failures
+};
+
+/// A name between double quotes.
+std::string Quoted(std::string_view name);
+
+}  // namespace tevra::detail

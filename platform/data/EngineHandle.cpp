@@ -1,0 +1,109 @@
+#include "platform/data/EngineHandle.h"
+
+#include "platform/data/Database.h"
+
+namespace fs = std::filesystem;
+
+namespace tevra::detail {
+
+namespace {
+
+EngineHandle Open(const std::string& name, int flags, const fs::path& file) {
+  sqlite3* db = nullptr;
+  const int code = sqlite3_open_v2(name.c_str(), &db, flags | SQLITE_OPEN_EXRESCODE, nullptr);
+  EngineHandle handle(db);
+  if (code != SQLITE_OK) {
+    throw EngineFailure(code, db ? sqlite3_errmsg(db) : "", file.string(), {});
+  }
+  return handle;
+}
+
+std::string AsUri(const fs::path& file) {
+  static constexpr char kDigits[] = "0123456789ABCDEF";
+  std::string uri = "file:";
+  for (const char c : fs::absolute(file).string()) {
+    if (c == '%' || c == '?' || c == '#') {
+      uri += {'%', kDigits[static_cast<unsigned char>(c) >> 4], kDigits[c & 15]};
+    } else {
+      uri += c;
+    }
+  }
+  return uri;
+}
+
+bool NobodyMayWrite(const fs::path& file) {
+  constexpr fs::perms kWrite =
+      fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  return (fs::status(file).permissions() & kWrite) == fs::perms::none;
+}
+
+}  // namespace
+
+EngineHandle OpenToWrite(const fs::path& file, int flags, int busyMilliseconds) {
+  EngineHandle db = Open(file.string(), flags, file);
+  sqlite3_busy_timeout(db.get(), busyMilliseconds);
+  return db;
+}
+
+// The engine needs side files even to read, unless it is told that nobody writes. That holds for a
+// file which is write-protected for all, and where the side files cannot be made at all.
+EngineHandle OpenToRead(const fs::path& file, int busyMilliseconds) {
+  const bool sideFiles = fs::exists(fs::path(file) += "-wal");
+  if (sideFiles || !NobodyMayWrite(file)) {
+    EngineHandle db = Open(file.string(), SQLITE_OPEN_READONLY, file);
+    sqlite3_busy_timeout(db.get(), busyMilliseconds);
+    const int code =
+        sqlite3_exec(db.get(), "SELECT 1 FROM sqlite_master", nullptr, nullptr, nullptr);
+    if (code == SQLITE_OK) return db;
+    if (sideFiles || (code & 0xff) != SQLITE_CANTOPEN) {
+      throw EngineFailure(code, sqlite3_errmsg(db.get()), file.string(), {});
+    }
+  }
+  return Open(AsUri(file) + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, file);
+}
+
+void RunOn(const EngineHandle& db, const char* sql, const fs::path& file) {
+  if (const int code = sqlite3_exec(db.get(), sql, nullptr, nullptr, nullptr); code != SQLITE_OK) {
+    throw EngineFailure(code, sqlite3_errmsg(db.get()), file.string(), sql);
+  }
+}
+
+std::string QueryOn(const EngineHandle& db, const char* sql, const fs::path& file) {
+  sqlite3_stmt* stmt = nullptr;
+  std::string answer;
+  int code = sqlite3_prepare_v2(db.get(), sql, -1, &stmt, nullptr);
+  if (code == SQLITE_OK) code = sqlite3_step(stmt);
+  if (code == SQLITE_ROW) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0));
+    answer = text ? text : "";
+  }
+  sqlite3_finalize(stmt);
+  if (code != SQLITE_ROW && code != SQLITE_DONE) {
+    throw EngineFailure(code, sqlite3_errmsg(db.get()), file.string(), sql);
+  }
+  return answer;
+}
+
+bool HasBeenReplaced(sqlite3* db) {
+  int moved = 0;
+  sqlite3_file_control(db, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+  return moved != 0;
+}
+
+FileStart ReadStart(const fs::path& file) {
+  const EngineHandle db = Open(file.string(), SQLITE_OPEN_READONLY, file);
+  sqlite3_file* opened = nullptr;
+  sqlite3_file_control(db.get(), "main", SQLITE_FCNTL_FILE_POINTER, &opened);
+  FileStart start;
+  sqlite3_int64 length = 0;
+  int code =
+      opened->pMethods->xRead(opened, start.bytes.data(), static_cast<int>(start.bytes.size()), 0);
+  if (code == SQLITE_OK || code == SQLITE_IOERR_SHORT_READ) {
+    code = opened->pMethods->xFileSize(opened, &length);
+  }
+  if (code != SQLITE_OK) throw EngineFailure(code, {}, file.string(), {});
+  start.length = static_cast<std::uintmax_t>(length);
+  return start;
+}
+
+}  // namespace tevra::detail
