@@ -1,0 +1,71 @@
+// Rows read from rowset XML, one after the other.
+#pragma once
+
+#include <istream>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/data/Recordset.h"
+#include "platform/rowset/XmlReader.h"
+
+namespace tevra {
+
+/// Reads the element `xml` with its schema and rows. Prefixes, quotes and the order of attributes
+/// are free, attributes that mean nothing here are passed over. A rowset saved with changes that
+/// were not yet written to their table (rows in rs:insert, rs:update, rs:delete) gives the rows as
+/// changed.
+///
+/// All routines throw, with the file's name and the line, Failure -2147467259 for what is damaged
+/// or is no rowset, and Failure 13 for a value that its field cannot hold.
+class RowsetReader {
+ public:
+  /// Reads a whole document; `name` is the file as failures name it.
+  RowsetReader(std::istream& in, const std::string& name);
+
+  /// Reads the block at the current element of `xml`, which must outlive it and is left at the
+  /// block's end when Next has returned false.
+  explicit RowsetReader(XmlReader& xml);
+
+  /// The columns, in the order of their rs:number. Required is one that says rs:maybenull='false'
+  /// and is not nullable.
+  const std::vector<FieldInfo>& Fields() const { return fields_; }
+
+  /// The next row in the order of Fields; a value left out is the column's default, else Null.
+  /// False behind the last row: then the whole block, or document, was read and found sound.
+  bool Next(Values& values);
+
+ private:
+  enum class Group { None, Insert, Update };
+  struct Column;
+
+  void ReadBlock();
+  std::vector<Column> ReadSchema();
+  void ReadElementType(std::vector<Column>& columns);
+  Column ReadColumn();
+  void SetType(Column& column);
+  void TakeColumns(std::vector<Column> columns);
+
+  bool AtRow() const;
+  bool NextInGroup(Values& values);
+  void ReadRow(Values& values);
+  std::size_t FindColumn(std::string_view name, std::size_t expected);
+  Value Parse(std::string_view text, const FieldDef& field) const;
+  void Finish();
+
+  std::unique_ptr<XmlReader> owned_;
+  XmlReader& xml_;
+  int rootDepth_ = 0;
+  bool atEnd_ = false;
+  Group group_ = Group::None;  // the element of changed rows that is being read
+
+  std::vector<FieldInfo> fields_;
+  std::vector<std::string> names_;  // the attribute of each field
+  std::unordered_map<std::string, std::size_t> indexOf_;
+  Values defaults_;
+  Values original_;  // the row before the change; empty until it was read
+  std::string key_;
+};
+
+}  // namespace tevra

@@ -1,0 +1,161 @@
+#include "platform/rowset/XmlReader.h"
+
+#include <libxml/xmlreader.h>
+
+#include "platform/text/Failure.h"
+
+namespace tevra {
+
+namespace {
+
+std::string_view ViewOf(const xmlChar* text) {
+  return text ? std::string_view(reinterpret_cast<const char*>(text)) : std::string_view();
+}
+
+int ReadStream(void* context, char* buffer, int length) {
+  auto& in = *static_cast<std::istream*>(context);
+  try {
+    in.read(buffer, length);
+    return in.bad() ? -1 : static_cast<int>(in.gcount());
+  } catch (...) {  // no exception may pass through the parser
+    return -1;
+  }
+}
+
+// Lines of an element are kept in 16 bits.
+constexpr long kLastKeptLine = 65534;
+
+}  // namespace
+
+struct XmlReader::Parser {
+  std::string name;
+  xmlTextReaderPtr reader = nullptr;
+  bool inAttributes = false;
+  std::string error;  // the first one
+  int errorLine = 0;
+
+  ~Parser() { xmlFreeTextReader(reader); }
+
+  void KeepError(const xmlError& met) {
+    if (met.level < XML_ERR_ERROR || !error.empty()) return;
+    error = met.message ? met.message : "the file is damaged";
+    while (!error.empty() && error.back() == '\n') error.pop_back();
+    errorLine = met.line;
+  }
+
+  [[noreturn]] void Throw(long number, int line, const std::string& text) const {
+    const std::size_t slash = name.find_last_of("/\\");
+    const std::string bare = slash == name.npos ? name : name.substr(slash + 1);
+    throw Failure(number, bare + ", line " + std::to_string(line) + ": " + text, name);
+  }
+};
+
+XmlReader::XmlReader(std::istream& in, std::string name) : parser_(std::make_unique<Parser>()) {
+  parser_->name = std::move(name);
+  // Without leave to resolve entities or load document types; the network is closed in any case.
+  parser_->reader = xmlReaderForIO(ReadStream, nullptr, &in, nullptr, nullptr,
+                                   XML_PARSE_NONET | XML_PARSE_COMPACT);
+  if (!parser_->reader) parser_->Throw(kNotReadable, 1, "the file cannot be read");
+  xmlTextReaderSetStructuredErrorHandler(
+      parser_->reader,
+      [](void* context, auto* error) { static_cast<Parser*>(context)->KeepError(*error); },
+      parser_.get());
+  while (Read()) {
+    if (xmlTextReaderNodeType(parser_->reader) == XML_READER_TYPE_ELEMENT) return;
+  }
+  Fail(kNotReadable, "no XML document");
+}
+
+XmlReader::~XmlReader() = default;
+
+bool XmlReader::Read() {
+  parser_->inAttributes = false;
+  const int read = xmlTextReaderRead(parser_->reader);
+  if (!parser_->error.empty()) {
+    parser_->Throw(kNotReadable, parser_->errorLine, parser_->error);
+  }
+  if (read < 0) Fail(kNotReadable, "the file is damaged");
+  if (read == 1 && xmlTextReaderNodeType(parser_->reader) == XML_READER_TYPE_DOCUMENT_TYPE) {
+    Fail(kNotReadable, "a document type is not accepted");
+  }
+  return read == 1;
+}
+
+std::string_view XmlReader::Name() const {
+  return ViewOf(xmlTextReaderConstLocalName(parser_->reader));
+}
+
+std::string_view XmlReader::Space() const {
+  return ViewOf(xmlTextReaderConstNamespaceUri(parser_->reader));
+}
+
+bool XmlReader::Is(std::string_view space, std::string_view name) const {
+  return Name() == name && Space() == space;
+}
+
+int XmlReader::Depth() const {
+  const int depth = xmlTextReaderDepth(parser_->reader);
+  return parser_->inAttributes ? depth - 1 : depth;
+}
+
+bool XmlReader::HasContent() const {
+  xmlTextReaderMoveToElement(parser_->reader);
+  parser_->inAttributes = false;
+  return xmlTextReaderIsEmptyElement(parser_->reader) == 0;
+}
+
+bool XmlReader::NextChild(int parentDepth) {
+  if (Depth() == parentDepth && !HasContent()) return false;
+  while (Read()) {
+    const int depth = Depth();
+    if (depth == parentDepth) return false;
+    if (depth == parentDepth + 1 &&
+        xmlTextReaderNodeType(parser_->reader) == XML_READER_TYPE_ELEMENT) {
+      return true;
+    }
+  }
+  return false;
+}
+
+bool XmlReader::NextAttribute(XmlAttribute& attribute) {
+  parser_->inAttributes = xmlTextReaderMoveToNextAttribute(parser_->reader) == 1;
+  if (!parser_->inAttributes) {
+    xmlTextReaderMoveToElement(parser_->reader);
+    return false;
+  }
+  attribute.space = Space();
+  attribute.name = Name();
+  attribute.value = ViewOf(xmlTextReaderConstValue(parser_->reader));
+  return true;
+}
+
+std::string XmlReader::Text() {
+  std::string text;
+  const int depth = Depth();
+  if (!HasContent()) return text;
+  while (Read() && Depth() > depth) {
+    const int type = xmlTextReaderNodeType(parser_->reader);
+    const bool isText = type == XML_READER_TYPE_TEXT || type == XML_READER_TYPE_CDATA ||
+                        type == XML_READER_TYPE_SIGNIFICANT_WHITESPACE;
+    if (isText && Depth() == depth + 1) text += ViewOf(xmlTextReaderConstValue(parser_->reader));
+  }
+  return text;
+}
+
+void XmlReader::Finish() {
+  while (Read()) {
+  }
+}
+
+int XmlReader::Line() const {
+  const xmlNodePtr node = xmlTextReaderCurrentNode(parser_->reader);
+  const long line = node ? xmlGetLineNo(node) : 0;
+  if (line > 0 && line <= kLastKeptLine) return static_cast<int>(line);
+  return xmlTextReaderGetParserLineNumber(parser_->reader);
+}
+
+void XmlReader::Fail(long number, const std::string& text) const {
+  parser_->Throw(number, Line(), text);
+}
+
+}  // namespace tevra

@@ -1,0 +1,73 @@
+// The registry of companies: the file Societat.XML in the directory of the databases.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/data/Recordset.h"
+
+namespace tevra {
+
+/// One company of the registry.
+struct Company {
+  std::string cod;       ///< one or two letters or digits, in capitals
+  std::string denumire;  ///< the name, at most 50 characters
+  std::string numeBd;    ///< its database's file name, without directory
+
+  bool operator==(const Company&) const = default;
+};
+
+/// The companies of one directory, as loaded; changes reach the file at Save. Rows are kept as they
+/// are, also when their database is missing, and so are columns of the file that nobody here knows.
+/// A directory is written with any separators and case, with or without a final one.
+class CompanyRegistry {
+ public:
+  static bool Exists(const std::string& directory);
+
+  /// Throws Failure 53 when there is none, -2147467259 when the file is damaged or lacks one of the
+  /// three fields, 13 for a value that does not fit, with the file's name and the line.
+  static CompanyRegistry Load(const std::string& directory);
+
+  /// A registry without companies, not yet in a file.
+  static CompanyRegistry Empty(const std::string& directory);
+
+  /// Writes the registry with which a directory begins: the company 01. Throws Failure 58 when
+  /// there is a registry already, else as Save does.
+  static void WriteDefault(const std::string& directory);
+
+  /// All companies by code.
+  std::vector<Company> Companies() const;
+
+  /// The company of a code, in whatever case it is written.
+  std::optional<Company> Find(const std::string& code) const;
+
+  /// Adds a company, its code in capitals, its name without blanks around it; it becomes the
+  /// current row of Rows(), whose filter is lifted. Throws Failure 457 when the code is taken, 5
+  /// for a code that is not one or two letters or digits, for a name that is empty or has more than
+  /// 50 characters and for an empty database name.
+  void Add(const Company& company);
+
+  /// Takes the company off the list; its database stays. Throws Failure 3265 for an unknown code.
+  void Remove(const std::string& code);
+
+  /// Writes all rows to the file, whole or not at all. Throws Failure 76, 70 or 61 with its name.
+  void Save() const;
+
+  /// The rows COD, DENUMIRE, NUMEBD by code, for a grid; position and filter are shared with
+  /// whoever else holds them. Companies, Find and Save see all rows, whatever the filter.
+  Recordset Rows() const { return rows_; }
+
+  /// The file as it is or will be spelled.
+  const std::filesystem::path& File() const { return file_; }
+
+ private:
+  CompanyRegistry(std::filesystem::path file, Recordset rows);
+  Recordset AllRows() const;
+
+  std::filesystem::path file_;
+  Recordset rows_;
+};
+
+}  // namespace tevra

@@ -1,0 +1,10 @@
+#include "session/Session.h"
+
+namespace tevra {
+
+Session& CurrentSession() {
+  static Session session;
+  return session;
+}
+
+}  // namespace tevra

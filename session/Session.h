@@ -1,0 +1,28 @@
+// What a login leaves behind and every screen and command relies on: the session's values.
+#pragma once
+
+#include <string>
+
+#include "platform/text/DateTime.h"
+
+namespace tevra {
+
+struct Session {
+  std::string connectionString;     ///< of the company, see CompanyConnectionString
+  std::string databasesPath;        ///< directory of the company files, with its last separator
+  std::string selectedDatabase;     ///< file name of the company
+  std::string companyName;
+  std::string userName;             ///< as typed
+  int userType = 0;                 ///< 0 all, 1 entries and reports, 2 reports
+  std::string contFurnizori;        ///< supplier account
+  std::string contClienti;          ///< customer account
+  std::string codDeviza;            ///< the company's currency
+  std::string contObiecteInventar;  ///< account of inventory objects
+  DateTime dataIn;                  ///< start and end of the financial year
+  DateTime dataSn;
+};
+
+/// The one session of the program.
+Session& CurrentSession();
+
+}  // namespace tevra

@@ -1,0 +1,193 @@
+// Damaged, foreign and hostile files: each is refused with its name and line, nothing is guessed.
+#include <filesystem>
+#include <sstream>
+
+#include <gtest/gtest.h>
+#include <libxml/parser.h>
+
+#include "platform/rowset/Rowset.h"
+#include "platform/rowset/RowsetReader.h"
+#include "tests/system/Folder.h"
+
+namespace tevra {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kRoot =
+    "<xml xmlns:s='uuid:BDC6E3F0-6DA3-11d1-A2A3-00AA00C14882'"
+    " xmlns:dt='uuid:C2F41010-65B3-11d1-A29F-00AA00C14882'"
+    " xmlns:rs='urn:schemas-microsoft-com:rowset' xmlns:z='#RowsetSchema'>\n";
+const std::string kSchema =
+    "<s:Schema id='RowsetSchema'><s:ElementType name='row'>\n"
+    "<s:AttributeType name='N'><s:datatype dt:type='i2'/></s:AttributeType>\n"
+    "<s:AttributeType name='V'><s:datatype dt:type='float'/></s:AttributeType>\n"
+    "<s:AttributeType name='D'><s:datatype dt:type='dateTime'/></s:AttributeType>\n"
+    "<s:AttributeType name='B'><s:datatype dt:type='boolean'/></s:AttributeType>\n"
+    "<s:AttributeType name='T'><s:datatype dt:type='string' dt:maxLength='3'/></s:AttributeType>\n"
+    "</s:ElementType></s:Schema>\n";
+const std::string kEnd = "</rs:data></xml>";
+
+std::string WithData(const std::string& data) {
+  return kRoot + kSchema + "<rs:data>\n" + data + kEnd;
+}
+
+/// The failure of reading `text`, as "number: description".
+std::string Refusal(const std::string& text) {
+  std::istringstream in(text);
+  try {
+    LoadRowset(in, "C:\\Date\\Export.xml");
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.Source(), "C:\\Date\\Export.xml");
+    return std::to_string(failure.Number()) + ": " + failure.Description();
+  }
+  return "read";
+}
+
+TEST(RowsetDamage, WhatIsNoRowsetIsRefusedWithItsLine) {
+  struct Case {
+    std::string text;
+    std::string expected;  // behind the name of the file
+  };
+  const std::string row = "<z:row N='1'/>\n";
+  const Case kCases[] = {
+      {"", "line 1: "},
+      {"SQLite format 3", "line 1: "},
+      {"<html><body/></html>", "line 1: not a rowset: the element is html"},
+      {kRoot + "</xml>", "line 1: not a rowset: no schema"},
+      {kRoot + kSchema + "</xml>", "line 1: not a rowset: no rows"},
+      {kRoot + "<rs:data/>\n</xml>", "line 2: not a rowset: rows without a schema"},
+      {kRoot + "<s:Schema/><rs:data/></xml>", "line 2: not a rowset: no columns"},
+      {"<xml><s:Schema/></xml>", "line 1: "},
+      {kRoot + kSchema + kSchema + "<rs:data/></xml>", "line 9: not a rowset: a second schema"},
+      {kRoot + "<s:Schema><s:AttributeType/></s:Schema></xml>",
+       "line 2: not a rowset: a column without a name"},
+      {kRoot +
+           "<s:Schema><s:AttributeType name='A'/>\n<s:AttributeType name='A'/></s:Schema></xml>",
+       "line 2: not a rowset: the column A twice"},
+      {kRoot + "<s:Schema><s:AttributeType name='A' dt:type='string' dt:maxLength='x'/></s:Schema>"
+               "</xml>",
+       "line 2: not a rowset: the length x"},
+      {WithData(row + "<other/>"), "line 11: not a rowset: other among the rows"},
+      {WithData("<z:row N='1'><z:row N='2'/></z:row>"), "line 10: not a rowset: row within a row"},
+      {WithData("<rs:update><z:row N='1'/></rs:update>"),
+       "line 10: not a rowset: a changed row without its original"},
+      {WithData("<rs:insert><other/></rs:insert>"), "line 10: not a rowset: other among changed"},
+      {kRoot + kSchema + "<rs:data/><rs:data>\n" + row + kEnd, "line 9: not a rowset: rows twice"},
+      {WithData(row + row).substr(0, WithData(row + row).size() - 20), "line 11: "},
+      {WithData(row).substr(0, WithData(row).size() - 1), "line 11: "},
+      {WithData(row) + "<xml/>", "line 11: "},
+      {WithData(row + "<z:row N='1' N='2'/>"), "line 11: "},
+      {WithData(row + "<z:row T='\xBA'/>"), "line 11: "},
+      {WithData(row + "<z:row T='&#1;'/>"), "line 11: "},
+      {WithData(row + "<z:row T='&unknown;'/>"), "line 11: "},
+      {WithData(row + "<y:row N='1'/>"), "line 11: "},
+  };
+  for (const Case& c : kCases) {
+    const std::string told = Refusal(c.text);
+    EXPECT_EQ(told.substr(0, told.find("line")), "-2147467259: Export.xml, ") << c.text;
+    EXPECT_EQ(told.substr(std::min(told.size(), told.find("line")), c.expected.size()), c.expected)
+        << c.text;
+  }
+}
+
+TEST(RowsetDamage, AValueThatDoesNotConvertIsRefusedWithItsLine) {
+  const char* const kValues[] = {"N='x'",
+                                 "N=''",
+                                 "N='1.5'",
+                                 "N='40000'",
+                                 "N='1 2'",
+                                 "V='1,5'",
+                                 "V='1e999'",
+                                 "V='nan'",
+                                 "V='inf'",
+                                 "V='0x10'",
+                                 "D='31.12.2004'",
+                                 "D='2004-02-30'",
+                                 "D='2004-12-31T25:00:00'",
+                                 "D='2004-12-31T00:00:00Z'",
+                                 "B='Da'",
+                                 "B=''",
+                                 "T='four'",
+                                 "D='2004-12-31T00:00:00.'"};
+  for (const char* value : kValues) {
+    const std::string told = Refusal(WithData(std::string("<z:row/>\n<z:row ") + value + "/>"));
+    EXPECT_EQ(told.substr(0, 44), std::string("13: Export.xml, line 11: ") + value[0] +
+                                      ": Type mismatch" + told.substr(41, 3))
+        << value;
+  }
+}
+
+/// Counts what the parser asks to be fetched while it lives.
+class FetchWatch {
+ public:
+  FetchWatch() : former_(xmlGetExternalEntityLoader()) {
+    fetched = 0;
+    xmlSetExternalEntityLoader([](const char*, const char*, xmlParserCtxtPtr) {
+      ++fetched;
+      return xmlParserInputPtr{};
+    });
+  }
+  ~FetchWatch() { xmlSetExternalEntityLoader(former_); }
+  static inline int fetched = 0;
+
+ private:
+  xmlExternalEntityLoader former_;
+};
+
+TEST(RowsetDamage, EntitiesAreNeitherGrownNorFetched) {
+  const FetchWatch watch;
+  std::string bomb = "<!DOCTYPE xml [<!ENTITY e0 'aaaaaaaaaa'>";
+  for (int i = 1; i < 12; ++i) {
+    const std::string before = "&e" + std::to_string(i - 1) + ";";
+    std::string ten;
+    for (int k = 0; k < 10; ++k) ten += before;
+    bomb += "<!ENTITY e" + std::to_string(i) + " '" + ten + "'>";
+  }
+  const std::string file = "file:///etc/hostname";
+  const std::string kDocuments[] = {
+      bomb + "]>" + WithData("<z:row T='&e11;'/>"),
+      "<!DOCTYPE xml [<!ENTITY e SYSTEM '" + file + "'>]>" + WithData("&e;<z:row/>"),
+      "<!DOCTYPE xml [<!ENTITY % p SYSTEM '" + file + "'>%p;]>" + WithData("<z:row T='&e;'/>"),
+      "<!DOCTYPE xml SYSTEM '" + file + "'>" + WithData("<z:row T='&e;'/>"),
+      "<!DOCTYPE xml [<!ATTLIST z:row N CDATA '1'>]>" + WithData("<z:row/>"),
+  };
+  for (const std::string& document : kDocuments) {
+    const std::string told = Refusal(document);
+    EXPECT_EQ(told.substr(0, 30), "-2147467259: Export.xml, line ") << told;
+    EXPECT_NE(told.find("document type is not accepted"), told.npos) << told;
+  }
+  std::string deep = WithData("");
+  for (int i = 0; i < 10000; ++i) deep.insert(deep.size() - kEnd.size(), "<a>");
+  EXPECT_NE(Refusal(deep), "read");
+  EXPECT_EQ(FetchWatch::fetched, 0);
+}
+
+class RowsetFile : public FolderTest {};
+
+TEST_F(RowsetFile, AMissingFileIsToldAsSuch) {
+  for (const fs::path& file : {folder_ / "no such.xml", folder_}) {
+    try {
+      LoadRowset(file);
+      ADD_FAILURE() << file;
+    } catch (const Failure& failure) {
+      EXPECT_EQ(failure.Number(), kFileNotFound);
+    }
+  }
+}
+
+TEST(RowsetDamage, RowsBeforeTheDamageCanBeReadOneByOne) {
+  std::string data;
+  for (int i = 0; i < 2000; ++i) data += "<z:row N='" + std::to_string(i) + "'/>\n";
+  std::istringstream in(WithData(data + "<z:row N='x'/>"));
+  RowsetReader reader(in, "Export.xml");
+  Values values;
+  for (int i = 0; i < 2000; ++i) {
+    ASSERT_TRUE(reader.Next(values));
+    ASSERT_EQ(values[0], Value(i));
+  }
+  EXPECT_THROW(reader.Next(values), Failure);
+}
+
+}  // namespace
+}  // namespace tevra
