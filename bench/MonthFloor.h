@@ -1,0 +1,14 @@
+// The least that a month's calculation can cost: bare engine calls around the same formulas.
+#pragma once
+
+#include <filesystem>
+
+#include "platform/text/DateTime.h"
+
+namespace tevra::bench {
+
+/// Reads the columns, computes, and writes the changed ones back through one prepared statement by row
+/// id, in one transaction with synchronous=FULL. Returns the number of assets.
+int RunFloor(const std::filesystem::path& file, const DateTime& dataCalcul);
+
+}  // namespace tevra::bench

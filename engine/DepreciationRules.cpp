@@ -1,0 +1,281 @@
+#include "engine/DepreciationRules.h"
+
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <string>
+
+#include "platform/text/Failure.h"
+#include "platform/text/Numbers.h"
+
+namespace tevra {
+namespace {
+
+enum class Variant { kActive, kActiveBlocked, kExitPending, kExitPendingBlocked, kSingle };
+
+// Where the calculations deliberately differ. Base and start follow from BLOCATA in all of them.
+struct VariantRules {
+  bool linearLessExpense;  // "L": VALCHELEI and VALCHEVAL reduce the base
+  bool switchByMonth;      // "A": the whole month of DATA_AMORT belongs to the second phase
+  bool writesExpense;      // "A": stores the first-year amount in VALCHELEI and VALCHEVAL
+  int extraFirstMonths;    // "N", "M": added to the months of the first phase
+  bool countsTwelve;       // "N", "M": DALUNI takes the first phase as 12 months
+  bool narrowCounts;       // months are counted in 16 bits
+};
+
+constexpr VariantRules kVariants[] = {
+    // linearLessExpense, switchByMonth, writesExpense, extraFirstMonths, countsTwelve, narrowCounts
+    {true, true, true, 0, false, false},     // kActive
+    {false, false, false, 0, false, false},  // kActiveBlocked
+    {false, false, false, 1, true, false},   // kExitPending
+    {false, false, false, 0, false, false},  // kExitPendingBlocked
+    {false, false, false, 0, false, true},   // kSingle
+};
+
+struct Money {
+  double lei;
+  double currency;
+};
+
+template <typename T>
+const T& Need(const std::optional<T>& value, const char* field) {
+  if (!value) throw Failure(kInvalidUseOfNull, std::string("Invalid use of Null: ") + field);
+  return *value;
+}
+
+// A zero loses its sign: "-0" would look like a mistake in a list.
+double Finite(double value, const char* field) {
+  if (!std::isfinite(value)) throw Failure(kOverflow, std::string("Overflow: ") + field);
+  return value == 0 ? 0.0 : value;
+}
+
+double Rounded(double value, const char* field) {
+  return Finite(Round0(value), field);
+}
+
+// Asked as "is it False?", so Null goes with the blocked ones.
+bool TakenAsBlocked(const AssetParameters& asset) {
+  return asset.BLOCATA != false;
+}
+
+class Calculation {
+ public:
+  Calculation(const AssetParameters& asset, const DateTime& dataCalcul, Variant variant,
+              CalculatedFields& fields)
+      : asset_(asset),
+        dataCalcul_(dataCalcul),
+        rules_(kVariants[static_cast<std::size_t>(variant)]),
+        blocked_(TakenAsBlocked(asset)),
+        fields_(fields) {}
+
+  void Run() {
+    switch (asset_.TIP_AM) {
+      case 'L':
+      case 'A':
+      case 'N':
+      case 'M':
+        fields_.DATA_CALCUL = dataCalcul_;
+        if (dataCalcul_ > Need(asset_.DATA_SF, "DATA_SF")) return Ended();
+        if (dataCalcul_ < Start()) return NotStarted();
+        return InLife();
+      case 'F':
+        return NoDepreciation();
+      default:
+        return;
+    }
+  }
+
+ private:
+  const DateTime& Start() const {
+    return blocked_ ? Need(asset_.DATA_BLOCARE, "DATA_BLOCARE")
+                    : Need(asset_.DATA_IN_AM, "DATA_IN_AM");
+  }
+
+  const DateTime& Switch() const { return Need(asset_.DATA_AMORT, "DATA_AMORT"); }
+
+  Money PurchaseValue() const {
+    return {Need(asset_.VAL_CUMP, "VAL_CUMP"), Need(asset_.VAL_CUMP_VAL, "VAL_CUMP_VAL")};
+  }
+
+  Money Base() const {
+    if (!blocked_) return PurchaseValue();
+    return {Need(asset_.VAL_BLOCATA, "VAL_BLOCATA"),
+            Need(asset_.VAL_BLOCATA_VAL, "VAL_BLOCATA_VAL")};
+  }
+
+  // What was taken to expenses at once is not depreciated again, but only "L" knows of it.
+  Money LessExpense(Money value) const {
+    if (asset_.TIP_AM != 'L' || !rules_.linearLessExpense) return value;
+    if (fields_.VALCHELEI) value.lei -= *fields_.VALCHELEI;
+    if (fields_.VALCHEVAL) value.currency -= *fields_.VALCHEVAL;
+    return value;
+  }
+
+  void NoDepreciation() {
+    fields_.COTAL_LUNARA = 0.0;
+    SetCumulated({0.0, 0.0});
+    SetRemaining(Base());
+  }
+
+  // Before the start nothing is frozen yet: the purchase value remains, for a blocked asset too.
+  void NotStarted() {
+    fields_.DALUNI = 0;
+    fields_.COTAL_LUNARA = 0.0;
+    SetCumulated({0.0, 0.0});
+    const bool owned = dataCalcul_ >= Need(asset_.DATA_ACH, "DATA_ACH");
+    SetRemaining(owned ? LessExpense(PurchaseValue()) : Money{0.0, 0.0});
+  }
+
+  // Absorbs whatever remainder the rounded formulas of the life left.
+  void Ended() {
+    fields_.DALUNI = Count(DifLuni(Start(), Need(asset_.DATA_SF, "DATA_SF")));
+    fields_.COTAL_LUNARA = 0.0;
+    SetCumulated(LessExpense(Base()));
+    SetRemaining({0.0, 0.0});
+  }
+
+  void InLife() {
+    if (asset_.TIP_AM == 'L') {
+      Uniform(asset_.COTA_ANUALA, "COTA_ANUALA", LessExpense(Base()));
+    } else if (InFirstPhase()) {
+      Uniform(asset_.COEF, "COEF", Base());
+      if (asset_.TIP_AM == 'A' && rules_.writesExpense) SetExpense({0.0, 0.0});
+    } else if (asset_.TIP_AM == 'A') {
+      AcceleratedSecondPhase();
+    } else {
+      DegressiveSecondPhase();
+    }
+  }
+
+  bool InFirstPhase() const {
+    if (asset_.TIP_AM == 'A' && rules_.switchByMonth) return DifLuni(dataCalcul_, Switch()) > 0;
+    return dataCalcul_ < Switch();
+  }
+
+  // One annual rate since the start; the months of the start and of the date count whole.
+  void Uniform(const std::optional<double>& annualRate, const char* rateField, Money base) {
+    const int n = Count(DifLuni(Start(), dataCalcul_) + 1);
+    const double rate = SetMonthlyRate(annualRate, rateField);
+    fields_.DALUNI = n;
+    StoreInLife(base, [=](double value) { return (value * rate) * n; });
+  }
+
+  // The second phase depreciates the first-year amount again, not what remains after it.
+  void AcceleratedSecondPhase() {
+    const int n2 = MonthsOfSecondPhase();
+    const double rate = SetMonthlyRate(asset_.COTA_ANUALA, "COTA_ANUALA");
+    const double coef = Need(asset_.COEF, "COEF");
+    fields_.DALUNI = Count(n2 + 12);
+    StoreInLife(Base(),
+                [=](double value) { return (value * coef) + ((value * coef) * rate) * n2; });
+    if (rules_.writesExpense) {
+      const Money value = PurchaseValue();
+      SetExpense({value.lei * coef, value.currency * coef});
+    }
+  }
+
+  void DegressiveSecondPhase() {
+    const int n2 = MonthsOfSecondPhase();
+    const int n1 = Count(DifLuni(Start(), Switch()) + rules_.extraFirstMonths);
+    const double rate = SetMonthlyRate(asset_.COTA_ANUALA, "COTA_ANUALA");
+    const double coef = Need(asset_.COEF, "COEF");
+    fields_.DALUNI = Count(n2 + (rules_.countsTwelve ? 12 : n1));
+    StoreInLife(Base(), [=](double value) {
+      return ((value * coef) / 12) * n1 + ((value * coef) * rate) * n2;
+    });
+  }
+
+  int MonthsOfSecondPhase() const { return Count(DifLuni(Switch(), dataCalcul_) + 1); }
+
+  int Count(int months) const {
+    using Narrow = std::numeric_limits<std::int16_t>;
+    if (rules_.narrowCounts && (months < Narrow::min() || months > Narrow::max())) {
+      throw Failure(kOverflow, "Overflow: DALUNI");
+    }
+    return months;
+  }
+
+  double SetMonthlyRate(const std::optional<double>& annualRate, const char* field) {
+    const double rate = Finite(Need(annualRate, field) / 12, "COTAL_LUNARA");
+    fields_.COTAL_LUNARA = rate;
+    return rate;
+  }
+
+  template <typename Formula>
+  void StoreInLife(Money base, Formula cumulated) {
+    SetCumulated({cumulated(base.lei), cumulated(base.currency)});
+    SetRemaining(
+        {base.lei - *fields_.VAL_AMOR_CUMULATA, base.currency - *fields_.VAL_AMOR_CUMULATA_VAL});
+  }
+
+  void SetCumulated(Money value) {
+    fields_.VAL_AMOR_CUMULATA = Rounded(value.lei, "VAL_AMOR_CUMULATA");
+    fields_.VAL_AMOR_CUMULATA_VAL = Rounded(value.currency, "VAL_AMOR_CUMULATA_VAL");
+  }
+
+  void SetRemaining(Money value) {
+    fields_.VAL_RAMASA = Rounded(value.lei, "VAL_RAMASA");
+    fields_.VAL_RAMASA_VAL = Rounded(value.currency, "VAL_RAMASA_VAL");
+  }
+
+  void SetExpense(Money value) {
+    fields_.VALCHELEI = Rounded(value.lei, "VALCHELEI");
+    fields_.VALCHEVAL = Rounded(value.currency, "VALCHEVAL");
+  }
+
+  const AssetParameters& asset_;
+  const DateTime& dataCalcul_;
+  const VariantRules& rules_;
+  const bool blocked_;
+  CalculatedFields& fields_;
+};
+
+Variant MonthlyVariant(Presence presence, bool blocked) {
+  if (presence == Presence::kActive) return blocked ? Variant::kActiveBlocked : Variant::kActive;
+  return blocked ? Variant::kExitPendingBlocked : Variant::kExitPending;
+}
+
+void ClearGone(CalculatedFields& fields) {
+  fields.VAL_AMOR_CUMULATA = 0.0;
+  fields.VAL_AMOR_CUMULATA_VAL = 0.0;
+  fields.VAL_RAMASA = 0.0;
+  fields.VAL_RAMASA_VAL = 0.0;
+  fields.COTAL_LUNARA = 0.0;
+}
+
+}  // namespace
+
+Presence PresenceAt(const AssetParameters& asset, const DateTime& dataCalcul) {
+  if (!asset.IESIRE) return Presence::kActive;
+  return dataCalcul >= Need(asset.DATA_IESIRE, "DATA_IESIRE") ? Presence::kGone
+                                                              : Presence::kExitPending;
+}
+
+void CalculateForMonth(const AssetParameters& asset, const DateTime& dataCalcul,
+                       CalculatedFields& fields) {
+  const Presence presence = PresenceAt(asset, dataCalcul);
+  if (presence == Presence::kGone) return ClearGone(fields);
+  CalculatedFields result = fields;
+  const Variant variant = MonthlyVariant(presence, TakenAsBlocked(asset));
+  Calculation(asset, dataCalcul, variant, result).Run();
+  fields = result;
+}
+
+void CalculateSingle(const AssetParameters& asset, const DateTime& dataCalcul,
+                     CalculatedFields& fields) {
+  CalculatedFields result = fields;
+  Calculation(asset, dataCalcul, Variant::kSingle, result).Run();
+  fields = result;
+}
+
+std::optional<double> MonthCharge(const AssetParameters& asset, const CalculatedFields& fields) {
+  if (!fields.COTAL_LUNARA) return std::nullopt;
+  if (asset.BLOCATA == true) {
+    if (!asset.VAL_BLOCATA) return std::nullopt;
+    return Finite(*asset.VAL_BLOCATA * *fields.COTAL_LUNARA, "VAL_AMOR");
+  }
+  if (!asset.VAL_CUMP || !fields.VALCHELEI) return std::nullopt;
+  return Finite((*asset.VAL_CUMP - *fields.VALCHELEI) * *fields.COTAL_LUNARA, "VAL_AMOR");
+}
+
+}  // namespace tevra

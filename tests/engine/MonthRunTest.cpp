@@ -1,0 +1,311 @@
+// The monthly run over a real company file: what it writes, what it says, and what a failure
+// leaves.
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "engine/Module3.h"
+#include "platform/data/Recordset.h"
+#include "platform/system/Clock.h"
+#include "session/Module1.h"
+#include "session/Session.h"
+#include "tests/TestCompany.h"
+
+namespace tevra::test {
+namespace {
+
+using Fields = std::vector<std::pair<std::string, Value>>;
+
+// 12,000 lei in five years from 01.02.2024.
+Fields Linear(Fields more = {}) {
+  Fields fields{{"COD", "1"},
+                {"TIP_AM", "L"},
+                {"DATA_ACH", DateTime(2024, 1, 10)},
+                {"DATA_IN_AM", DateTime(2024, 2, 1)},
+                {"DATA_SF", DateTime(2029, 2, 1)},
+                {"VAL_CUMP", 12000.0},
+                {"VAL_CUMP_VAL", 2400.0},
+                {"COTA_ANUALA", 0.2}};
+  fields.insert(fields.end(), more.begin(), more.end());
+  return fields;
+}
+
+std::string Table(const TestCompany& company) {
+  Recordset rows = company.Open().OpenRecordset("SELECT * FROM I_IMO ORDER BY NRCRT");
+  std::string text;
+  for (; !rows.Eof(); rows.MoveNext()) {
+    for (std::size_t i = 0; i < rows.FieldCount(); ++i) text += rows.Get(i).TextOrEmpty() + "|";
+    text += "\n";
+  }
+  return text;
+}
+
+Value Field(const TestCompany& company, const std::string& name, int nrcrt = 1) {
+  return company.Open().QueryValue("SELECT " + name + " FROM I_IMO WHERE NRCRT = ?", {nrcrt});
+}
+
+TEST(MonthRun, WritesEveryFieldOfAnAssetInLife) {
+  const TestCompany company;
+  company.AddAsset(Linear());
+  MessageRecorder messages;
+  CalculLunar(DateTime(2024, 6, 15));
+  EXPECT_EQ(Field(company, "DATA_CALCUL"), Value(DateTime(2024, 6, 15)));
+  EXPECT_EQ(Field(company, "DALUNI"), Value(5));
+  EXPECT_EQ(Field(company, "COTAL_LUNARA"), Value(0.2 / 12));
+  EXPECT_EQ(Field(company, "VAL_AMOR_CUMULATA"), Value(1000.0));
+  EXPECT_EQ(Field(company, "VAL_AMOR_CUMULATA_VAL"), Value(200.0));
+  EXPECT_EQ(Field(company, "VAL_RAMASA"), Value(11000.0));
+  EXPECT_EQ(Field(company, "VAL_RAMASA_VAL"), Value(2200.0));
+  ASSERT_EQ(messages.shown.size(), 1u);
+  EXPECT_EQ(messages.shown[0].prompt,
+            "Calculul cheltuielilor lunare s-a efectuat pentru  1 imobilizari");
+  EXPECT_EQ(messages.shown[0].buttons, kInformation);
+}
+
+TEST(MonthRun, CountsEveryRowAndTouchesOnlyWhatTheRulesWrite) {
+  const TestCompany company;
+  const DateTime stored(2020, 5, 5);
+  company.AddAsset({{"COD", "fara"},
+                    {"TIP_AM", "F"},
+                    {"VAL_CUMP", 100.0},
+                    {"VAL_CUMP_VAL", 20.0},
+                    {"DATA_CALCUL", stored},
+                    {"DALUNI", 7}});
+  company.AddAsset(
+      {{"COD", "alta"}, {"TIP_AM", "X"}, {"VAL_RAMASA", 5.0}, {"DATA_CALCUL", stored}});
+  company.AddAsset({{"COD", "plecata"},
+                    {"TIP_AM", "L"},
+                    {"IESIRE", -1},
+                    {"DATA_IESIRE", DateTime(2024, 6, 30)},
+                    {"VAL_AMOR_CUMULATA", 9.0},
+                    {"VAL_RAMASA", 9.0},
+                    {"COTAL_LUNARA", 0.1},
+                    {"DALUNI", 3},
+                    {"DATA_CALCUL", stored}});
+  Connection connection = company.Open();
+  EXPECT_EQ(RunMonth(connection, DateTime(2024, 6, 30)), 3);
+  EXPECT_EQ(Field(company, "DATA_CALCUL", 1), Value(stored));
+  EXPECT_EQ(Field(company, "DALUNI", 1), Value(7));
+  EXPECT_EQ(Field(company, "VAL_RAMASA", 1), Value(100.0));
+  EXPECT_EQ(Field(company, "VAL_RAMASA", 2), Value(5.0));
+  EXPECT_EQ(Field(company, "DATA_CALCUL", 2), Value(stored));
+  EXPECT_EQ(Field(company, "VAL_RAMASA", 3), Value(0.0));
+  EXPECT_EQ(Field(company, "VAL_AMOR_CUMULATA", 3), Value(0.0));
+  EXPECT_EQ(Field(company, "COTAL_LUNARA", 3), Value(0.0));
+  EXPECT_EQ(Field(company, "DALUNI", 3), Value(3));
+  EXPECT_EQ(Field(company, "DATA_CALCUL", 3), Value(stored));
+}
+
+TEST(MonthRun, AnEmptyRegisterIsDoneWithNone) {
+  const TestCompany company;
+  MessageRecorder messages;
+  CalculLunar(DateTime(2024, 6, 15));
+  ASSERT_EQ(messages.shown.size(), 1u);
+  EXPECT_EQ(messages.shown[0].prompt,
+            "Calculul cheltuielilor lunare s-a efectuat pentru  0 imobilizari");
+}
+
+TEST(MonthRun, AnEarlierMonthIsAsIfTheLaterHadNeverBeen) {
+  const TestCompany company;
+  company.AddAsset(Linear());
+  company.AddAsset(Linear({{"COEF", 0.5}, {"DATA_AMORT", DateTime(2025, 2, 1)}}));
+  company.Open().Execute("UPDATE I_IMO SET TIP_AM = 'A' WHERE NRCRT = 2");
+  Connection connection = company.Open();
+  RunMonth(connection, DateTime(2024, 8, 31));
+  const std::string alone = Table(company);
+  RunMonth(connection, DateTime(2025, 8, 31));
+  ASSERT_NE(Table(company), alone);
+  RunMonth(connection, DateTime(2024, 8, 31));
+  EXPECT_EQ(Table(company), alone);
+}
+
+// What stands in the way of a run, and the number of its failure.
+struct Hindrance {
+  const char* name;
+  Fields asset;
+  long number;
+};
+
+TEST(MonthRun, AFailureLeavesEveryRowAndNamesTheAsset) {
+  const Hindrance hindrances[] = {
+      {"no end of depreciation", {{"DATA_SF", Value()}}, kInvalidUseOfNull},
+      {"no value", {{"VAL_CUMP", Value()}}, kInvalidUseOfNull},
+      {"left without a date", {{"IESIRE", -1}}, kInvalidUseOfNull},
+      {"a result beyond a double", {{"VAL_CUMP", 1e308}, {"COTA_ANUALA", 1e3}}, kOverflow},
+  };
+  for (const auto& hindrance : hindrances) {
+    SCOPED_TRACE(hindrance.name);
+    const TestCompany company;
+    company.AddAsset(Linear());
+    company.AddAsset(Linear());
+    for (const auto& [field, value] : hindrance.asset) {
+      company.Open().Execute("UPDATE I_IMO SET " + field + " = ? WHERE NRCRT = 2", {value});
+    }
+    const std::string before = Table(company);
+    MessageRecorder messages;
+    CalculLunar(DateTime(2024, 6, 15));
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].prompt, "Eroare la CALCUL !");
+    EXPECT_EQ(messages.shown[0].title, "Salvare");
+    EXPECT_EQ(messages.shown[0].buttons, kCritical);
+    EXPECT_EQ(Table(company), before);
+    try {
+      Connection connection = company.Open();
+      RunMonth(connection, DateTime(2024, 6, 15));
+      ADD_FAILURE() << "the run was done";
+    } catch (const Failure& failure) {
+      EXPECT_EQ(failure.Number(), hindrance.number);
+      EXPECT_EQ(failure.Source(), "NRCRT 2, COD 1");
+    }
+  }
+}
+
+TEST(MonthRun, The16BitCounterBoundsTheRegister) {
+  const TestCompany company;
+  Connection connection = company.Open();
+  connection.Execute(
+      "INSERT INTO I_IMO (TIP_AM, VAL_CUMP, VAL_CUMP_VAL) WITH RECURSIVE n(x) AS (VALUES (1) UNION "
+      "ALL "
+      "SELECT x + 1 FROM n WHERE x < 32767) SELECT 'F', 10, 2 FROM n");
+  EXPECT_EQ(RunMonth(connection, DateTime(2024, 6, 15)), 32767);
+  connection.Execute("UPDATE I_IMO SET VAL_RAMASA = 0");
+  connection.Execute("INSERT INTO I_IMO (TIP_AM, VAL_CUMP, VAL_CUMP_VAL) VALUES ('F', 10, 2)");
+  EXPECT_THROW(RunMonth(connection, DateTime(2024, 6, 15)), Failure);
+  EXPECT_EQ(connection.QueryValue("SELECT MAX(VAL_RAMASA) FROM I_IMO"), Value(0.0));
+}
+
+// Stands in the place of the system's write: counts the writes of the engine, and kills the process
+// in the middle of a chosen one, half of it done.
+class WriteCounter {
+ public:
+  WriteCounter() {
+    sqlite3_vfs* vfs = sqlite3_vfs_find(nullptr);
+    for (const char* name : {"pwrite", "pwrite64"}) {
+      auto system = vfs->xGetSystemCall(vfs, name);
+      if (!system) continue;
+      write_ = reinterpret_cast<Write>(system);
+      vfs->xSetSystemCall(vfs, name, reinterpret_cast<sqlite3_syscall_ptr>(&Count));
+    }
+  }
+  ~WriteCounter() {
+    sqlite3_vfs* vfs = sqlite3_vfs_find(nullptr);
+    for (const char* name : {"pwrite", "pwrite64"}) vfs->xSetSystemCall(vfs, name, nullptr);
+  }
+
+  static inline int count = 0;
+  static inline int killAt = 0;
+
+ private:
+  using Write = ssize_t (*)(int, const void*, size_t, off_t);
+  static ssize_t Count(int file, const void* data, size_t size, off_t offset) {
+    if (++count == killAt) {
+      write_(file, data, size / 2, offset);
+      raise(SIGKILL);
+    }
+    return write_(file, data, size, offset);
+  }
+  static inline Write write_ = nullptr;
+};
+
+void AddManyInLife(Connection& connection) {
+  connection.Execute(
+      "INSERT INTO I_IMO (TIP_AM, VAL_CUMP, VAL_CUMP_VAL, COTA_ANUALA, DATA_ACH, DATA_IN_AM, "
+      "DATA_SF) "
+      "WITH RECURSIVE n(x) AS (VALUES (1) UNION ALL SELECT x + 1 FROM n WHERE x < 5000) "
+      "SELECT 'L', 12000, 2400, 0.2, '2020-01-10 00:00:00', '2020-02-01 00:00:00', "
+      "'2025-02-01 00:00:00' FROM n");
+}
+
+// Runs the month in a process of its own that is killed in its `killAt`-th write; true when it was.
+bool KilledRun(const TestCompany& company, const DateTime& month, int killAt) {
+  const pid_t child = fork();
+  if (child == 0) {
+    WriteCounter::count = 0;
+    WriteCounter::killAt = killAt;
+    Connection own = company.Open();
+    RunMonth(own, month);
+    own.Close();
+    _exit(0);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFSIGNALED(status);
+}
+
+TEST(MonthRun, AKilledProcessLeavesAllOfBeforeOrAllOfAfter) {
+  const TestCompany company;
+  Connection connection = company.Open();
+  AddManyInLife(connection);
+  const WriteCounter counter;
+  WriteCounter::killAt = 0;
+  connection.Close();
+  WriteCounter::count = 0;
+  connection = company.Open();
+  RunMonth(connection, DateTime(2020, 2, 29));
+  connection.Close();
+  const int writes = WriteCounter::count;
+  ASSERT_GT(writes, 100);
+
+  constexpr int kKills = 40;
+  int killed = 0;
+  int before = 0;
+  int after = 0;
+  for (int kill = 1; kill <= kKills; ++kill) {
+    const DateTime month = MonthEnd(DateTime(2020, 2, 1).AddMonths(kill));
+    killed += KilledRun(company, month, writes * kill / kKills) ? 1 : 0;
+    Recordset states =
+        company.Open().OpenRecordset("SELECT DISTINCT DATA_CALCUL, DALUNI, VAL_RAMASA FROM I_IMO");
+    ASSERT_EQ(states.RecordCount(), 1u) << "killed in write " << writes * kill / kKills;
+    ++(states.Get(0).AsDateTime() == month ? after : before);
+    EXPECT_EQ(company.Open().QueryValue("PRAGMA integrity_check"), Value("ok"));
+  }
+  // The kills fell into the run and behind its commit alike.
+  EXPECT_GT(killed, kKills * 3 / 4);
+  EXPECT_GT(before, 0);
+  EXPECT_GT(after, 0);
+}
+
+TEST(IsValidCalcul, ComparesTheMonthOfTheLastCalculationAlone) {
+  const TestCompany company;
+  EXPECT_FALSE(IsValidCalcul(DateTime(2024, 6, 1)));
+  company.AddAsset({{"DATA_CALCUL", DateTime(2024, 6, 15)}});
+  company.AddAsset({{"DATA_CALCUL", DateTime(2024, 5, 31)}});
+  EXPECT_TRUE(IsValidCalcul(DateTime(2024, 6, 1)));
+  EXPECT_TRUE(IsValidCalcul(DateTime(1999, 6, 30)));
+  EXPECT_FALSE(IsValidCalcul(DateTime(2024, 5, 31)));
+  CurrentSession().connectionString = CompanyConnectionString("/nowhere", "Kelnar01.mdb");
+  EXPECT_FALSE(IsValidCalcul(DateTime(2024, 6, 1)));
+}
+
+TEST(DurataNormala, TakesTheCatalogueOfTheDay) {
+  const TestCompany company;
+  company.Open().Execute("DELETE FROM I_CLASIFICARE");
+  company.Open().Execute(
+      "INSERT INTO I_CLASIFICARE (COD_GR, DEN_GR, DURNOR, COD_GR_NOU, DURNOR_NOU) "
+      "VALUES ('1.1', 'Hala', 50, '1.1', 40), ('N2', 'Noua', NULL, '2', NULL)");
+  const struct {
+    DateTime today;
+    const char* code;
+    double years;
+  } rows[] = {{DateTime(2004, 12, 31), "1.1", 50},
+              {DateTime(2005, 1, 1), "1.1", 50},
+              {DateTime(2005, 1, 2), "1.1", 40},
+              {DateTime(2026, 1, 1), "2", 0},
+              {DateTime(2026, 1, 1), "9'9", 0}};
+  for (const auto& row : rows) {
+    clock::Set(row.today);
+    EXPECT_EQ(DurataNormala(row.code), row.years) << row.code << " on " << row.today.Iso();
+  }
+  clock::Reset();
+}
+
+TEST(Months, BeginAndEnd) {
+  EXPECT_EQ(MonthBegin(DateTime(2024, 2, 15)), DateTime(2024, 2, 1));
+  EXPECT_EQ(MonthEnd(DateTime(2024, 2, 1)), DateTime(2024, 2, 29));
+  EXPECT_EQ(MonthEnd(DateTime(2023, 12, 31)), DateTime(2023, 12, 31));
+}
+
+}  // namespace
+}  // namespace tevra::test
