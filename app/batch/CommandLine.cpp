@@ -1,0 +1,181 @@
+#include "app/batch/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <map>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace tevra::batch {
+
+namespace {
+
+constexpr const char* kOptions = "Optiuni";
+constexpr const char* kCommands = "Comenzi";
+
+const std::map<std::string, Grouping> kGroupings{{"account", Grouping::Account},
+                                                 {"class", Grouping::Class},
+                                                 {"location", Grouping::Location},
+                                                 {"centre", Grouping::Centre}};
+
+// The library's messages begin with the name that they are about.
+std::string Until(const std::string& text, char end) {
+  return text.substr(0, text.find(end));
+}
+
+class Parser {
+ public:
+  Parser() {
+    SetUpHelp();
+    AddProgramOptions();
+    AddCompanyCommands();
+    AddAssetCommands();
+  }
+
+  CommandLine Parse(int argc, const char* const* argv) {
+    try {
+      app_.parse(argc, argv);
+    } catch (const CLI::CallForHelp& help) {
+      line_.help = app_.help();
+      return line_;
+    } catch (const CLI::RequiredError& missing) {
+      throw UsageError("Lipseste argumentul " + Until(missing.what(), ' ') + " !");
+    } catch (const CLI::ArgumentMismatch& mismatch) {
+      throw UsageError("Lipseste valoarea optiunii " + Until(mismatch.what(), ':') + " !");
+    } catch (const CLI::ParseError& error) {
+      throw UsageError("Linia de comanda nu poate fi citita: " + std::string(error.what()) + " !");
+    }
+    Check();
+    return line_;
+  }
+
+ private:
+  struct Argument {
+    const char* name;
+    std::string* value;
+    const char* description;
+  };
+
+  void SetUpHelp() {
+    auto formatter = std::make_shared<CLI::Formatter>();
+    formatter->label("Usage", "Folosire");
+    formatter->label("OPTIONS", "OPTIUNI");
+    formatter->label("SUBCOMMAND", "COMANDA");
+    formatter->label("Positionals", "Argumente");
+    formatter->label("REQUIRED", "(obligatoriu)");
+    formatter->column_width(34);
+    app_.formatter(formatter);
+    app_.option_defaults()->group(kOptions)->take_last();
+    AddHelp(&app_);
+    app_.fallthrough();
+    app_.allow_extras();
+    app_.require_subcommand(0, 1);
+    app_.footer(
+        "Ajutorul unei comenzi: tevra-batch COMANDA --help\n"
+        "Coduri de iesire: 0 efectuat, 1 refuzat, 2 linie de comanda gresita");
+  }
+
+  static void AddHelp(CLI::App* app) { app->set_help_flag("-h,--help", "Arata acest ajutor"); }
+
+  void AddProgramOptions() {
+    app_.add_option("--dir", line_.directory, "Directorul societatilor (implicit cel curent)")
+        ->type_name("DIR");
+    app_.add_option("--company", line_.company, "Codul societatii (implicit 01)")->type_name("COD");
+    app_.add_option("--user", line_.user, "Utilizatorul societatii")->type_name("NUME");
+    passwordFile_ = app_.add_option("--password-file", password_,
+                                    "Fisier cu parola pe primul rand (altfel parola se cere)");
+    passwordFile_->type_name("FISIER");
+  }
+
+  void AddCompanyCommands() {
+    Add(Command::Companies, "companies", "Afiseaza societatile din director", {});
+    Add(Command::Create, "create", "Creeaza o societate noua",
+        {{"COD", &line_.code, "Codul: una sau doua litere sau cifre"},
+         {"DENUMIRE", &line_.name, "Denumirea, cel mult 50 de caractere"}});
+    Add(Command::Load, "load", "Incarca randurile unui fisier CSV, toate sau niciunul",
+        {{"FISIER", &line_.file,
+          "Fisierul CSV, cu numele campurilor pe primul rand; - este intrarea "
+          "standard"},
+         {"TABELA", &line_.table, "Tabela in care se incarca"}});
+  }
+
+  void AddAssetCommands() {
+    Add(Command::Calculate, "calculate", "Calculeaza amortizarea tuturor imobilizarilor la o data",
+        {{"DATA", &line_.date, "Data calculului: ZZ.LL.AAAA"}});
+    AddCsvFlag(Add(Command::Assets, "assets", "Afiseaza imobilizarile si totalurile lor", {}));
+    CLI::App* charges = Add(Command::Charges, "charges",
+                            "Afiseaza cheltuielile lunii dupa ultimul calcul, pe grupe", {});
+    charges
+        ->add_option("--by", by_,
+                     "Gruparea: account (cont, implicit), class (cod de clasificare), location "
+                     "(localizare), centre (centru de cost)")
+        ->type_name("GRUPARE");
+    AddCsvFlag(charges);
+  }
+
+  CLI::App* Add(Command command, const char* name, const char* description,
+                const std::vector<Argument>& arguments) {
+    CLI::App* sub = app_.add_subcommand(name, description);
+    sub->group(kCommands);
+    sub->footer("Optiunile programului: tevra-batch --help");
+    AddHelp(sub);
+    for (const Argument& argument : arguments) {
+      sub->add_option(argument.name, *argument.value, argument.description)
+          ->type_name("")
+          ->required();
+    }
+    commands_.emplace_back(sub, command);
+    return sub;
+  }
+
+  void AddCsvFlag(CLI::App* sub) {
+    sub->add_flag("--csv", line_.csv, "Scrie rezultatul ca fisier CSV");
+  }
+
+  void Check() {
+    const CLI::App* chosen = nullptr;
+    for (const auto& [app, command] : commands_) {
+      if (!app->parsed()) continue;
+      chosen = app;
+      line_.command = command;
+    }
+    if (const auto unknown = app_.remaining(true); !unknown.empty()) {
+      const bool command = !chosen && unknown.front().rfind('-', 0) != 0;
+      throw UsageError((command ? "Comanda necunoscuta: " : "Argument necunoscut: ") +
+                       unknown.front() + " !");
+    }
+    if (!chosen) throw UsageError("Lipseste comanda !");
+    CheckOptions();
+  }
+
+  void CheckOptions() {
+    const auto grouping = kGroupings.find(by_);
+    if (grouping == kGroupings.end()) {
+      throw UsageError("Grupare necunoscuta: " + by_ + " (account, class, location, centre) !");
+    }
+    line_.grouping = grouping->second;
+    if (passwordFile_->count() > 0) line_.passwordFile = password_;
+    if (NeedsLogin(line_.command) && line_.user.empty()) {
+      throw UsageError("Lipseste optiunea --user !");
+    }
+  }
+
+  CLI::App app_{"Imobilizari si amortizarea lor, din linia de comanda", "tevra-batch"};
+  CommandLine line_;
+  CLI::Option* passwordFile_ = nullptr;
+  std::string password_;
+  std::string by_ = "account";
+  std::vector<std::pair<CLI::App*, Command>> commands_;
+};
+
+}  // namespace
+
+bool NeedsLogin(Command command) {
+  return command != Command::Companies && command != Command::Create;
+}
+
+CommandLine ParseCommandLine(int argc, const char* const* argv) {
+  return Parser().Parse(argc, argv);
+}
+
+}  // namespace tevra::batch

@@ -1,0 +1,46 @@
+// What stands on the command line, read and checked for form.
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+namespace tevra::batch {
+
+enum class Command { Companies, Create, Load, Calculate, Assets, Charges };
+
+/// What the assets are grouped by in the list of charges.
+enum class Grouping { Account, Class, Location, Centre };
+
+struct CommandLine {
+  Command command = Command::Companies;
+  std::optional<std::string> help;  ///< asked for: this text is the whole result
+
+  std::string directory = ".";
+  std::string company = "01";
+  std::string user;                         ///< not empty when the command logs in
+  std::optional<std::string> passwordFile;  ///< without one the password is asked for
+
+  std::string code;   ///< of the company to create
+  std::string name;   ///< of the company to create
+  std::string file;   ///< CSV to load, "-" for the standard input
+  std::string table;  ///< to load into
+  std::string date;   ///< of the calculation, as written
+  Grouping grouping = Grouping::Account;
+  bool csv = false;
+};
+
+/// A command line that cannot be meant; what() tells why.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// True for the commands that work on an open company.
+bool NeedsLogin(Command command);
+
+/// Reads the program's arguments. Throws UsageError for an unknown command or option, a missing or
+/// superfluous argument, and a login without user.
+CommandLine ParseCommandLine(int argc, const char* const* argv);
+
+}  // namespace tevra::batch

@@ -1,0 +1,100 @@
+#include "app/batch/Login.h"
+
+#include <iostream>
+
+#include <termios.h>
+#include <unistd.h>
+
+#include "app/batch/Directory.h"
+#include "app/batch/Refusal.h"
+#include "platform/data/Connection.h"
+#include "session/Module1.h"
+#include "session/Session.h"
+#include "session/Version.h"
+
+namespace tevra::batch {
+
+namespace {
+
+// What is typed does not show on the terminal during its life.
+class HiddenTyping {
+ public:
+  explicit HiddenTyping(const std::istream& in) {
+    if (&in != &std::cin || tcgetattr(STDIN_FILENO, &before_) != 0) return;
+    termios hidden = before_;
+    hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+    active_ = tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden) == 0;
+  }
+  ~HiddenTyping() {
+    if (active_) tcsetattr(STDIN_FILENO, TCSAFLUSH, &before_);
+  }
+  HiddenTyping(const HiddenTyping&) = delete;
+  HiddenTyping& operator=(const HiddenTyping&) = delete;
+  bool IsActive() const { return active_; }
+
+ private:
+  termios before_{};
+  bool active_ = false;
+};
+
+std::string FirstLine(std::istream& in) {
+  std::string line;
+  std::getline(in, line);
+  if (!line.empty() && line.back() == '\r') line.pop_back();
+  return line;
+}
+
+std::string AskPassword(const Streams& streams) {
+  streams.err << "Parola: " << std::flush;
+  const HiddenTyping hidden(streams.in);
+  std::string password = FirstLine(streams.in);
+  if (hidden.IsActive()) streams.err << '\n';
+  return password;
+}
+
+std::string Password(const LoginRequest& request, const Streams& streams) {
+  if (!request.passwordFile) return AskPassword(streams);
+  std::ifstream file = OpenInput(*request.passwordFile);
+  return FirstLine(file);
+}
+
+void RequireUser(Connection& connection, const std::string& user, const std::string& password) {
+  if (connection.QueryValue("SELECT NUME from UTILIZATORI where NUME = ?", {user}).IsNull()) {
+    throw Refusal("Utilizatorul " + user + " nu exista !");
+  }
+  const Value found = connection.QueryValue(
+      "SELECT NUME from UTILIZATORI where NUME = ? and PAROLA = ?", {user, password});
+  if (found.IsNull()) throw Refusal("Parola nu este corecta !");
+}
+
+// The structure is brought up to date by the window, which can ask; a script's data stay as they
+// are.
+void RequireVersion(Connection& connection, const std::string& database) {
+  const Value version = connection.QueryValue("Select VERSIUNE from kv_info");
+  if (version.IsNull() || version.AsLong() != kRevision) {
+    throw Refusal("Structura bazei de date " + database + " trebuie actualizata !");
+  }
+}
+
+}  // namespace
+
+void Login(const LoginRequest& request, const Streams& streams) {
+  const std::filesystem::path directory = CompanyDirectory(request.directory);
+  const Company company = FindCompany(directory, request.company);
+  const std::string password = Password(request, streams);
+
+  Session& session = CurrentSession();
+  session.selectedDatabase = company.numeBd;
+  Connection connection(CompanyConnectionString(directory.string(), company.numeBd));
+  RequireUser(connection, request.user, password);
+  RequireVersion(connection, company.numeBd);
+
+  session.connectionString = CompanyConnectionString(directory.string(), company.numeBd);
+  session.databasesPath = directory.string() + '\\';
+  session.companyName = company.denumire;
+  session.userName = request.user;
+  session.userType = TipUtilizator(request.user);
+  LoadParametri();
+}
+
+}  // namespace tevra::batch

@@ -1,0 +1,23 @@
+// Opens a company as the login window does.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "app/batch/Streams.h"
+
+namespace tevra::batch {
+
+struct LoginRequest {
+  std::string directory;
+  std::string company;  ///< its code
+  std::string user;
+  std::optional<std::string> passwordFile;
+};
+
+/// Finds the company, checks user, password and the structure's version, and fills
+/// CurrentSession(). The password is the first line of its file; without one it is asked for.
+/// Throws Refusal in the login's words, Failure when the company cannot be opened.
+void Login(const LoginRequest& request, const Streams& streams);
+
+}  // namespace tevra::batch

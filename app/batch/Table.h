@@ -1,0 +1,55 @@
+// Results as rows: laid out in columns for the eye, or as CSV for other programs.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "platform/data/Value.h"
+
+namespace tevra::batch {
+
+/// Columns as wide as their content. Numbers with decimals are shown as money (1.234,50), dates as
+/// 31.12.2006, Null blank. Nothing is written before Write, since the last row may be the widest.
+class TextTable {
+ public:
+  struct Column {
+    std::string caption;
+    bool right = false;  ///< aligned to the right
+  };
+
+  /// Starts with the captions and a rule.
+  explicit TextTable(std::vector<Column> columns);
+
+  void AddRow(const Values& values);         ///< a value a column
+  void AddHeading(const std::string& text);  ///< across all columns
+  void AddRule();
+  void Write(std::ostream& out) const;
+
+ private:
+  enum class Kind { Row, Heading, Rule };
+  struct Line {
+    Kind kind;
+    std::vector<std::string> cells;
+  };
+
+  void Add(Line line);
+  void WriteRow(std::ostream& out, const std::vector<std::string>& cells) const;
+
+  std::vector<Column> columns_;
+  std::vector<std::size_t> widths_;  // in characters
+  std::vector<Line> lines_;
+};
+
+/// Writes each row at once: numbers with a decimal point and all their digits, dates as 2006-12-31,
+/// Null empty, texts quoted where they must be.
+class CsvWriter {
+ public:
+  explicit CsvWriter(std::ostream& out) : out_(out) {}
+  void WriteRow(const Values& values);
+
+ private:
+  std::ostream& out_;
+};
+
+}  // namespace tevra::batch

@@ -1,0 +1,39 @@
+// The program's commands. Those that work on a company need the session of a login.
+#pragma once
+
+#include <ostream>
+#include <string>
+
+#include "app/batch/CommandLine.h"
+#include "app/batch/Streams.h"
+#include "platform/text/DateTime.h"
+
+namespace tevra::batch {
+
+/// Writes code, name and file of the companies in a directory.
+void ListCompanies(const std::string& directory, std::ostream& out);
+
+/// Makes a company from the template and enters it in the registry, which is written when there is
+/// none. Nothing that exists is overwritten, and when a step fails what was made goes again. Throws
+/// Refusal for a code or name that is empty, not allowed or taken, Failure of the files.
+void CreateCompany(const std::string& directory, const std::string& code, const std::string& name,
+                   std::ostream& out);
+
+/// Loads the rows of a CSV file ("-": of the standard input) into a table of the open company, all
+/// or none. Tells each refused row with its line on the error output and then throws Refusal;
+/// throws it too for a table that the user may not change.
+void LoadFile(const std::string& file, const std::string& table, const Streams& streams);
+
+/// Reads 31.12.2006 or 2006-12-31; throws Refusal for anything else.
+DateTime ParseDate(const std::string& text);
+
+/// The monthly run over all assets. Throws Refusal, the reason in its words, when it was not done.
+void Calculate(const DateTime& date, std::ostream& out);
+
+/// Writes all assets by number and the six totals of their list.
+void ListAssets(bool csv, std::ostream& out);
+
+/// Writes the month's charge of every asset as the last run left it, by groups with their sums.
+void ListCharges(Grouping grouping, bool csv, std::ostream& out);
+
+}  // namespace tevra::batch

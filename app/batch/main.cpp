@@ -1,0 +1,26 @@
+#include <csignal>
+#include <iostream>
+
+#include "app/batch/Batch.h"
+#include "platform/system/MessageBox.h"
+
+namespace {
+
+// Nobody can press a button here: what is asked is not agreed to.
+long TellMessage(const tevra::MessageRequest& request) {
+  constexpr long kButtons = 7;
+  std::cerr << request.prompt << '\n';
+  return (request.buttons & kButtons) == tevra::kYesNo ? tevra::kNo : tevra::kOk;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // A limit of file size and a reader that went away are then errors of the write, as a full disk
+  // is.
+  std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGPIPE, SIG_IGN);
+  std::ios::sync_with_stdio(false);
+  tevra::SetMessageHandler(TellMessage);
+  return tevra::batch::RunBatch(argc, argv, std::cin, std::cout, std::cerr);
+}

@@ -1,0 +1,86 @@
+// Exit codes 0 and 2: what is asked of the command line itself.
+#include <fstream>
+#include <sstream>
+
+#include "app/batch/Batch.h"
+#include "tests/batch/BatchTest.h"
+
+namespace tevra::batch::test {
+
+namespace {
+
+bool Contains(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+TEST(CommandLine, RefusesWhatCannotBeMeant) {
+  const struct {
+    std::vector<std::string> arguments;
+    std::string text;
+  } kCases[] = {
+      {{}, "Lipseste comanda !"},
+      {{"sterge"}, "Comanda necunoscuta: sterge !"},
+      {{"--color", "assets"}, "Argument necunoscut: --color !"},
+      {{"assets", "--user", "admin", "--color"}, "Argument necunoscut: --color !"},
+      {{"companies", "01"}, "Argument necunoscut: 01 !"},
+      {{"create", "02"}, "Lipseste argumentul DENUMIRE !"},
+      {{"load", "a.csv", "--user", "admin"}, "Lipseste argumentul TABELA !"},
+      {{"calculate", "--user", "admin"}, "Lipseste argumentul DATA !"},
+      {{"charges", "--user", "admin", "--by", "color"}, "Grupare necunoscuta: color"},
+      {{"assets", "--user"}, "Lipseste valoarea optiunii --user !"},
+      {{"assets"}, "Lipseste optiunea --user !"},
+  };
+  for (const auto& c : kCases) {
+    const Result result = RunProgram(c.arguments);
+    EXPECT_EQ(result.code, kUsage) << c.text;
+    EXPECT_EQ(result.out, "") << c.text;
+    EXPECT_TRUE(Contains(result.err, c.text)) << c.text << " but " << result.err;
+  }
+}
+
+TEST(CommandLine, HelpIsAResultEverywhere) {
+  const struct {
+    std::vector<std::string> arguments;
+    std::string text;
+  } kCases[] = {
+      {{"--help"}, "--password-file"},         {{"companies", "--help"}, "companies"},
+      {{"create", "--help"}, "DENUMIRE"},      {{"load", "-h"}, "TABELA"},
+      {{"calculate", "--help"}, "ZZ.LL.AAAA"}, {{"assets", "--help"}, "--csv"},
+      {{"charges", "--help"}, "--by"},
+  };
+  for (const auto& c : kCases) {
+    const Result result = RunProgram(c.arguments);
+    EXPECT_EQ(result.code, kDone) << c.text;
+    EXPECT_EQ(result.err, "") << c.text;
+    EXPECT_TRUE(Contains(result.out, "Folosire: tevra-batch")) << result.out;
+    EXPECT_TRUE(Contains(result.out, c.text)) << result.out;
+  }
+}
+
+using CommandLineTest = BatchTest;
+
+TEST_F(CommandLineTest, OptionsStandBeforeOrBehindTheCommand) {
+  const std::string directory = Directory().string();
+  const std::string parola = directory + "/parola";
+  const Result before = RunProgram({"--dir", directory, "--company", "01", "--user", "admin",
+                                    "--password-file", parola, "assets", "--csv"});
+  const Result behind = RunProgram({"assets", "--csv", "--password-file", parola, "--user=admin",
+                                    "--company=01", "--dir", directory});
+  EXPECT_EQ(before.code, kDone) << before.err;
+  EXPECT_EQ(behind.code, kDone) << behind.err;
+  EXPECT_EQ(before.out, behind.out);
+}
+
+TEST_F(CommandLineTest, AResultThatCannotBeWrittenIsARefusal) {
+  const std::string directory = Directory().string();
+  const std::vector<const char*> argv{"tevra-batch", "--dir", directory.c_str(), "companies"};
+  std::istringstream in;
+  std::ostringstream err;
+  std::ofstream full("/dev/full");
+  EXPECT_EQ(RunBatch(static_cast<int>(argv.size()), argv.data(), in, full, err), kRefused);
+  EXPECT_EQ(err.str(), "Rezultatul nu poate fi scris !\n");
+}
+
+}  // namespace
+
+}  // namespace tevra::batch::test

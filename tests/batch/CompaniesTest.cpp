@@ -1,0 +1,140 @@
+// The registry from the command line: listing companies and making new ones.
+#include "app/batch/Batch.h"
+#include "platform/data/CompanyFile.h"
+#include "platform/text/Strings.h"
+#include "session/CompanyRegistry.h"
+#include "session/Module1.h"
+#include "session/Version.h"
+#include "tests/batch/BatchTest.h"
+
+namespace fs = std::filesystem;
+
+namespace tevra::batch::test {
+
+namespace {
+
+using CompaniesTest = BatchTest;
+
+TEST_F(CompaniesTest, AreThoseOfTheFilesWhereThereIsNoRegistry) {
+  company_.Open().Execute("UPDATE kv_info SET DENUMIRE = 'Șantierul Mare'");
+  fs::copy_file(company_.File(), Directory() / "KELNARA.MDB");
+  File("Kelnar02.mdb", "nu este o societate");
+  File("Kelnar001.mdb", "are trei caractere");
+  File("Kelnar03.mdb.bak", "nu este un fisier de date");
+  const std::string before = ReadFile(company_.File());
+  const Result result = Run({"companies"});
+  EXPECT_EQ(result.code, kDone) << result.err;
+  EXPECT_EQ(result.out,
+            "Cod  Denumire        Baza de date\n"
+            "---  --------------  ------------\n"
+            "01   Șantierul Mare  Kelnar01.mdb\n"
+            "02                   Kelnar02.mdb\n"
+            "A    Șantierul Mare  KELNARA.MDB\n");
+  EXPECT_TRUE(ReadFile(company_.File()) == before);
+  EXPECT_EQ(RunAsAdmin({"assets", "--company", "a"}).code, kDone);
+  EXPECT_FALSE(CompanyRegistry::Exists(Directory().string())) << "a list writes no registry";
+}
+
+TEST_F(CompaniesTest, OfARegistryNeedNoFile) {
+  CompanyRegistry::WriteDefault(Directory().string());
+  File("Kelnar02.mdb", "");
+  EXPECT_EQ(Run({"companies"}).out,
+            "Cod  Denumire   Baza de date\n"
+            "---  ---------  ------------\n"
+            "01   SOCIETATE  Kelnar01.mdb\n");
+  ExpectRefused({"assets", "--company", "02"}, "Societatea cu codul 02 nu exista");
+}
+
+TEST_F(CompaniesTest, ANewOneCanBeWorkedWithAtOnce) {
+  const std::string name = "Întreprinderea de construcții și montaj \"Dâmbovița\"";
+  const Result created = Run({"create", "a2", "  " + Left(name, 50) + " "});
+  ASSERT_EQ(created.code, kDone) << created.err;
+  EXPECT_EQ(created.err, "");
+  EXPECT_EQ(RunAsAdmin({"calculate", "31.12.2006", "--company", "A2"}).code, kDone);
+
+  Connection connection(CompanyConnectionString(Directory().string(), "KelnarA2.mdb"));
+  EXPECT_EQ(connection.QueryValue("SELECT VERSIUNE FROM kv_info").AsLong(), kRevision);
+  EXPECT_EQ(connection.QueryValue("SELECT DENUMIRE FROM kv_info").AsText(), Left(name, 35));
+  const auto companies = CompanyRegistry::Load(Directory().string()).Companies();
+  ASSERT_EQ(companies.size(), 2U) << "the file that lay there already is entered too";
+  EXPECT_EQ(companies[0].cod, "01");
+  EXPECT_EQ(companies[1].cod, "A2");
+  EXPECT_EQ(companies[1].denumire, Left(name, 50));
+  EXPECT_EQ(companies[1].numeBd, "KelnarA2.mdb");
+}
+
+TEST_F(CompaniesTest, ADirectoryWithoutATemplateGetsTheProgramsOwn) {
+  const tevra::test::TemporaryFolder empty;
+  const std::string directory = empty.Path().string();
+  const Result created = RunProgram({"--dir", directory, "create", "7", "Noua"});
+  ASSERT_EQ(created.code, kDone) << created.err;
+  EXPECT_EQ(FilesIn(directory),
+            (std::vector<std::string>{"Kelnar.mdb", "Kelnar7.mdb", "Societat.XML"}));
+  CheckCompanyFile(empty.Path() / "Kelnar.mdb");
+  const auto companies = CompanyRegistry::Load(directory).Companies();
+  ASSERT_EQ(companies.size(), 1U);
+  EXPECT_EQ(companies[0].cod, "7");
+}
+
+TEST_F(CompaniesTest, WhatIsRefusedLeavesEverythingAsItWas) {
+  ASSERT_EQ(Run({"create", "02", "A doua"}).code, kDone);
+  File("kelnar05.MDB", "a ramas aici");
+  File("Kelnar06.mdb", "");
+  const struct {
+    std::vector<std::string> arguments;
+    std::string text;
+  } kCases[] = {
+      {{"", "Nume"}, "Va rugam completati codul societatii  !\n"},
+      {{"03", "  "}, "Va rugam completati denumirea societatii  !\n"},
+      {{"003", "Nume"}, "Codul societatii are una sau doua litere sau cifre !\n"},
+      {{"..", "Nume"}, "Codul societatii are una sau doua litere sau cifre !\n"},
+      {{"ș", "Nume"}, "Codul societatii are una sau doua litere sau cifre !\n"},
+      {{"03", std::string(51, 'x')}, "Denumirea societatii are cel mult 50 de caractere !\n"},
+      {{"03", "Nume\x01"}, "Denumirea societatii contine caractere nepermise !\n"},
+      {{"03", "Nume\xff"}, "Denumirea societatii contine caractere nepermise !\n"},
+      {{"02", "Alta"}, "Acest cod de societate exista deja ! Adaugarea nu se poate efectua !\n"},
+      {{"05", "Alta"},
+       "Fisierul \"" + (Directory() / "kelnar05.MDB").string() +
+           "\" exista deja ! Adaugarea nu se poate efectua !\n"},
+  };
+  const std::vector<std::string> files = FilesIn(Directory());
+  const std::string registry = ReadFile(Directory() / "Societat.XML");
+  for (const auto& c : kCases) {
+    std::vector<std::string> arguments = c.arguments;
+    arguments.insert(arguments.begin(), "create");
+    const Result result = Run(arguments);
+    EXPECT_EQ(result.code, kRefused) << c.text;
+    EXPECT_EQ(result.err, c.text);
+    EXPECT_EQ(FilesIn(Directory()), files) << c.text;
+  }
+  EXPECT_EQ(ReadFile(Directory() / "Societat.XML"), registry);
+  EXPECT_EQ(ReadFile(Directory() / "kelnar05.MDB"), "a ramas aici");
+  EXPECT_EQ(RunProgram({"--dir", "/nu/exista", "create", "02", "Nume"}).err,
+            "Directorul \"/nu/exista\" nu exista !\n");
+}
+
+TEST_F(CompaniesTest, ARegistryThatCannotBeWrittenUndoesTheRest) {
+  CompanyRegistry::WriteDefault(Directory().string());
+  fs::permissions(Directory() / "Societat.XML", fs::perms::owner_read);
+  fs::remove(Directory() / "Kelnar.mdb");
+  const std::vector<std::string> files = FilesIn(Directory());
+  const Result result = Run({"create", "02", "A doua"});
+  EXPECT_EQ(result.code, kRefused);
+  EXPECT_NE(result.err.find("Societat.XML"), std::string::npos) << result.err;
+  EXPECT_EQ(FilesIn(Directory()), files);
+}
+
+TEST_F(CompaniesTest, AForeignTemplateOrRegistryIsToldAndNothingMade) {
+  for (const char* name : {"Kelnar.mdb", "Societat.XML"}) {
+    File(name, "nu este al nostru");
+    const std::vector<std::string> files = FilesIn(Directory());
+    const Result result = Run({"create", "02", "A doua"});
+    EXPECT_EQ(result.code, kRefused) << name;
+    EXPECT_NE(result.err.find(name), std::string::npos) << result.err;
+    EXPECT_EQ(FilesIn(Directory()), files) << name;
+  }
+}
+
+}  // namespace
+
+}  // namespace tevra::batch::test
