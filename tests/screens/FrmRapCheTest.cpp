@@ -1,0 +1,86 @@
+// The screen of the monthly charges, worked by keys and mouse.
+#include <gtest/gtest.h>
+
+#include <QCalendarWidget>
+#include <QLabel>
+#include <QPushButton>
+#include <QtTest>
+
+#include "platform/system/Clock.h"
+#include "reports/frmRapCHE.h"
+#include "session/Session.h"
+#include "tests/TestCompany.h"
+
+namespace tevra::test {
+namespace {
+
+class FrmRapChe : public ::testing::Test {
+ protected:
+  FrmRapChe() {
+    clock::Set(DateTime(2026, 11, 22, 10, 30));
+    company_.AddAsset({{"COD", "1"},
+                       {"TIP_AM", "L"},
+                       {"DATA_ACH", DateTime(2026, 1, 10)},
+                       {"DATA_IN_AM", DateTime(2026, 2, 1)},
+                       {"DATA_SF", DateTime(2031, 2, 1)},
+                       {"VAL_CUMP", 12000.0},
+                       {"VAL_CUMP_VAL", 2400.0},
+                       {"COTA_ANUALA", 0.2}});
+    screen_.show();
+  }
+  ~FrmRapChe() override { clock::Reset(); }
+
+  Value Stored(const std::string& field) {
+    return company_.Open().QueryValue("SELECT " + field + " FROM I_IMO");
+  }
+  template <class Control>
+  Control* Find(const char* name) {
+    return screen_.findChild<Control*>(name);
+  }
+
+  TestCompany company_;
+  MessageRecorder messages_;
+  frmRapCHE screen_;
+};
+
+TEST_F(FrmRapChe, OpensOnTodayWithTheNote) {
+  EXPECT_EQ(screen_.windowTitle(), "Listare Cheltuieli cu amortizarea");
+  EXPECT_EQ(Find<QGroupBox>("Frame1")->title(), "Atentie!");
+  EXPECT_EQ(Find<QLabel>("Label1")->text(),
+            "Inainte de Listare, va rugam efectuati Calculul amortizarilor pentru luna dorita.");
+  EXPECT_EQ(Find<QCalendarWidget>("MonthView1")->selectedDate(), QDate(2026, 11, 22));
+  EXPECT_TRUE(messages_.shown.empty());
+}
+
+TEST_F(FrmRapChe, CalculatesForExactlyTheChosenDay) {
+  Find<QCalendarWidget>("MonthView1")->setSelectedDate(QDate(2026, 6, 15));
+  EXPECT_TRUE(Find<QLabel>("lblData")->text().endsWith("15.06.2026"));
+  QTest::mouseClick(Find<QPushButton>("cmdCalcul"), Qt::LeftButton);
+  ASSERT_EQ(messages_.shown.size(), 1u);
+  EXPECT_EQ(messages_.shown[0].prompt,
+            "Calculul cheltuielilor lunare s-a efectuat pentru  1 imobilizari");
+  EXPECT_EQ(Stored("DATA_CALCUL"), Value(DateTime(2026, 6, 15)));
+  EXPECT_EQ(Stored("VAL_AMOR_CUMULATA"), Value(1000.0));
+}
+
+TEST_F(FrmRapChe, EnterCalculatesTodayWithoutItsTimeAndEscapeLeaves) {
+  QTest::keyClick(&screen_, Qt::Key_Return);
+  EXPECT_EQ(Stored("DATA_CALCUL"), Value(DateTime(2026, 11, 22)));
+  QTest::keyClick(&screen_, Qt::Key_Escape);
+  EXPECT_FALSE(screen_.isVisible());
+}
+
+TEST_F(FrmRapChe, AFailedRunSaysSoAndLeavesTheScreenUsable) {
+  company_.Open().Execute("UPDATE I_IMO SET DATA_SF = NULL");
+  QTest::mouseClick(Find<QPushButton>("cmdCalcul"), Qt::LeftButton);
+  ASSERT_EQ(messages_.shown.size(), 1u);
+  EXPECT_EQ(messages_.shown[0].prompt, "Eroare la CALCUL !");
+  EXPECT_TRUE(Stored("DATA_CALCUL").IsNull());
+  company_.Open().Execute("UPDATE I_IMO SET DATA_SF = '2031-02-01 00:00:00'");
+  QTest::mouseClick(Find<QPushButton>("cmdCalcul"), Qt::LeftButton);
+  EXPECT_EQ(messages_.shown.back().prompt,
+            "Calculul cheltuielilor lunare s-a efectuat pentru  1 imobilizari");
+}
+
+}  // namespace
+}  // namespace tevra::test

@@ -1,0 +1,13 @@
+// Screens are tested with a real application, drawn to memory.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLocale>
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  QLocale::setDefault(QLocale(QLocale::Romanian, QLocale::Romania));
+  ::testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
