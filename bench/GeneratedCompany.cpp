@@ -1,8 +1,8 @@
 #include "bench/GeneratedCompany.h"
 
-#include <stdlib.h>
-
 #include <random>
+
+#include <stdlib.h>
 
 #include "platform/text/Numbers.h"
 #include "session/Module1.h"
@@ -13,7 +13,8 @@ namespace tevra::bench {
 
 namespace {
 
-// A plausible asset: parameters as the card derives them, so that every branch of the rules is walked.
+// A plausible asset: parameters as the card derives them, so that every branch of the rules is
+// walked.
 Values Asset(int number, std::mt19937& random) {
   const auto pick = [&](int least, int greatest) {
     return std::uniform_int_distribution<int>(least, greatest)(random);
@@ -59,8 +60,10 @@ void AddAssets(Connection& connection, int assets) {
   Transaction transaction(connection);
   for (int number = 1; number <= assets; ++number) {
     connection.Execute(
-        "INSERT INTO I_IMO (COD, DENUMIRE, DOCUMENT, DATA_ACH, DATA_PF, DATA_IN_AM, DATA_SF, DATA_AMORT, "
-        "TIP_AM, CONT, COD_GR_NOU, VAL_CUMP, VAL_CUMP_VAL, CURS, COTA_ANUALA, COEF, DNFANI, BLOCATA, "
+        "INSERT INTO I_IMO (COD, DENUMIRE, DOCUMENT, DATA_ACH, DATA_PF, DATA_IN_AM, DATA_SF, "
+        "DATA_AMORT, "
+        "TIP_AM, CONT, COD_GR_NOU, VAL_CUMP, VAL_CUMP_VAL, CURS, COTA_ANUALA, COEF, DNFANI, "
+        "BLOCATA, "
         "DATA_BLOCARE, VAL_BLOCATA, VAL_BLOCATA_VAL, IESIRE, DATA_IESIRE) "
         "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
         Asset(number, random));

@@ -1,12 +1,12 @@
 #include "bench/MonthFloor.h"
 
-#include <sqlite3.h>
-
 #include <array>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
+
+#include <sqlite3.h>
 
 #include "engine/DepreciationRules.h"
 
@@ -15,13 +15,16 @@ namespace tevra::bench {
 namespace {
 
 constexpr const char* kSelect =
-    "SELECT rowid, TIP_AM, BLOCATA, IESIRE, DATA_IESIRE, DATA_ACH, DATA_IN_AM, DATA_AMORT, DATA_SF, "
-    "DATA_BLOCARE, VAL_CUMP, VAL_CUMP_VAL, VAL_BLOCATA, VAL_BLOCATA_VAL, COTA_ANUALA, COEF, DATA_CALCUL, "
+    "SELECT rowid, TIP_AM, BLOCATA, IESIRE, DATA_IESIRE, DATA_ACH, DATA_IN_AM, DATA_AMORT, "
+    "DATA_SF, "
+    "DATA_BLOCARE, VAL_CUMP, VAL_CUMP_VAL, VAL_BLOCATA, VAL_BLOCATA_VAL, COTA_ANUALA, COEF, "
+    "DATA_CALCUL, "
     "DALUNI, COTAL_LUNARA, VAL_AMOR_CUMULATA, VAL_AMOR_CUMULATA_VAL, VAL_RAMASA, VAL_RAMASA_VAL, "
     "VALCHELEI, VALCHEVAL FROM I_IMO";
 constexpr const char* kUpdate =
     "UPDATE I_IMO SET DATA_CALCUL = ?1, DALUNI = ?2, COTAL_LUNARA = ?3, VAL_AMOR_CUMULATA = ?4, "
-    "VAL_AMOR_CUMULATA_VAL = ?5, VAL_RAMASA = ?6, VAL_RAMASA_VAL = ?7, VALCHELEI = ?8, VALCHEVAL = ?9 "
+    "VAL_AMOR_CUMULATA_VAL = ?5, VAL_RAMASA = ?6, VAL_RAMASA_VAL = ?7, VALCHELEI = ?8, VALCHEVAL = "
+    "?9 "
     "WHERE rowid = ?10";
 
 void Check(int code) {
@@ -82,8 +85,9 @@ void Write(sqlite3_stmt* update, sqlite3_int64 rowId, const CalculatedFields& fi
   }
   sqlite3_bind_int(update, 2, fields.DALUNI.value_or(0));
   const std::array<std::optional<double>, 7> numbers{
-      fields.COTAL_LUNARA, fields.VAL_AMOR_CUMULATA, fields.VAL_AMOR_CUMULATA_VAL, fields.VAL_RAMASA,
-      fields.VAL_RAMASA_VAL, fields.VALCHELEI, fields.VALCHEVAL};
+      fields.COTAL_LUNARA, fields.VAL_AMOR_CUMULATA, fields.VAL_AMOR_CUMULATA_VAL,
+      fields.VAL_RAMASA,   fields.VAL_RAMASA_VAL,    fields.VALCHELEI,
+      fields.VALCHEVAL};
   for (std::size_t i = 0; i < numbers.size(); ++i) {
     const int parameter = static_cast<int>(i) + 3;
     if (numbers[i]) {
@@ -104,8 +108,8 @@ int RunFloor(const std::filesystem::path& file, const DateTime& dataCalcul) {
   sqlite3_stmt* row = nullptr;
   sqlite3_stmt* update = nullptr;
   Check(sqlite3_open_v2(file.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr));
-  Check(sqlite3_exec(db, "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL; BEGIN IMMEDIATE", nullptr,
-                     nullptr, nullptr));
+  Check(sqlite3_exec(db, "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL; BEGIN IMMEDIATE",
+                     nullptr, nullptr, nullptr));
   Check(sqlite3_prepare_v2(db, kSelect, -1, &row, nullptr));
   Check(sqlite3_prepare_v2(db, kUpdate, -1, &update, nullptr));
   int count = 0;

@@ -7,8 +7,8 @@
 
 namespace tevra::bench {
 
-/// Reads the columns, computes, and writes the changed ones back through one prepared statement by row
-/// id, in one transaction with synchronous=FULL. Returns the number of assets.
+/// Reads the columns, computes, and writes the changed ones back through one prepared statement by
+/// row id, in one transaction with synchronous=FULL. Returns the number of assets.
 int RunFloor(const std::filesystem::path& file, const DateTime& dataCalcul);
 
 }  // namespace tevra::bench

@@ -2,16 +2,16 @@
 //
 //   bench-month [--benchmark_repetitions=N]
 //
-// Prints, behind the times, the three figures that count: run to floor (at most 1.25), 32,752 assets to
-// 2,047 (at most 17), and what memory grew from the small register to the large one.
-#include <benchmark/benchmark.h>
-
+// Prints, behind the times, the three figures that count: run to floor (at most 1.25), 32,752
+// assets to 2,047 (at most 17), and what memory grew from the small register to the large one.
 #include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <map>
 #include <string>
 #include <vector>
+
+#include <benchmark/benchmark.h>
 
 #include "bench/GeneratedCompany.h"
 #include "bench/MonthFloor.h"
@@ -96,7 +96,9 @@ int main(int argc, char** argv) {
   int count = static_cast<int>(arguments.size());
   benchmark::Initialize(&count, arguments.data());
   const auto add = [](const char* name, auto function, const GeneratedCompany& company) {
-    benchmark::RegisterBenchmark(name, function, &company)->Unit(benchmark::kMillisecond)->Iterations(1);
+    benchmark::RegisterBenchmark(name, function, &company)
+        ->Unit(benchmark::kMillisecond)
+        ->Iterations(1);
   };
   add("run/2047", Run, small);
   add("run/32752", Run, large);

@@ -39,7 +39,7 @@ function(tevra_program name)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 endfunction()
 
-# tevra_test(name SOURCES a.cpp .. [LINK libs..]): a GoogleTest program, run by CTest as one test a case.
+# tevra_test(name SOURCES a.cpp .. [LINK libs..]): a GoogleTest program, which CTest runs as one test.
 function(tevra_test name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${arg_SOURCES})

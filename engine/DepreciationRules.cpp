@@ -32,9 +32,10 @@ constexpr VariantRules kVariants[] = {
     {false, false, false, 0, false, true},   // kSingle
 };
 
+// An asset may have no value in currency; what is unknown going in is unknown coming out.
 struct Money {
   double lei;
-  double currency;
+  std::optional<double> currency;
 };
 
 template <typename T>
@@ -51,6 +52,25 @@ double Finite(double value, const char* field) {
 
 double Rounded(double value, const char* field) {
   return Finite(Round0(value), field);
+}
+
+std::optional<double> Rounded(const std::optional<double>& value, const char* field) {
+  if (!value) return std::nullopt;
+  return Rounded(*value, field);
+}
+
+// What a formula makes of an amount in both kinds of money.
+template <typename Formula>
+Money Each(const Money& value, Formula formula) {
+  Money result{formula(value.lei), std::nullopt};
+  if (value.currency) result.currency = formula(*value.currency);
+  return result;
+}
+
+Money Less(Money value, const std::optional<double>& lei, const std::optional<double>& currency) {
+  if (lei) value.lei -= *lei;
+  if (value.currency && currency) *value.currency -= *currency;
+  return value;
 }
 
 // Asked as "is it False?", so Null goes with the blocked ones.
@@ -93,22 +113,17 @@ class Calculation {
 
   const DateTime& Switch() const { return Need(asset_.DATA_AMORT, "DATA_AMORT"); }
 
-  Money PurchaseValue() const {
-    return {Need(asset_.VAL_CUMP, "VAL_CUMP"), Need(asset_.VAL_CUMP_VAL, "VAL_CUMP_VAL")};
-  }
+  Money PurchaseValue() const { return {Need(asset_.VAL_CUMP, "VAL_CUMP"), asset_.VAL_CUMP_VAL}; }
 
   Money Base() const {
     if (!blocked_) return PurchaseValue();
-    return {Need(asset_.VAL_BLOCATA, "VAL_BLOCATA"),
-            Need(asset_.VAL_BLOCATA_VAL, "VAL_BLOCATA_VAL")};
+    return {Need(asset_.VAL_BLOCATA, "VAL_BLOCATA"), asset_.VAL_BLOCATA_VAL};
   }
 
   // What was taken to expenses at once is not depreciated again, but only "L" knows of it.
-  Money LessExpense(Money value) const {
+  Money LessExpense(const Money& value) const {
     if (asset_.TIP_AM != 'L' || !rules_.linearLessExpense) return value;
-    if (fields_.VALCHELEI) value.lei -= *fields_.VALCHELEI;
-    if (fields_.VALCHEVAL) value.currency -= *fields_.VALCHEVAL;
-    return value;
+    return Less(value, fields_.VALCHELEI, fields_.VALCHEVAL);
   }
 
   void NoDepreciation() {
@@ -153,7 +168,7 @@ class Calculation {
   }
 
   // One annual rate since the start; the months of the start and of the date count whole.
-  void Uniform(const std::optional<double>& annualRate, const char* rateField, Money base) {
+  void Uniform(const std::optional<double>& annualRate, const char* rateField, const Money& base) {
     const int n = Count(DifLuni(Start(), dataCalcul_) + 1);
     const double rate = SetMonthlyRate(annualRate, rateField);
     fields_.DALUNI = n;
@@ -169,8 +184,7 @@ class Calculation {
     StoreInLife(Base(),
                 [=](double value) { return (value * coef) + ((value * coef) * rate) * n2; });
     if (rules_.writesExpense) {
-      const Money value = PurchaseValue();
-      SetExpense({value.lei * coef, value.currency * coef});
+      SetExpense(Each(PurchaseValue(), [=](double value) { return value * coef; }));
     }
   }
 
@@ -202,23 +216,22 @@ class Calculation {
   }
 
   template <typename Formula>
-  void StoreInLife(Money base, Formula cumulated) {
-    SetCumulated({cumulated(base.lei), cumulated(base.currency)});
-    SetRemaining(
-        {base.lei - *fields_.VAL_AMOR_CUMULATA, base.currency - *fields_.VAL_AMOR_CUMULATA_VAL});
+  void StoreInLife(const Money& base, Formula cumulated) {
+    SetCumulated(Each(base, cumulated));
+    SetRemaining(Less(base, fields_.VAL_AMOR_CUMULATA, fields_.VAL_AMOR_CUMULATA_VAL));
   }
 
-  void SetCumulated(Money value) {
+  void SetCumulated(const Money& value) {
     fields_.VAL_AMOR_CUMULATA = Rounded(value.lei, "VAL_AMOR_CUMULATA");
     fields_.VAL_AMOR_CUMULATA_VAL = Rounded(value.currency, "VAL_AMOR_CUMULATA_VAL");
   }
 
-  void SetRemaining(Money value) {
+  void SetRemaining(const Money& value) {
     fields_.VAL_RAMASA = Rounded(value.lei, "VAL_RAMASA");
     fields_.VAL_RAMASA_VAL = Rounded(value.currency, "VAL_RAMASA_VAL");
   }
 
-  void SetExpense(Money value) {
+  void SetExpense(const Money& value) {
     fields_.VALCHELEI = Rounded(value.lei, "VALCHELEI");
     fields_.VALCHEVAL = Rounded(value.currency, "VALCHEVAL");
   }
@@ -266,16 +279,6 @@ void CalculateSingle(const AssetParameters& asset, const DateTime& dataCalcul,
   CalculatedFields result = fields;
   Calculation(asset, dataCalcul, Variant::kSingle, result).Run();
   fields = result;
-}
-
-std::optional<double> MonthCharge(const AssetParameters& asset, const CalculatedFields& fields) {
-  if (!fields.COTAL_LUNARA) return std::nullopt;
-  if (asset.BLOCATA == true) {
-    if (!asset.VAL_BLOCATA) return std::nullopt;
-    return Finite(*asset.VAL_BLOCATA * *fields.COTAL_LUNARA, "VAL_AMOR");
-  }
-  if (!asset.VAL_CUMP || !fields.VALCHELEI) return std::nullopt;
-  return Finite((*asset.VAL_CUMP - *fields.VALCHELEI) * *fields.COTAL_LUNARA, "VAL_AMOR");
 }
 
 }  // namespace tevra

@@ -65,7 +65,8 @@ Presence PresenceAt(const AssetParameters& asset, const DateTime& dataCalcul);
 /// Brings `fields` to `dataCalcul` as the monthly run does: an asset that is gone gets zeros in its
 /// cumulated and remaining values and its rate; a TIP_AM other than L, A, N, M, F changes nothing.
 ///
-/// Throws Failure 94 "Invalid use of Null: FIELD" when a field that is needed at this date is Null,
+/// A Null value in currency leaves Null in the currency results that come of it. Throws Failure 94
+/// "Invalid use of Null: FIELD" when a date or a value in lei that is needed at this date is Null,
 /// and Failure 6 "Overflow: FIELD" for a result that its field cannot hold; `fields` is then
 /// unchanged.
 void CalculateForMonth(const AssetParameters& asset, const DateTime& dataCalcul,
@@ -76,10 +77,5 @@ void CalculateForMonth(const AssetParameters& asset, const DateTime& dataCalcul,
 /// count of months beyond 16 bits.
 void CalculateSingle(const AssetParameters& asset, const DateTime& dataCalcul,
                      CalculatedFields& fields);
-
-/// The charge of the month in lei, not rounded, from the rate that the last calculation left in
-/// `fields`. Empty when a value in it is Null, VALCHELEI of an asset that is not blocked among
-/// them. Throws Failure 6 "Overflow: VAL_AMOR" when it is no finite number.
-std::optional<double> MonthCharge(const AssetParameters& asset, const CalculatedFields& fields);
 
 }  // namespace tevra

@@ -1,7 +1,11 @@
 #include "engine/Module3.h"
 
 #include <cstdint>
+#include <iterator>
 #include <limits>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "engine/DepreciationRules.h"
 #include "platform/data/ForwardCursor.h"
@@ -16,93 +20,90 @@ namespace tevra {
 
 namespace {
 
-// What the run reads of a row, in the order of `kRead`, and writes back, in the order of `kWritten`.
-enum Read {
-  rNRCRT, rCOD, rTIP_AM, rBLOCATA, rIESIRE, rDATA_IESIRE, rDATA_ACH, rDATA_IN_AM, rDATA_AMORT, rDATA_SF,
-  rDATA_BLOCARE, rVAL_CUMP, rVAL_CUMP_VAL, rVAL_BLOCATA, rVAL_BLOCATA_VAL, rCOTA_ANUALA, rCOEF,
-  rWritten
+// A field of the table and where the rules have it.
+template <typename Row, typename T>
+struct Place {
+  const char* field;
+  std::optional<T> Row::*member;
 };
-const std::vector<std::string> kRead{
-    "NRCRT",        "COD",         "TIP_AM",          "BLOCATA",   "IESIRE",       "DATA_IESIRE",
-    "DATA_ACH",     "DATA_IN_AM",  "DATA_AMORT",      "DATA_SF",   "DATA_BLOCARE", "VAL_CUMP",
-    "VAL_CUMP_VAL", "VAL_BLOCATA", "VAL_BLOCATA_VAL", "COTA_ANUALA", "COEF"};
 
-// Behind them it reads the fields that it writes, as they are stored.
-constexpr int kStoredAt = rWritten;
-enum Written {
-  wDATA_CALCUL, wDALUNI, wCOTAL_LUNARA, wVAL_AMOR_CUMULATA, wVAL_AMOR_CUMULATA_VAL, wVAL_RAMASA,
-  wVAL_RAMASA_VAL, wVALCHELEI, wVALCHEVAL
+enum Read { kNrCrt, kCod, kTipAm, kBlocata, kIesire, kFirstParameter };
+constexpr const char* kReadFirst[] = {"NRCRT", "COD", "TIP_AM", "BLOCATA", "IESIRE"};
+static_assert(std::size(kReadFirst) == kFirstParameter);
+
+constexpr Place<AssetParameters, DateTime> kDates[] = {
+    {"DATA_IESIRE", &AssetParameters::DATA_IESIRE},
+    {"DATA_ACH", &AssetParameters::DATA_ACH},
+    {"DATA_IN_AM", &AssetParameters::DATA_IN_AM},
+    {"DATA_AMORT", &AssetParameters::DATA_AMORT},
+    {"DATA_SF", &AssetParameters::DATA_SF},
+    {"DATA_BLOCARE", &AssetParameters::DATA_BLOCARE},
 };
-const std::vector<std::string> kWritten{
-    "DATA_CALCUL", "DALUNI",         "COTAL_LUNARA", "VAL_AMOR_CUMULATA", "VAL_AMOR_CUMULATA_VAL",
-    "VAL_RAMASA",  "VAL_RAMASA_VAL", "VALCHELEI",    "VALCHEVAL"};
+constexpr Place<AssetParameters, double> kValues[] = {
+    {"VAL_CUMP", &AssetParameters::VAL_CUMP},
+    {"VAL_CUMP_VAL", &AssetParameters::VAL_CUMP_VAL},
+    {"VAL_BLOCATA", &AssetParameters::VAL_BLOCATA},
+    {"VAL_BLOCATA_VAL", &AssetParameters::VAL_BLOCATA_VAL},
+    {"COTA_ANUALA", &AssetParameters::COTA_ANUALA},
+    {"COEF", &AssetParameters::COEF},
+};
 
-std::vector<std::string> AllRead() {
-  std::vector<std::string> all = kRead;
-  all.insert(all.end(), kWritten.begin(), kWritten.end());
-  return all;
+// What the rules write; the run reads it too, since much of it is only written in some branches.
+enum Written { kDataCalcul, kDaluni, kFirstResult };
+constexpr const char* kWrittenFirst[] = {"DATA_CALCUL", "DALUNI"};
+static_assert(std::size(kWrittenFirst) == kFirstResult);
+
+constexpr Place<CalculatedFields, double> kResults[] = {
+    {"COTAL_LUNARA", &CalculatedFields::COTAL_LUNARA},
+    {"VAL_AMOR_CUMULATA", &CalculatedFields::VAL_AMOR_CUMULATA},
+    {"VAL_AMOR_CUMULATA_VAL", &CalculatedFields::VAL_AMOR_CUMULATA_VAL},
+    {"VAL_RAMASA", &CalculatedFields::VAL_RAMASA},
+    {"VAL_RAMASA_VAL", &CalculatedFields::VAL_RAMASA_VAL},
+    {"VALCHELEI", &CalculatedFields::VALCHELEI},
+    {"VALCHEVAL", &CalculatedFields::VALCHEVAL},
+};
+constexpr int kFirstStored = kFirstParameter + std::size(kDates) + std::size(kValues);
+
+std::vector<std::string> WrittenFields() {
+  std::vector<std::string> fields(std::begin(kWrittenFirst), std::end(kWrittenFirst));
+  for (const auto& place : kResults) fields.emplace_back(place.field);
+  return fields;
+}
+
+std::vector<std::string> ReadFields() {
+  std::vector<std::string> fields(std::begin(kReadFirst), std::end(kReadFirst));
+  for (const auto& place : kDates) fields.emplace_back(place.field);
+  for (const auto& place : kValues) fields.emplace_back(place.field);
+  const std::vector<std::string> written = WrittenFields();
+  fields.insert(fields.end(), written.begin(), written.end());
+  return fields;
 }
 
 AssetParameters Parameters(const ForwardCursor& row) {
   AssetParameters asset;
-  asset.TIP_AM = MethodCode(row.Text(rTIP_AM));
-  asset.BLOCATA = row.YesNo(rBLOCATA);
-  asset.IESIRE = row.YesNo(rIESIRE);
-  asset.DATA_IESIRE = row.Date(rDATA_IESIRE);
-  asset.DATA_ACH = row.Date(rDATA_ACH);
-  asset.DATA_IN_AM = row.Date(rDATA_IN_AM);
-  asset.DATA_AMORT = row.Date(rDATA_AMORT);
-  asset.DATA_SF = row.Date(rDATA_SF);
-  asset.DATA_BLOCARE = row.Date(rDATA_BLOCARE);
-  asset.VAL_CUMP = row.Number(rVAL_CUMP);
-  asset.VAL_CUMP_VAL = row.Number(rVAL_CUMP_VAL);
-  asset.VAL_BLOCATA = row.Number(rVAL_BLOCATA);
-  asset.VAL_BLOCATA_VAL = row.Number(rVAL_BLOCATA_VAL);
-  asset.COTA_ANUALA = row.Number(rCOTA_ANUALA);
-  asset.COEF = row.Number(rCOEF);
+  asset.TIP_AM = MethodCode(row.Text(kTipAm));
+  if (!row.IsNull(kBlocata)) asset.BLOCATA = row.YesNo(kBlocata);
+  asset.IESIRE = row.YesNo(kIesire);
+  int column = kFirstParameter;
+  for (const auto& place : kDates) asset.*place.member = row.Date(column++);
+  for (const auto& place : kValues) asset.*place.member = row.Number(column++);
   return asset;
 }
 
 CalculatedFields StoredFields(const ForwardCursor& row) {
   CalculatedFields fields;
-  fields.DATA_CALCUL = row.Date(kStoredAt + wDATA_CALCUL);
-  if (const auto months = row.Number(kStoredAt + wDALUNI)) fields.DALUNI = CLng(*months);
-  fields.COTAL_LUNARA = row.Number(kStoredAt + wCOTAL_LUNARA);
-  fields.VAL_AMOR_CUMULATA = row.Number(kStoredAt + wVAL_AMOR_CUMULATA);
-  fields.VAL_AMOR_CUMULATA_VAL = row.Number(kStoredAt + wVAL_AMOR_CUMULATA_VAL);
-  fields.VAL_RAMASA = row.Number(kStoredAt + wVAL_RAMASA);
-  fields.VAL_RAMASA_VAL = row.Number(kStoredAt + wVAL_RAMASA_VAL);
-  fields.VALCHELEI = row.Number(kStoredAt + wVALCHELEI);
-  fields.VALCHEVAL = row.Number(kStoredAt + wVALCHEVAL);
+  fields.DATA_CALCUL = row.Date(kFirstStored + kDataCalcul);
+  if (const auto months = row.Number(kFirstStored + kDaluni)) fields.DALUNI = CLng(*months);
+  int column = kFirstStored + kFirstResult;
+  for (const auto& place : kResults) fields.*place.member = row.Number(column++);
   return fields;
 }
 
-void SetNumber(ForwardCursor& row, int column, const std::optional<double>& value) {
-  if (value) {
-    row.SetNumber(column, *value);
-  } else {
-    row.SetNull(column);
-  }
-}
-
 void WriteFields(ForwardCursor& row, const CalculatedFields& fields) {
-  if (fields.DATA_CALCUL) {
-    row.SetDate(wDATA_CALCUL, *fields.DATA_CALCUL);
-  } else {
-    row.SetNull(wDATA_CALCUL);
-  }
-  if (fields.DALUNI) {
-    row.SetWhole(wDALUNI, *fields.DALUNI);
-  } else {
-    row.SetNull(wDALUNI);
-  }
-  SetNumber(row, wCOTAL_LUNARA, fields.COTAL_LUNARA);
-  SetNumber(row, wVAL_AMOR_CUMULATA, fields.VAL_AMOR_CUMULATA);
-  SetNumber(row, wVAL_AMOR_CUMULATA_VAL, fields.VAL_AMOR_CUMULATA_VAL);
-  SetNumber(row, wVAL_RAMASA, fields.VAL_RAMASA);
-  SetNumber(row, wVAL_RAMASA_VAL, fields.VAL_RAMASA_VAL);
-  SetNumber(row, wVALCHELEI, fields.VALCHELEI);
-  SetNumber(row, wVALCHEVAL, fields.VALCHEVAL);
+  row.Set(kDataCalcul, fields.DATA_CALCUL);
+  row.Set(kDaluni, fields.DALUNI);
+  int column = kFirstResult;
+  for (const auto& place : kResults) row.Set(column++, fields.*place.member);
   row.Write();
 }
 
@@ -113,8 +114,9 @@ void CalculateRow(ForwardCursor& row, const DateTime& dataCalcul) {
     CalculateForMonth(Parameters(row), dataCalcul, fields);
     if (!(fields == stored)) WriteFields(row, fields);
   } catch (const Failure& failure) {
-    throw Failure(failure.Number(), failure.Description(),
-                  "NRCRT " + std::string(row.Text(rNRCRT)) + ", COD " + std::string(row.Text(rCOD)));
+    throw Failure(
+        failure.Number(), failure.Description(),
+        "NRCRT " + std::string(row.Text(kNrCrt)) + ", COD " + std::string(row.Text(kCod)));
   }
 }
 
@@ -124,7 +126,7 @@ int RunMonth(Connection& connection, const DateTime& dataCalcul) {
   std::int16_t count = 0;
   Transaction transaction(connection);
   {
-    ForwardCursor row(connection, "Select * from i_imo ", AllRead(), kWritten);
+    ForwardCursor row(connection, "Select * from i_imo ", ReadFields(), WrittenFields());
     while (row.Next()) {
       CalculateRow(row, dataCalcul);
       if (count == std::numeric_limits<std::int16_t>::max()) throw Failure(kOverflow, "Overflow");
@@ -140,14 +142,15 @@ std::string MonthDoneText(int assets) {
 }
 
 void CalculLunar(const DateTime& dataCalcul) {
+  int count = 0;
   try {
     Connection connection(CurrentSession().connectionString);
-    const int count = RunMonth(connection, dataCalcul);
-    connection.Close();
-    MsgBoxEx(MonthDoneText(count), kInformation);
-  } catch (const Failure&) {
+    count = RunMonth(connection, dataCalcul);
+  } catch (const std::exception&) {
     MsgBoxEx(kMonthFailedText, kCritical, kMonthFailedTitle);
+    return;
   }
+  MsgBoxEx(MonthDoneText(count), kInformation);
 }
 
 bool IsValidCalcul(const DateTime& data) {
@@ -155,7 +158,7 @@ bool IsValidCalcul(const DateTime& data) {
     const Recordset last =
         OpenRecordset("SELECT MAX(DATA_CALCUL) FROM I_IMO WHERE NOT Data_Calcul IS NULL");
     return !last.Eof() && last.Get(0).AsDateTime().Month() == data.Month();
-  } catch (const Failure&) {
+  } catch (const std::exception&) {
     return false;
   }
 }
@@ -170,8 +173,12 @@ double DurataNormala(const std::string& cod) {
   return duration.Get(0).AsDouble();
 }
 
-DateTime MonthBegin(const DateTime& date) { return {date.Year(), date.Month(), 1}; }
+DateTime MonthBegin(const DateTime& date) {
+  return {date.Year(), date.Month(), 1};
+}
 
-DateTime MonthEnd(const DateTime& date) { return MonthBegin(date).AddMonths(1).AddDays(-1); }
+DateTime MonthEnd(const DateTime& date) {
+  return MonthBegin(date).AddMonths(1).AddDays(-1);
+}
 
 }  // namespace tevra

@@ -21,8 +21,8 @@ frmRapCHE::frmRapCHE(QWidget* parent)
 void frmRapCHE::Build() {
   Frame1 = new QGroupBox("Atentie!", this);
   Frame1->setObjectName("Frame1");
-  Label1 = new QLabel("Inainte de Listare, va rugam efectuati Calculul amortizarilor pentru luna dorita.",
-                      Frame1);
+  Label1 = new QLabel(
+      "Inainte de Listare, va rugam efectuati Calculul amortizarilor pentru luna dorita.", Frame1);
   Label1->setObjectName("Label1");
   Label1->setWordWrap(true);
   (new QVBoxLayout(Frame1))->addWidget(Label1);
@@ -87,7 +87,6 @@ void frmRapCHE::cmdCalcul_Click() {
     procedure.line = 1;
     const DateTime date = SelectedDate();
     procedure.line = 2;
-    const Hourglass hourglass;
     CalculLunar(date);
   });
 }

@@ -48,11 +48,9 @@ bool IsLetterOrDigit(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
-// A code becomes part of a file's name, so it holds nothing but these.
 void CheckCompany(const Company& company) {
   const std::string& code = company.cod;
-  if (code.empty() || code.size() > kLongestCode ||
-      !std::all_of(code.begin(), code.end(), IsLetterOrDigit)) {
+  if (!CompanyRegistry::IsCode(code)) {
     throw Failure(kInvalidArgument, "Codul societatii are una sau doua litere sau cifre: " + code);
   }
   const std::size_t length = Len(Trim(company.denumire));
@@ -87,6 +85,11 @@ CompanyRegistry::CompanyRegistry(std::filesystem::path file, Recordset rows)
                   file_.string());
   }
   rows_.SetSort(kCode);
+}
+
+bool CompanyRegistry::IsCode(const std::string& code) {
+  return !code.empty() && code.size() <= kLongestCode &&
+         std::all_of(code.begin(), code.end(), IsLetterOrDigit);
 }
 
 bool CompanyRegistry::Exists(const std::string& directory) {

@@ -24,6 +24,9 @@ struct Company {
 /// A directory is written with any separators and case, with or without a final one.
 class CompanyRegistry {
  public:
+  /// True for one or two letters or digits: a code becomes part of a file's name.
+  static bool IsCode(const std::string& code);
+
   static bool Exists(const std::string& directory);
 
   /// Throws Failure 53 when there is none, -2147467259 when the file is damaged or lacks one of the

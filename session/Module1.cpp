@@ -16,13 +16,16 @@ namespace {
 
 constexpr const char* kProvider = "Provider=Microsoft.Jet.OLEDB.4.0";
 
-Value FirstField(const Recordset& recordset) { return recordset.Eof() ? Value() : recordset.Get(0); }
+Value FirstField(const Recordset& recordset) {
+  return recordset.Eof() ? Value() : recordset.Get(0);
+}
 
 }  // namespace
 
 std::string CompanyConnectionString(const std::string& databasesPath, const std::string& database) {
   return std::string(kProvider) + ";Data Source=" + databasesPath + "\\" + database +
-         ";Mode=ReadWrite|Share Deny None;Persist Security Info=False; Jet OLEDB:Database Password=" +
+         ";Mode=ReadWrite|Share Deny None;Persist Security Info=False; Jet OLEDB:Database "
+         "Password=" +
          kFilePassword;
 }
 
@@ -73,8 +76,8 @@ Recordset getDisconectedRecordset(const std::string& sql, bool shape, const Valu
     Recordset recordset = connection.OpenRecordset(sql, params);
     recordset.Disconnect();
     return recordset;
-  } catch (const Failure& failure) {
-    ShowStandardError(failure, procedure);
+  } catch (const std::exception&) {
+    ShowStandardError(CaughtFailure(), procedure);
     return {};
   }
 }
@@ -83,15 +86,21 @@ void OpenConnection(Connection& connection) {
   if (!connection.IsOpen()) connection.Open(CurrentSession().connectionString);
 }
 
-void CloseConnection(Connection& connection) { connection.Close(); }
+void CloseConnection(Connection& connection) {
+  connection.Close();
+}
 
-void CloseRecordset(Recordset& recordset) { recordset.Close(); }
+void CloseRecordset(Recordset& recordset) {
+  recordset.Close();
+}
 
 long GetRecordCount(const std::string& table) {
   return FirstField(OpenRecordset("SELECT Count(*) FROM " + table)).AsLong();
 }
 
-Value Nz(const Value& value) { return Nz(value, 0); }
+Value Nz(const Value& value) {
+  return Nz(value, 0);
+}
 
 Value Nz(const Value& value, const Value& byDefault) {
   if (value.IsNull()) return byDefault;
@@ -105,26 +114,29 @@ std::string GetTextDataCombo(const std::string& sql, const Values& params) {
 
 long GetNextNumber(const std::string& table) {
   static const std::map<std::string, std::string> kStatements{
-      {"kv_linii", "Select Max(NDI) from "},      {"kv_Linii", "Select Max(NDI) from "},
-      {"kv_Banca", "Select Max(NRLINIE) from "},  {"kv_Casa", "Select Max(NRLINIE) from "},
-      {"kv_Div", "Select Max(NRLINIE) from "},    {"I_INV", "Select MAx(nrcrt) from "},
+      {"kv_linii", "Select Max(NDI) from "},     {"kv_Linii", "Select Max(NDI) from "},
+      {"kv_Banca", "Select Max(NRLINIE) from "}, {"kv_Casa", "Select Max(NRLINIE) from "},
+      {"kv_Div", "Select Max(NRLINIE) from "},   {"I_INV", "Select MAx(nrcrt) from "},
       {"I_IMO", "Select Max(NRCRT) from "},
   };
   const auto known = kStatements.find(table);
-  const std::string statement = known == kStatements.end() ? "Select Max(COD) from " : known->second;
+  const std::string statement =
+      known == kStatements.end() ? "Select Max(COD) from " : known->second;
   const Value greatest = FirstField(OpenRecordset(statement + table));
   return greatest.IsNull() ? 1 : CLng(greatest.AsDouble() + 1);
 }
 
 int TipUtilizator(const std::string& user) {
-  const Value type = FirstField(OpenRecordset("SELECT TIP from UTILIZATORI where NUME = ?", {user}));
+  const Value type =
+      FirstField(OpenRecordset("SELECT TIP from UTILIZATORI where NUME = ?", {user}));
   return type.IsNull() ? 0 : type.AsLong();
 }
 
 void LoadParametri() {
   Session& session = CurrentSession();
   session.dataIn = session.dataSn = clock::Today();
-  session.contFurnizori = session.contClienti = session.codDeviza = session.contObiecteInventar = "";
+  session.contFurnizori = session.contClienti = session.codDeviza = session.contObiecteInventar =
+      "";
   Recordset par = OpenRecordset("SELECT * FROM Kv_PAR");
   if (par.Eof()) return;
   session.contFurnizori = par.Get("CONTFURNIZORI").TextOrEmpty();
@@ -135,10 +147,12 @@ void LoadParametri() {
   if (const Value& end = par.Get("DATASN"); !end.IsNull()) session.dataSn = end.AsDateTime();
 }
 
-double Max(double a, double b) { return std::max(a, b); }
+double Max(double a, double b) {
+  return std::max(a, b);
+}
 
-long MsgBoxEx(const std::string& prompt, long buttons, const std::string& title, long /*helpContext*/,
-              const std::array<std::string, 4>& captions) {
+long MsgBoxEx(const std::string& prompt, long buttons, const std::string& title,
+              long /*helpContext*/, const std::array<std::string, 4>& captions) {
   return ShowMessage({prompt, buttons, title, captions});
 }
 

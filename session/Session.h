@@ -8,9 +8,9 @@
 namespace tevra {
 
 struct Session {
-  std::string connectionString;     ///< of the company, see CompanyConnectionString
-  std::string databasesPath;        ///< directory of the company files, with its last separator
-  std::string selectedDatabase;     ///< file name of the company
+  std::string connectionString;  ///< of the company, see CompanyConnectionString
+  std::string databasesPath;     ///< directory of the company files, with its last separator
+  std::string selectedDatabase;  ///< file name of the company
   std::string companyName;
   std::string userName;             ///< as typed
   int userType = 0;                 ///< 0 all, 1 entries and reports, 2 reports

@@ -40,7 +40,7 @@ void CreateEmpty(const fs::path& file) {
                     sqlite3_exec(db, "CREATE TABLE sys_nou (X); DROP TABLE sys_nou", nullptr,
                                  nullptr, nullptr) == SQLITE_OK;
   sqlite3_close(db);
-  if (!done) throw Failure(kDatabaseNotOpened, "The database cannot be made: " + file.string());
+  if (!done) throw Failure(kDatabaseNotOpened, "Baza de date nu poate fi creata: " + file.string());
 }
 
 // A failure while a source is read is that source's.

@@ -1,24 +1,11 @@
 #include "tests/TestCompany.h"
 
-#include <stdlib.h>
-
 #include "session/Module1.h"
 #include "session/Session.h"
 
 namespace fs = std::filesystem;
 
 namespace tevra::test {
-
-TemporaryFolder::TemporaryFolder() {
-  std::string pattern = (fs::temp_directory_path() / "tevra-XXXXXX").string();
-  if (!mkdtemp(pattern.data())) throw std::runtime_error("no temporary folder");
-  path_ = pattern;
-}
-
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  fs::remove_all(path_, ignored);
-}
 
 TestCompany::TestCompany() {
   fs::copy_file(TEVRA_TEMPLATE, Directory() / "Kelnar.mdb");
@@ -59,6 +46,8 @@ MessageRecorder::MessageRecorder() {
   });
 }
 
-MessageRecorder::~MessageRecorder() { SetMessageHandler(before_); }
+MessageRecorder::~MessageRecorder() {
+  SetMessageHandler(before_);
+}
 
 }  // namespace tevra::test

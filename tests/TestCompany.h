@@ -7,24 +7,12 @@
 
 #include "platform/data/Connection.h"
 #include "platform/system/MessageBox.h"
+#include "tests/system/Folder.h"
 
 namespace tevra::test {
 
-/// A new empty folder, removed with all in it at the end of its life.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  ~TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  const std::filesystem::path& Path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
-
-/// Kelnar01.mdb (and the template Kelnar.mdb) in a folder; the session speaks of it as after a login of
-/// admin.
+/// Kelnar01.mdb (and the template Kelnar.mdb) in a folder; the session speaks of it as after a
+/// login of admin.
 class TestCompany {
  public:
   TestCompany();
@@ -40,8 +28,8 @@ class TestCompany {
   TemporaryFolder folder_;
 };
 
-/// Answers messages from a queue (the default button's OK or Yes when it is empty) and keeps what was
-/// shown.
+/// Answers messages from a queue (the default button's OK or Yes when it is empty) and keeps what
+/// was shown.
 class MessageRecorder {
  public:
   MessageRecorder();

@@ -25,7 +25,7 @@ std::optional<std::string> CodeOf(const std::string& name) {
   const std::string code = name.substr(kPrefix.size(), name.size() - fixed);
   const std::string_view end = std::string_view(name).substr(name.size() - kExtension.size());
   const bool ours = EqualNoCase(name.substr(0, kPrefix.size()), kPrefix) &&
-                    EqualNoCase(end, kExtension) && IsCompanyCode(code);
+                    EqualNoCase(end, kExtension) && CompanyRegistry::IsCode(code);
   return ours ? std::optional(UCase(code)) : std::nullopt;
 }
 
@@ -56,15 +56,12 @@ std::vector<Company> FilesByName(const fs::path& directory) {
 
 }  // namespace
 
-bool IsCompanyCode(const std::string& code) {
-  const auto letterOrDigit = [](char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-  };
-  return !code.empty() && code.size() <= 2 && std::all_of(code.begin(), code.end(), letterOrDigit);
-}
-
 fs::path CompanyDirectory(const std::string& written) {
   if (!paths::FolderExists(written)) throw Refusal("Directorul \"" + written + "\" nu exista !");
+  // It would end the path in a connection string.
+  if (written.find(';') != std::string::npos) {
+    throw Refusal("Directorul \"" + written + "\" nu poate avea \";\" in nume !");
+  }
   const fs::path path = fs::absolute(paths::Resolve(written)).lexically_normal();
   return path.has_filename() ? path : path.parent_path();
 }

@@ -9,11 +9,8 @@
 
 namespace tevra::batch {
 
-/// True for one or two letters or digits.
-bool IsCompanyCode(const std::string& code);
-
 /// The full path of the directory that the user named, found without case. Throws Refusal when
-/// there is no such directory.
+/// there is no such directory, or when a connection string could not name it.
 std::filesystem::path CompanyDirectory(const std::string& written);
 
 /// The companies of the registry, by code. Where there is none, those whose files

@@ -6,11 +6,11 @@
 
 namespace {
 
-// Nobody can press a button here: what is asked is not agreed to.
+// Nobody can press a button here: what is asked is not agreed to, and the last button is the one
+// that agrees to nothing.
 long TellMessage(const tevra::MessageRequest& request) {
-  constexpr long kButtons = 7;
   std::cerr << request.prompt << '\n';
-  return (request.buttons & kButtons) == tevra::kYesNo ? tevra::kNo : tevra::kOk;
+  return tevra::ButtonsOf(request.buttons).back().answer;
 }
 
 }  // namespace

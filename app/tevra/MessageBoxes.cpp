@@ -9,29 +9,18 @@ namespace tevra {
 
 namespace {
 
-struct Button {
-  long code;
-  const char* caption;
-};
-
-std::vector<Button> ButtonsOf(long word) {
-  switch (word & 15) {
-    case kOkCancel: return {{kOk, "OK"}, {kCancel, "Anulare"}};
-    case 2: return {{kAbort, "Abandon"}, {kRetry, "Reincearca"}, {kIgnore, "Ignora"}};
-    case 3: return {{kYes, "Da"}, {kNo, "Nu"}, {kCancel, "Anulare"}};
-    case kYesNo: return {{kYes, "Da"}, {kNo, "Nu"}};
-    case 5: return {{kRetry, "Reincearca"}, {kCancel, "Anulare"}};
-    default: return {{kOk, "OK"}};
-  }
-}
-
 QMessageBox::Icon IconOf(long word) {
-  switch (word & 112) {
-    case kCritical: return QMessageBox::Critical;
-    case kQuestion: return QMessageBox::Question;
-    case kExclamation: return QMessageBox::Warning;
-    case kInformation: return QMessageBox::Information;
-    default: return QMessageBox::NoIcon;
+  switch (word & kIconMask) {
+    case kCritical:
+      return QMessageBox::Critical;
+    case kQuestion:
+      return QMessageBox::Question;
+    case kExclamation:
+      return QMessageBox::Warning;
+    case kInformation:
+      return QMessageBox::Information;
+    default:
+      return QMessageBox::NoIcon;
   }
 }
 
@@ -43,15 +32,16 @@ long ShowMessageBox(const MessageRequest& request) {
   box.setObjectName("frmMsgBox");
   box.setTextFormat(Qt::PlainText);
   box.setText(QString::fromStdString(request.prompt));
-  const std::vector<Button> buttons = ButtonsOf(request.buttons);
+  const std::vector<MessageButton> buttons = ButtonsOf(request.buttons);
   std::map<QAbstractButton*, long> codes;
   for (std::size_t i = 0; i < buttons.size(); ++i) {
     const std::string& own = request.captions[i];
     // The role keeps the order in which they are added, whatever the desktop's habits.
-    QPushButton* button = box.addButton(
-        own.empty() ? QString(buttons[i].caption) : QString::fromStdString(own), QMessageBox::ActionRole);
-    codes[button] = buttons[i].code;
-    if (static_cast<long>(i) == (request.buttons & 768) / 256) box.setDefaultButton(button);
+    QPushButton* button =
+        box.addButton(own.empty() ? QString(buttons[i].caption) : QString::fromStdString(own),
+                      QMessageBox::ActionRole);
+    codes[button] = buttons[i].answer;
+    if (i == DefaultButton(request.buttons)) box.setDefaultButton(button);
     if (i + 1 == buttons.size()) box.setEscapeButton(button);
   }
   box.exec();

@@ -103,7 +103,7 @@ void CopyRows(Database& database, const TableDef& old, const TableDef& changed) 
       const Value value = ConvertToField(select.Column(column, &old.fields[i]), changed.fields[i]);
       if (value.IsNull() && IsKeyField(changed, changed.fields[i])) {
         throw Failure(kValueNotAccepted,
-                      "Value not accepted: " + names[i] + ": a value is required");
+                      "Valoare neacceptata: " + names[i] + ": valoarea este obligatorie");
       }
       insert.Bind(column + 1, value);
     }

@@ -40,7 +40,7 @@ void CheckLength(const fs::path& file, const detail::FileStart& start) {
   std::error_code ignored;
   if (fs::file_size(file, ignored) < pageSize * BigEndian(start, kPageCount)) {
     throw Failure(kDatabaseNotOpened,
-                  "The database is damaged, a part of it is missing: " + file.string());
+                  "Baza de date este deteriorata, ii lipseste o parte: " + file.string());
   }
 }
 
@@ -71,7 +71,7 @@ bool TakeAlone(const detail::EngineHandle& db, const fs::path& file) {
   }
 }
 
-void CopyPages(const fs::path& source, const fs::path& copy) {
+void CopyPages(const fs::path& source, const fs::path& copy, const fs::path& target) {
   const detail::EngineHandle from =
       paths::IsReadOnly(source)
           ? detail::OpenToRead(source, kBusyMilliseconds)
@@ -86,13 +86,15 @@ void CopyPages(const fs::path& source, const fs::path& copy) {
   const int code = sqlite3_backup_step(backup, -1);
   sqlite3_backup_finish(backup);
   if (code != SQLITE_DONE) {
-    throw detail::EngineFailure(code, sqlite3_errmsg(to.get()), source.string(), {});
+    const bool full = (code & 0xff) == SQLITE_FULL;
+    throw detail::EngineFailure(code, sqlite3_errmsg(to.get()), (full ? target : source).string(),
+                                {});
   }
   // Failures of the copy are the source's, whose name the user knows.
   if (detail::QueryOn(to, "PRAGMA journal_mode=DELETE", source) != "delete" ||
       detail::QueryOn(to, "PRAGMA integrity_check", source) != "ok" ||
       detail::QueryOn(to, "PRAGMA application_id", source) != std::to_string(kApplicationId)) {
-    throw Failure(kDatabaseNotOpened, "The database is damaged: " + source.string());
+    throw Failure(kDatabaseNotOpened, "Baza de date este deteriorata: " + source.string());
   }
 }
 
@@ -102,9 +104,9 @@ void CheckCompanyFile(const fs::path& file) {
   std::error_code error;
   const auto status = fs::status(file, error);
   if (!fs::exists(status)) {
-    throw Failure(kDatabaseNotOpened, "The database is not there: " + file.string());
+    throw Failure(kDatabaseNotOpened, "Baza de date nu exista: " + file.string());
   }
-  const std::string foreign = "This is no company database: " + file.string();
+  const std::string foreign = "Fisierul nu este o baza de date a unei societati: " + file.string();
   if (!fs::is_regular_file(status)) throw Failure(kDatabaseNotOpened, foreign);
   const detail::FileStart start = detail::ReadStart(file);
   static constexpr std::string_view kMagic("SQLite format 3\0", 16);
@@ -115,6 +117,12 @@ void CheckCompanyFile(const fs::path& file) {
     throw Failure(kDatabaseNotOpened, foreign);
   }
   CheckLength(file, start);
+}
+
+void RemoveCompanyFile(const fs::path& file) noexcept {
+  std::error_code ignored;
+  fs::remove(file, ignored);
+  RemoveSideFiles(file);
 }
 
 void RequireSoleUse(const fs::path& file) {
@@ -129,7 +137,8 @@ SoleUse::SoleUse(const fs::path& file) {
   db_ = std::move(db);
 }
 
-void CopyCompanyFile(const fs::path& source, const fs::path& target) {
+void CopyCompanyFile(const fs::path& source, const fs::path& target,
+                     const std::function<void(const fs::path& copy)>& prepare) {
   CheckCompanyFile(source);
   std::optional<SoleUse> alone;
   if (fs::exists(target)) {
@@ -138,7 +147,12 @@ void CopyCompanyFile(const fs::path& source, const fs::path& target) {
   } else {
     RemoveSideFiles(target);
   }
-  paths::ReplaceFile(target, [&](const fs::path& copy) { CopyPages(source, copy); });
+  paths::ReplaceFile(target, [&](const fs::path& copy) {
+    CopyPages(source, copy, target);
+    if (!prepare) return;
+    prepare(copy);
+    RequireSoleUse(copy);
+  });
 }
 
 }  // namespace tevra

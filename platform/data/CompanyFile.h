@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 
 struct sqlite3;
@@ -29,9 +30,15 @@ class SoleUse {
   std::shared_ptr<sqlite3> db_;
 };
 
+/// Removes a file with whatever side files the engine left beside it; nothing happens to what is
+/// not there or cannot be removed.
+void RemoveCompanyFile(const std::filesystem::path& file) noexcept;
+
 /// Copies a company file to `target`, which is replaced whole or not at all; the copy has been read
-/// back and checked. An existing `target` must not be in use. Throws Failure as CheckCompanyFile,
-/// RequireSoleUse and paths::ReplaceFile.
-void CopyCompanyFile(const std::filesystem::path& source, const std::filesystem::path& target);
+/// back and checked. `prepare` may change the copy, and close it, before it gets its name. An
+/// existing `target` must not be in use. Throws Failure as CheckCompanyFile, RequireSoleUse and
+/// paths::ReplaceFile, and what `prepare` throws.
+void CopyCompanyFile(const std::filesystem::path& source, const std::filesystem::path& target,
+                     const std::function<void(const std::filesystem::path& copy)>& prepare = {});
 
 }  // namespace tevra

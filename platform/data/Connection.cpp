@@ -22,6 +22,20 @@ namespace tevra {
 
 namespace {
 
+// Reading goes on beside writing only with the side file. Where another tool holds the file without
+// it, the switch would need the file alone; the work goes on all the same, the one waiting for the
+// other.
+void PreferSideFile(detail::Database& database, int lockTimeout) {
+  sqlite3_busy_timeout(database.db, 0);
+  try {
+    database.Run("PRAGMA journal_mode=WAL");
+  } catch (const Failure&) {
+    const int code = sqlite3_errcode(database.db) & 0xff;
+    if (code != SQLITE_BUSY && code != SQLITE_LOCKED) throw;
+  }
+  sqlite3_busy_timeout(database.db, lockTimeout);
+}
+
 void Configure(detail::Database& database, const ConnectionString& parts) {
   sqlite3_db_config(database.db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(database.db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
@@ -33,7 +47,7 @@ void Configure(detail::Database& database, const ConnectionString& parts) {
   if (parts.exclusive) {
     database.Run("PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT");
   } else {
-    database.Run("PRAGMA journal_mode=WAL");
+    PreferSideFile(database, parts.lockTimeout);
   }
   database.Run("PRAGMA synchronous=FULL");
 }

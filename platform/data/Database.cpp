@@ -21,15 +21,15 @@ Failure ConstraintFailure(int extended, const std::string& message, const std::s
   const std::string field = RefusedField(message);
   switch (extended) {
     case SQLITE_CONSTRAINT_NOTNULL:
-      return {kValueNotAccepted, "Value not accepted: " + field + ": a value is required",
+      return {kValueNotAccepted, "Valoare neacceptata: " + field + ": valoarea este obligatorie",
               statement};
     case SQLITE_CONSTRAINT_UNIQUE:
     case SQLITE_CONSTRAINT_PRIMARYKEY:
     case SQLITE_CONSTRAINT_ROWID:
-      return {kValueNotAccepted, "Value not accepted: " + field + ": already in the table",
+      return {kValueNotAccepted, "Valoare neacceptata: " + field + ": exista deja in tabela",
               statement};
     default:
-      return {kValueNotAccepted, "Value not accepted: " + field, statement};
+      return {kValueNotAccepted, "Valoare neacceptata: " + field, statement};
   }
 }
 
@@ -54,23 +54,25 @@ Failure EngineFailure(int code, const std::string& message, const std::string& p
   switch (code & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-      return {kDatabaseNotOpened, "The database is in use by another program: " + path, statement};
+      return {kDatabaseNotOpened, "Baza de date este folosita de alt program: " + path, statement};
     case SQLITE_FULL:
       return {kDiskFull, "Disk full: " + path, statement};
     case SQLITE_READONLY:
     case SQLITE_PERM:
       return {kPermissionDenied, "Permission denied: " + path, statement};
     case SQLITE_CANTOPEN:
-      return {kDatabaseNotOpened, "The database cannot be opened: " + path, statement};
+      return {kDatabaseNotOpened, "Baza de date nu poate fi deschisa: " + path, statement};
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-      return {kDatabaseNotOpened, "The database is damaged: " + path, statement};
+      return {kDatabaseNotOpened, "Baza de date este deteriorata: " + path, statement};
     case SQLITE_IOERR:
-      return {kDatabaseNotOpened, "The database cannot be read or written: " + path, statement};
+      // The side file's index could not be made longer: there is no room for it.
+      if (code == SQLITE_IOERR_SHMSIZE) return {kDiskFull, "Disk full: " + path, statement};
+      return {kDatabaseNotOpened, "Baza de date nu poate fi citita sau scrisa: " + path, statement};
     case SQLITE_CONSTRAINT:
       return ConstraintFailure(code, message, statement);
     case SQLITE_MISMATCH:
-      return {kValueNotAccepted, "Value not accepted: " + message, statement};
+      return {kValueNotAccepted, "Valoare neacceptata: " + message, statement};
     default:
       return {kStatementError, message, statement};
   }

@@ -25,12 +25,12 @@ constexpr DeclaredName kDeclaredNames[] = {
 Value ConvertText(const Value& value, const FieldDef& field) {
   const std::string text = value.AsText();
   if (!IsValidUtf8(text)) {
-    throw Failure(kValueNotAccepted, "Value not accepted: " + field.name + ": not a text");
+    throw Failure(kValueNotAccepted, "Valoare neacceptata: " + field.name + ": nu este un text");
   }
   const std::size_t length = Len(text);
   if (length > static_cast<std::size_t>(field.size)) {
-    throw Failure(kValueNotAccepted, "Value not accepted: " + field.name + ": " +
-                                         std::to_string(length) + " characters, at most " +
+    throw Failure(kValueNotAccepted, "Valoare neacceptata: " + field.name + ": " +
+                                         std::to_string(length) + " caractere, cel mult " +
                                          std::to_string(field.size));
   }
   return text;

@@ -136,6 +136,18 @@ void ForwardCursor::SetDate(int column, const DateTime& date) {
   sqlite3_bind_text(impl_->update->Get(), column + 1, buffer.data(), 19, SQLITE_STATIC);
 }
 
+void ForwardCursor::Set(int column, const std::optional<double>& value) {
+  value ? SetNumber(column, *value) : SetNull(column);
+}
+
+void ForwardCursor::Set(int column, const std::optional<std::int32_t>& value) {
+  value ? SetWhole(column, *value) : SetNull(column);
+}
+
+void ForwardCursor::Set(int column, const std::optional<DateTime>& value) {
+  value ? SetDate(column, *value) : SetNull(column);
+}
+
 void ForwardCursor::Write() {
   Impl& impl = *impl_;
   if (!impl.onRow) throw Failure(kNoCurrentRecord, "No current record", impl.sql);
@@ -144,7 +156,8 @@ void ForwardCursor::Write() {
   impl.update->Step();
   impl.update->Reset();
   if (sqlite3_changes(impl.database->db) != 1) {
-    throw Failure(kRowChanged, "The row was changed or deleted by another user", impl.sql);
+    throw Failure(kRowChanged, "Inregistrarea a fost modificata sau stearsa de alt utilizator",
+                  impl.sql);
   }
 }
 

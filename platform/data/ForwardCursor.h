@@ -40,6 +40,11 @@ class ForwardCursor {
   void SetWhole(int column, std::int64_t value);
   void SetDate(int column, const DateTime& date);
 
+  /// The same, an empty one as Null.
+  void Set(int column, const std::optional<double>& value);
+  void Set(int column, const std::optional<std::int32_t>& value);
+  void Set(int column, const std::optional<DateTime>& value);
+
   /// Writes the set columns into the current row. Throws Failure 3021 without one, -2147217864 when
   /// it was deleted meanwhile, else as Connection::Execute.
   void Write();

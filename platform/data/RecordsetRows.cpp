@@ -23,7 +23,8 @@ bool AllAreTables(Database& database, const std::vector<dialect::Source>& source
 }
 
 [[noreturn]] void ThrowRowChanged(const std::string& table) {
-  throw Failure(kRowChanged, "The row was changed or deleted by another user: " + table);
+  throw Failure(kRowChanged,
+                "Inregistrarea a fost modificata sau stearsa de alt utilizator: " + table);
 }
 
 // A key of one whole number is the row id itself and moves with it.
@@ -93,7 +94,7 @@ void RowStore::Load() {
   ++loads;
 }
 
-// A table that stands twice in a statement leaves open which of its rows is meant.
+// A table that apare de doua ori in a statement leaves open which of its rows is meant.
 std::size_t RowStore::SourceOf(std::size_t field) const {
   const auto isIts = [&](const dialect::Source& source) {
     return EqualNoCase(source.table, fields[field].baseTable);
@@ -102,8 +103,8 @@ std::size_t RowStore::SourceOf(std::size_t field) const {
     return static_cast<std::size_t>(std::find_if(sources.begin(), sources.end(), isIts) -
                                     sources.begin());
   }
-  throw Failure(kValueNotAccepted, "Value not accepted: " + fields[field].def.name +
-                                       ": the field cannot be changed here");
+  throw Failure(kValueNotAccepted, "Valoare neacceptata: " + fields[field].def.name +
+                                       ": campul nu poate fi modificat aici");
 }
 
 // The table may have numbered the row and filled defaults: what is shown is what was stored.
@@ -128,15 +129,15 @@ void RowStore::Reread(Connection& target, Row& row, std::size_t source) {
 
 void RowStore::InsertInto(Connection& target, Row& row, const Edits& edits) {
   if (sources.empty())
-    throw Failure(kValueNotAccepted, "Value not accepted: rows cannot be added here");
+    throw Failure(kValueNotAccepted, "Valoare neacceptata: aici nu se pot adauga inregistrari");
   const std::size_t source = edits.empty() ? 0 : SourceOf(edits.begin()->first);
   std::string names;
   std::string marks;
   Values values;
   for (const auto& [field, value] : edits) {
     if (SourceOf(field) != source) {
-      throw Failure(kValueNotAccepted, "Value not accepted: " + fields[field].def.name +
-                                           ": a new row belongs to one table");
+      throw Failure(kValueNotAccepted, "Valoare neacceptata: " + fields[field].def.name +
+                                           ": o inregistrare noua apartine unei singure tabele");
     }
     names += (values.empty() ? "" : ", ") + Quoted(fields[field].baseColumn);
     marks += values.empty() ? "?" : ", ?";
@@ -168,7 +169,7 @@ void RowStore::UpdateIn(Connection& target, Row& row, const Values& before, cons
     const std::string& table = sources[source].table;
     const Value& rowId = before[fields.size() + source];
     if (rowId.IsNull()) {
-      throw Failure(kValueNotAccepted, "Value not accepted: " + fields[changed.front()].def.name +
+      throw Failure(kValueNotAccepted, "Valoare neacceptata: " + fields[changed.front()].def.name +
                                            ": there is no row of " + table + " here");
     }
     std::string words = "UPDATE " + Quoted(table) + " SET ";
@@ -205,7 +206,7 @@ void RowStore::FollowRowId(Connection& target, Row& row, const Values& before,
 
 void RowStore::DeleteFrom(Connection& target, const Row& row) {
   if (sources.empty()) {
-    throw Failure(kValueNotAccepted, "Value not accepted: rows cannot be deleted here");
+    throw Failure(kValueNotAccepted, "Valoare neacceptata: aici nu se pot sterge inregistrari");
   }
   Statement erase(*target.Handle(), "DELETE FROM " + Quoted(sources[0].table) + " WHERE rowid = ?");
   erase.Bind({row.values[fields.size()]});

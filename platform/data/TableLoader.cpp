@@ -34,6 +34,12 @@ double WholeNumber(const std::string& text) {
   return number;
 }
 
+DateTime InvariantDate(const std::string& text) {
+  const auto date = WholeDate(text);
+  if (!date) throw ValueFailure(kTypeMismatch, text);
+  return *date;
+}
+
 Value InvariantYesNo(const std::string& text) {
   const Value value(text);
   for (const char* word : {"True", "Da", "False", "Nu"}) {
@@ -53,7 +59,7 @@ Value InvariantValue(const std::string& text, const FieldDef& field) {
       case FieldType::Double:
         return InvariantNumber(text);
       case FieldType::DateTime:
-        return CDate(text);
+        return InvariantDate(text);
       default:
         return WholeNumber(text);
     }
@@ -117,7 +123,8 @@ class Loader {
 
   void ReadHeader() {
     const auto header = reader_.Next();
-    if (!header) throw Failure(kValueNotAccepted, "Value not accepted: the file has no header row");
+    if (!header)
+      throw Failure(kValueNotAccepted, "Valoare neacceptata: fisierul nu are rand de antet");
     for (const CsvCell& cell : *header) {
       const std::string name = Trim(cell.text);
       const FieldDef* field = table_.Find(name);
@@ -125,7 +132,7 @@ class Loader {
       for (const FieldDef* other : fields_) {
         if (other != field) continue;
         throw Failure(kValueNotAccepted,
-                      "Value not accepted: the column " + name + " stands twice");
+                      "Valoare neacceptata: coloana " + name + " apare de doua ori");
       }
       fields_.push_back(field);
     }
@@ -143,9 +150,9 @@ class Loader {
 
   void Insert(detail::Statement& insert, const std::vector<CsvCell>& row) {
     if (row.size() != fields_.size()) {
-      throw Failure(kValueNotAccepted, "Value not accepted: " + std::to_string(row.size()) +
-                                           " cells under " + std::to_string(fields_.size()) +
-                                           " columns");
+      throw Failure(kValueNotAccepted, "Valoare neacceptata: " + std::to_string(row.size()) +
+                                           " celule sub " + std::to_string(fields_.size()) +
+                                           " coloane");
     }
     RequireAbsent();
     for (std::size_t i = 0; i < row.size(); ++i) {
@@ -159,7 +166,8 @@ class Loader {
 
   static void Require(const FieldDef& field) {
     if (!field.required || field.autoNumber) return;
-    throw Failure(kValueNotAccepted, "Value not accepted: " + field.name + ": a value is required");
+    throw Failure(kValueNotAccepted,
+                  "Valoare neacceptata: " + field.name + ": valoarea este obligatorie");
   }
 
   // The engine would number a key by itself where the file brings none.

@@ -19,11 +19,11 @@ struct LoadResult {
   std::vector<RefusedRow> refused;
 };
 
-/// Reads a header row with the fields' names and then the rows. Numbers have a decimal point, dates are
-/// 2006-12-31 or 31.12.2006, yes/no is -1 or 0 (1, Da, Nu, True, False too). An absent column takes the
-/// field's default, an empty cell is Null (`quotedEmptyIsText`: a quoted one is the empty text). Throws
-/// Failure 3265 for a table or column that is not there, -2147217887 for a column named twice or a file
-/// without a header, and the file's own failures.
+/// Reads a header row with the fields' names and then the rows. Numbers have a decimal point, dates
+/// are 2006-12-31 or 31.12.2006, yes/no is -1 or 0 (1, Da, Nu, True, False too). An absent column
+/// takes the field's default, an empty cell is Null (`quotedEmptyIsText`: a quoted one is the empty
+/// text). Throws Failure 3265 for a table or column that is not there, -2147217887 for a column
+/// named twice or a file without a header, and the file's own failures.
 LoadResult LoadTable(Connection& connection, std::istream& csv, const std::string& table,
                      bool quotedEmptyIsText = false);
 

@@ -1,4 +1,5 @@
-// What every screen is made of: a window whose events run procedures with one way of telling failures.
+// What every screen is made of: a window whose events run procedures with one way of telling
+// failures.
 #pragma once
 
 #include <QPushButton>
@@ -19,26 +20,19 @@ class Form : public QWidget {
   /// What a procedure does; it counts its statements into `procedure.line` for the error message.
   using Body = std::function<void(Procedure& procedure)>;
 
-  /// Runs a procedure of this screen. A failure is shown in the standard form and ends the procedure
-  /// only: the caller's next step still runs.
+  /// Runs a procedure of this screen. A failure is shown in the standard form and ends the
+  /// procedure only: the caller's next step still runs.
   void Run(const char* procedure, const Body& body);
 
-  /// Enter presses the default button, Escape the one set here, from wherever the focus is and nobody
-  /// else wants the key.
+  /// Enter presses the button that has the focus, else the default one, and Escape the one set
+  /// here, where no control wants the key for itself.
   void SetCancelButton(QPushButton* button) { cancel_ = button; }
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  QPushButton* cancel_ = nullptr;
-};
+  QPushButton* ButtonOfEnter() const;
 
-/// Shows the hourglass for as long as it lives.
-class Hourglass {
- public:
-  Hourglass();
-  ~Hourglass();
-  Hourglass(const Hourglass&) = delete;
-  Hourglass& operator=(const Hourglass&) = delete;
+  QPushButton* cancel_ = nullptr;
 };
 
 }  // namespace tevra

@@ -54,7 +54,7 @@ bool IsPlainAscii(char c) {
 }
 
 [[noreturn]] void ThrowForbidden(const char* what) {
-  throw Failure(kValueNotAccepted, std::string("Value not accepted: ") + what);
+  throw Failure(kValueNotAccepted, std::string("Valoare neacceptata: ") + what);
 }
 
 void CheckBeyondAscii(std::string_view text) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace tevra {
 
@@ -11,7 +12,10 @@ namespace tevra {
 enum MessageButtons : long {
   kOkOnly = 0,
   kOkCancel = 1,
+  kAbortRetryIgnore = 2,
+  kYesNoCancel = 3,
   kYesNo = 4,
+  kRetryCancel = 5,
   kCritical = 16,
   kQuestion = 32,
   kExclamation = 48,
@@ -28,6 +32,26 @@ enum MessageAnswer : long {
   kYes = 6,
   kNo = 7
 };
+
+/// The parts of the buttons word.
+enum MessageMask : long {
+  kButtonsMask = 0xF,
+  kIconMask = 0x70,
+  kDefaultMask = 0x300,
+  kDefaultStep = 0x100
+};
+
+struct MessageButton {
+  long answer;          ///< its code
+  const char* caption;  ///< unless the message brings its own
+};
+
+/// The buttons of a word, from left to right.
+std::vector<MessageButton> ButtonsOf(long word);
+
+/// The place in ButtonsOf of the button that Enter presses; the first where the word names none
+/// there is.
+std::size_t DefaultButton(long word);
 
 struct MessageRequest {
   std::string prompt;

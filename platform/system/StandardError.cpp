@@ -1,5 +1,7 @@
 #include "platform/system/StandardError.h"
 
+#include <new>
+
 #include "platform/system/MessageBox.h"
 
 namespace tevra {
@@ -8,6 +10,18 @@ std::string StandardErrorText(const Failure& failure, const Procedure& procedure
   return "Eroare " + std::to_string(failure.Number()) + " - " + failure.Description() +
          " in procedura " + procedure.name + " din " + procedure.kind + " " + procedure.module +
          " Linia: " + std::to_string(procedure.line);
+}
+
+Failure CaughtFailure() {
+  try {
+    throw;
+  } catch (const Failure& failure) {
+    return failure;
+  } catch (const std::bad_alloc&) {
+    return {kOutOfMemory, "Out of memory"};
+  } catch (const std::exception& error) {
+    return {kInternalError, std::string("Internal error: ") + error.what()};
+  }
 }
 
 void ShowStandardError(const Failure& failure, const Procedure& procedure) {

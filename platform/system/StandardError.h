@@ -10,15 +10,19 @@ namespace tevra {
 /// Where an error message says that something failed.
 struct Procedure {
   std::string name;
-  std::string kind;    ///< "Form", "Module", "Class Module", "User Control"
+  std::string kind;  ///< "Form", "Module", "Class Module", "User Control"
   std::string module;
-  int line = 0;        ///< the statement counter, kept for this message alone
+  int line = 0;  ///< the statement counter, kept for this message alone
 };
 
 /// The long form: number, description, procedure, module and statement counter.
 std::string StandardErrorText(const Failure& failure, const Procedure& procedure);
 
-/// Shows it, with the critical icon.
+/// What is being caught, as a failure: call it in a catch block. Whatever is no failure of ours
+/// becomes one (7 out of memory, else 51).
+Failure CaughtFailure();
+
+/// Shows a failure in the long form, with the critical icon.
 void ShowStandardError(const Failure& failure, const Procedure& procedure);
 
 }  // namespace tevra

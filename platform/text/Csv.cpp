@@ -19,7 +19,6 @@ int CsvReader::GetOutsideQuotes() {
 
 // A file that breaks off must not pass for a shorter one.
 void CsvReader::RequireReadable() const {
-  constexpr long kDeviceError = 57;
   if (in_.bad()) throw Failure(kDeviceError, "Device I/O error");
 }
 
@@ -43,14 +42,14 @@ CsvCell CsvReader::ReadCell(int& end) {
     for (c = Get();; c = Get()) {
       if (c == std::istream::traits_type::eof()) {
         RequireReadable();
-        throw Failure(kTypeMismatch, "Type mismatch: a quote is not closed");
+        throw Failure(kTypeMismatch, "Type mismatch: ghilimele neinchise");
       }
       if (c == '"' && (c = GetOutsideQuotes()) != '"') break;
       cell.text += static_cast<char>(c);
     }
     if (c != ',' && c != '\n' && c != std::istream::traits_type::eof()) {
       while (c != '\n' && c != std::istream::traits_type::eof()) c = Get();
-      throw Failure(kTypeMismatch, "Type mismatch: text behind a closed quote");
+      throw Failure(kTypeMismatch, "Type mismatch: text dupa ghilimelele de inchidere");
     }
   } else {
     for (; c != ',' && c != '\n' && c != std::istream::traits_type::eof(); c = GetOutsideQuotes()) {

@@ -174,6 +174,19 @@ DateTime CDate(std::string_view text) {
   return *date;
 }
 
+std::optional<DateTime> WholeDate(std::string_view text) {
+  constexpr std::string_view kDayFirst = "99.99.9999";
+  const std::string_view start = text.substr(0, kDayFirst.size());
+  const bool dayFirst =
+      std::equal(start.begin(), start.end(), kDayFirst.begin(), kDayFirst.end(),
+                 [](char c, char p) { return p == '9' ? c >= '0' && c <= '9' : c == p; });
+  if (!dayFirst) return DateTime::FromIso(text);
+  const std::string day(text.substr(0, 2));
+  const std::string month(text.substr(3, 2));
+  return DateTime::FromIso(std::string(text.substr(6, 4)) + '-' + month + '-' + day +
+                           std::string(text.substr(kDayFirst.size())));
+}
+
 std::string ShortDate(const DateTime& date) {
   return FormatByMask(date, "dd.mm.yyyy");
 }

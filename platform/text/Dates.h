@@ -1,6 +1,7 @@
 // Dates as Romanian users write and read them: 31.12.2006, the day first.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,11 @@ bool IsDate(std::string_view text);
 /// "10:20:30"; blanks around it do not count. Throws Failure 13 for anything else, 31.02.2006 among
 /// it.
 DateTime CDate(std::string_view text);
+
+/// Reads "31.12.2006" or "2006-12-31" with every digit there, and an optional " 10:20:30": for
+/// files and scripts, where 1.2.06 may not mean what it would be taken for. Nothing for any other
+/// text.
+std::optional<DateTime> WholeDate(std::string_view text);
 
 /// "31.12.2006".
 std::string ShortDate(const DateTime& date);

@@ -11,9 +11,12 @@ namespace tevra {
 enum ErrorNumber : long {
   kInvalidArgument = 5,
   kOverflow = 6,
+  kOutOfMemory = 7,
   kDivisionByZero = 11,
   kTypeMismatch = 13,
+  kInternalError = 51,
   kFileNotFound = 53,
+  kDeviceError = 57,
   kDiskFull = 61,
   kPermissionDenied = 70,
   kPathNotFound = 76,

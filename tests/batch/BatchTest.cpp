@@ -1,13 +1,8 @@
 #include "tests/batch/BatchTest.h"
 
-#include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 
 #include "app/batch/Batch.h"
-
-namespace fs = std::filesystem;
 
 namespace tevra::batch::test {
 
@@ -21,24 +16,6 @@ Result RunProgram(const std::vector<std::string>& arguments, const std::string& 
   return {code, out.str(), err.str()};
 }
 
-std::string ReadFile(const fs::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
-void WriteFile(const fs::path& file, const std::string& content) {
-  std::ofstream(file, std::ios::binary) << content;
-}
-
-std::vector<std::string> FilesIn(const fs::path& directory) {
-  std::vector<std::string> names;
-  for (const auto& entry : fs::directory_iterator(directory)) {
-    names.push_back(entry.path().filename().string());
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
-
 // The first opening marks the file for shared use; what is compared later is the file after that.
 BatchTest::BatchTest() {
   company_.Open();
@@ -46,8 +23,7 @@ BatchTest::BatchTest() {
 }
 
 std::string BatchTest::File(const std::string& name, const std::string& content) const {
-  WriteFile(Directory() / name, content);
-  return (Directory() / name).string();
+  return WriteFile(Directory() / name, content).string();
 }
 
 Result BatchTest::Run(const std::vector<std::string>& arguments, const std::string& typed) const {
@@ -64,13 +40,13 @@ Result BatchTest::RunAsAdmin(std::vector<std::string> arguments, const std::stri
 
 void BatchTest::ExpectRefused(const std::vector<std::string>& arguments,
                               const std::string& text) const {
-  const std::string before = ReadFile(company_.File());
+  const std::string before = Content(company_.File());
   const Result result = RunAsAdmin(arguments);
   EXPECT_EQ(result.code, kRefused) << text;
   EXPECT_EQ(result.out, "") << text;
   EXPECT_NE(result.err.find(text), std::string::npos)
       << "not \"" << text << "\" but " << result.err;
-  EXPECT_TRUE(ReadFile(company_.File()) == before) << text;
+  EXPECT_TRUE(Content(company_.File()) == before) << text;
 }
 
 }  // namespace tevra::batch::test

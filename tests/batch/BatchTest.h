@@ -20,12 +20,6 @@ struct Result {
 /// Runs the program with these arguments; `typed` stands on the standard input.
 Result RunProgram(const std::vector<std::string>& arguments, const std::string& typed = {});
 
-std::string ReadFile(const std::filesystem::path& file);
-void WriteFile(const std::filesystem::path& file, const std::string& content);
-
-/// All files of a directory by name.
-std::vector<std::string> FilesIn(const std::filesystem::path& directory);
-
 class BatchTest : public ::testing::Test {
  protected:
   BatchTest();

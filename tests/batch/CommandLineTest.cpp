@@ -14,10 +14,7 @@ bool Contains(const std::string& text, const std::string& part) {
 }
 
 TEST(CommandLine, RefusesWhatCannotBeMeant) {
-  const struct {
-    std::vector<std::string> arguments;
-    std::string text;
-  } kCases[] = {
+  const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
       {{}, "Lipseste comanda !"},
       {{"sterge"}, "Comanda necunoscuta: sterge !"},
       {{"--color", "assets"}, "Argument necunoscut: --color !"},
@@ -28,32 +25,26 @@ TEST(CommandLine, RefusesWhatCannotBeMeant) {
       {{"calculate", "--user", "admin"}, "Lipseste argumentul DATA !"},
       {{"charges", "--user", "admin", "--by", "color"}, "Grupare necunoscuta: color"},
       {{"assets", "--user"}, "Lipseste valoarea optiunii --user !"},
-      {{"assets"}, "Lipseste optiunea --user !"},
-  };
-  for (const auto& c : kCases) {
-    const Result result = RunProgram(c.arguments);
-    EXPECT_EQ(result.code, kUsage) << c.text;
-    EXPECT_EQ(result.out, "") << c.text;
-    EXPECT_TRUE(Contains(result.err, c.text)) << c.text << " but " << result.err;
+      {{"assets"}, "Lipseste optiunea --user !"}};
+  for (const auto& [arguments, text] : cases) {
+    const Result result = RunProgram(arguments);
+    EXPECT_EQ(result.code, kUsage) << text;
+    EXPECT_EQ(result.out, "") << text;
+    EXPECT_TRUE(Contains(result.err, text)) << text << " but " << result.err;
   }
 }
 
 TEST(CommandLine, HelpIsAResultEverywhere) {
-  const struct {
-    std::vector<std::string> arguments;
-    std::string text;
-  } kCases[] = {
+  const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
       {{"--help"}, "--password-file"},         {{"companies", "--help"}, "companies"},
       {{"create", "--help"}, "DENUMIRE"},      {{"load", "-h"}, "TABELA"},
       {{"calculate", "--help"}, "ZZ.LL.AAAA"}, {{"assets", "--help"}, "--csv"},
-      {{"charges", "--help"}, "--by"},
-  };
-  for (const auto& c : kCases) {
-    const Result result = RunProgram(c.arguments);
-    EXPECT_EQ(result.code, kDone) << c.text;
-    EXPECT_EQ(result.err, "") << c.text;
+      {{"charges", "--help"}, "--by"}};
+  for (const auto& [arguments, text] : cases) {
+    const Result result = RunProgram(arguments);
+    EXPECT_EQ(result.code, kDone) << text << result.err;
     EXPECT_TRUE(Contains(result.out, "Folosire: tevra-batch")) << result.out;
-    EXPECT_TRUE(Contains(result.out, c.text)) << result.out;
+    EXPECT_TRUE(Contains(result.out, text)) << result.out;
   }
 }
 

@@ -1,4 +1,7 @@
 // The registry from the command line: listing companies and making new ones.
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include "app/batch/Batch.h"
 #include "platform/data/CompanyFile.h"
 #include "platform/text/Strings.h"
@@ -21,7 +24,7 @@ TEST_F(CompaniesTest, AreThoseOfTheFilesWhereThereIsNoRegistry) {
   File("Kelnar02.mdb", "nu este o societate");
   File("Kelnar001.mdb", "are trei caractere");
   File("Kelnar03.mdb.bak", "nu este un fisier de date");
-  const std::string before = ReadFile(company_.File());
+  const std::string before = Content(company_.File());
   const Result result = Run({"companies"});
   EXPECT_EQ(result.code, kDone) << result.err;
   EXPECT_EQ(result.out,
@@ -30,7 +33,7 @@ TEST_F(CompaniesTest, AreThoseOfTheFilesWhereThereIsNoRegistry) {
             "01   Șantierul Mare  Kelnar01.mdb\n"
             "02                   Kelnar02.mdb\n"
             "A    Șantierul Mare  KELNARA.MDB\n");
-  EXPECT_TRUE(ReadFile(company_.File()) == before);
+  EXPECT_TRUE(Content(company_.File()) == before);
   EXPECT_EQ(RunAsAdmin({"assets", "--company", "a"}).code, kDone);
   EXPECT_FALSE(CompanyRegistry::Exists(Directory().string())) << "a list writes no registry";
 }
@@ -43,6 +46,22 @@ TEST_F(CompaniesTest, OfARegistryNeedNoFile) {
             "---  ---------  ------------\n"
             "01   SOCIETATE  Kelnar01.mdb\n");
   ExpectRefused({"assets", "--company", "02"}, "Societatea cu codul 02 nu exista");
+}
+
+TEST_F(CompaniesTest, MadeAtTheSameTimeAreAllThere) {
+  constexpr int kTogether = 6;
+  std::vector<pid_t> children;
+  for (int i = 0; i < kTogether; ++i) {
+    children.push_back(fork());
+    if (children.back() == 0) _exit(Run({"create", "P" + std::to_string(i), "Firma"}).code);
+  }
+  for (const pid_t child : children) {
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+  }
+  // The company that lay there already is one more.
+  EXPECT_EQ(CompanyRegistry::Load(Directory().string()).Companies().size(), kTogether + 1U);
 }
 
 TEST_F(CompaniesTest, ANewOneCanBeWorkedWithAtOnce) {
@@ -58,17 +77,15 @@ TEST_F(CompaniesTest, ANewOneCanBeWorkedWithAtOnce) {
   const auto companies = CompanyRegistry::Load(Directory().string()).Companies();
   ASSERT_EQ(companies.size(), 2U) << "the file that lay there already is entered too";
   EXPECT_EQ(companies[0].cod, "01");
-  EXPECT_EQ(companies[1].cod, "A2");
-  EXPECT_EQ(companies[1].denumire, Left(name, 50));
-  EXPECT_EQ(companies[1].numeBd, "KelnarA2.mdb");
+  EXPECT_EQ(companies[1], (Company{"A2", Left(name, 50), "KelnarA2.mdb"}));
 }
 
 TEST_F(CompaniesTest, ADirectoryWithoutATemplateGetsTheProgramsOwn) {
-  const tevra::test::TemporaryFolder empty;
+  const TemporaryFolder empty;
   const std::string directory = empty.Path().string();
   const Result created = RunProgram({"--dir", directory, "create", "7", "Noua"});
   ASSERT_EQ(created.code, kDone) << created.err;
-  EXPECT_EQ(FilesIn(directory),
+  EXPECT_EQ(NamesIn(directory),
             (std::vector<std::string>{"Kelnar.mdb", "Kelnar7.mdb", "Societat.XML"}));
   CheckCompanyFile(empty.Path() / "Kelnar.mdb");
   const auto companies = CompanyRegistry::Load(directory).Companies();
@@ -80,10 +97,7 @@ TEST_F(CompaniesTest, WhatIsRefusedLeavesEverythingAsItWas) {
   ASSERT_EQ(Run({"create", "02", "A doua"}).code, kDone);
   File("kelnar05.MDB", "a ramas aici");
   File("Kelnar06.mdb", "");
-  const struct {
-    std::vector<std::string> arguments;
-    std::string text;
-  } kCases[] = {
+  const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
       {{"", "Nume"}, "Va rugam completati codul societatii  !\n"},
       {{"03", "  "}, "Va rugam completati denumirea societatii  !\n"},
       {{"003", "Nume"}, "Codul societatii are una sau doua litere sau cifre !\n"},
@@ -95,43 +109,37 @@ TEST_F(CompaniesTest, WhatIsRefusedLeavesEverythingAsItWas) {
       {{"02", "Alta"}, "Acest cod de societate exista deja ! Adaugarea nu se poate efectua !\n"},
       {{"05", "Alta"},
        "Fisierul \"" + (Directory() / "kelnar05.MDB").string() +
-           "\" exista deja ! Adaugarea nu se poate efectua !\n"},
-  };
-  const std::vector<std::string> files = FilesIn(Directory());
-  const std::string registry = ReadFile(Directory() / "Societat.XML");
-  for (const auto& c : kCases) {
-    std::vector<std::string> arguments = c.arguments;
+           "\" exista deja ! Adaugarea nu se poate efectua !\n"}};
+  const std::vector<std::string> files = NamesIn(Directory());
+  const std::string registry = Content(Directory() / "Societat.XML");
+  for (auto [arguments, text] : cases) {
     arguments.insert(arguments.begin(), "create");
     const Result result = Run(arguments);
-    EXPECT_EQ(result.code, kRefused) << c.text;
-    EXPECT_EQ(result.err, c.text);
-    EXPECT_EQ(FilesIn(Directory()), files) << c.text;
+    EXPECT_EQ(result.code, kRefused) << text;
+    EXPECT_EQ(result.err, text);
+    EXPECT_EQ(NamesIn(Directory()), files) << text;
   }
-  EXPECT_EQ(ReadFile(Directory() / "Societat.XML"), registry);
-  EXPECT_EQ(ReadFile(Directory() / "kelnar05.MDB"), "a ramas aici");
+  EXPECT_EQ(Content(Directory() / "Societat.XML"), registry);
+  EXPECT_EQ(Content(Directory() / "kelnar05.MDB"), "a ramas aici");
   EXPECT_EQ(RunProgram({"--dir", "/nu/exista", "create", "02", "Nume"}).err,
             "Directorul \"/nu/exista\" nu exista !\n");
 }
 
-TEST_F(CompaniesTest, ARegistryThatCannotBeWrittenUndoesTheRest) {
+TEST_F(CompaniesTest, AFileThatDoesNotServeIsToldAndNothingMade) {
+  const auto expectNothingMade = [&](const std::string& told) {
+    const std::vector<std::string> files = NamesIn(Directory());
+    const Result result = Run({"create", "02", "A doua"});
+    EXPECT_EQ(result.code, kRefused) << told;
+    EXPECT_NE(result.err.find(told), std::string::npos) << result.err;
+    EXPECT_EQ(NamesIn(Directory()), files) << told;
+  };
   CompanyRegistry::WriteDefault(Directory().string());
   fs::permissions(Directory() / "Societat.XML", fs::perms::owner_read);
-  fs::remove(Directory() / "Kelnar.mdb");
-  const std::vector<std::string> files = FilesIn(Directory());
-  const Result result = Run({"create", "02", "A doua"});
-  EXPECT_EQ(result.code, kRefused);
-  EXPECT_NE(result.err.find("Societat.XML"), std::string::npos) << result.err;
-  EXPECT_EQ(FilesIn(Directory()), files);
-}
-
-TEST_F(CompaniesTest, AForeignTemplateOrRegistryIsToldAndNothingMade) {
+  expectNothingMade("Societat.XML");
+  fs::remove(Directory() / "Societat.XML");
   for (const char* name : {"Kelnar.mdb", "Societat.XML"}) {
     File(name, "nu este al nostru");
-    const std::vector<std::string> files = FilesIn(Directory());
-    const Result result = Run({"create", "02", "A doua"});
-    EXPECT_EQ(result.code, kRefused) << name;
-    EXPECT_NE(result.err.find(name), std::string::npos) << result.err;
-    EXPECT_EQ(FilesIn(Directory()), files) << name;
+    expectNothingMade(name);
   }
 }
 

@@ -41,10 +41,7 @@ TEST_F(LoginTest, LeavesTheSessionAsTheWindowDoes) {
 TEST_F(LoginTest, RefusesInTheWordsOfTheWindow) {
   const std::string parola = (Directory() / "parola").string();
   const std::string wrong = File("gresita", "2\n");
-  const struct {
-    std::vector<std::string> arguments;
-    std::string message;
-  } kCases[] = {
+  const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
       {{"--user", "Maria", "--password-file", parola}, "Utilizatorul Maria nu exista !\n"},
       {{"--user", "x' or '1'='1", "--password-file", parola},
        "Utilizatorul x' or '1'='1 nu exista !\n"},
@@ -57,18 +54,16 @@ TEST_F(LoginTest, RefusesInTheWordsOfTheWindow) {
        "Societatea cu codul 07 nu exista in " + Directory().string() + " !\n"},
       {{"--user", "admin", "--company", "../01"},
        "Societatea cu codul ../01 nu exista in " + Directory().string() + " !\n"},
-      {{"--user", "admin", "--dir", "/nu/exista"}, "Directorul \"/nu/exista\" nu exista !\n"},
-  };
-  const std::string before = ReadFile(company_.File());
-  for (const auto& c : kCases) {
-    std::vector<std::string> arguments = c.arguments;
+      {{"--user", "admin", "--dir", "/nu/exista"}, "Directorul \"/nu/exista\" nu exista !\n"}};
+  const std::string before = Content(company_.File());
+  for (auto [arguments, message] : cases) {
     arguments.insert(arguments.end(), {"calculate", "31.12.2006"});
     const Result result = Run(arguments);
-    EXPECT_EQ(result.code, kRefused) << c.message;
-    EXPECT_EQ(result.err, c.message);
+    EXPECT_EQ(result.code, kRefused) << message;
+    EXPECT_EQ(result.err, message);
     EXPECT_EQ(result.out, "");
   }
-  EXPECT_TRUE(ReadFile(company_.File()) == before);
+  EXPECT_TRUE(Content(company_.File()) == before);
 }
 
 TEST_F(LoginTest, RefusesACompanyOfAnotherStructure) {

@@ -23,12 +23,8 @@ class CompanyFileTest : public DataTest {
   }
 
   // Nothing but these files lies in the folder.
-  void ExpectFiles(std::vector<std::string> expected) {
-    std::vector<std::string> there;
-    for (const auto& entry : fs::directory_iterator(folder_))
-      there.push_back(entry.path().filename());
-    std::sort(there.begin(), there.end());
-    EXPECT_EQ(expected, there);
+  void ExpectFiles(const std::vector<std::string>& expected) {
+    EXPECT_EQ(expected, NamesIn(folder_));
   }
 
   fs::path target_;
@@ -44,34 +40,24 @@ TEST_F(CompanyFileTest, WhatIsWrittenButNotYetInTheFileIsCopiedToo) {
   CheckCompanyFile(target_);
 }
 
+// Another program ended without putting its changes into the file; or the file was removed by hand
+// and its changes stayed, which are no changes of the new file.
 TEST_F(CompanyFileTest, AnExistingCopyIsReplacedWithItsSideFiles) {
-  CopyCompanyFile(file_, target_);
-  // Another program ended without putting its changes into the file.
-  {
-    Connection other(StringOf(target_));
-    other.Execute("DELETE FROM T_IMO");
-    fs::copy_file(target_.string() + "-wal", folder_ / "wal");
-    fs::copy_file(target_, folder_ / "main");
+  for (const bool removed : {false, true}) {
+    CopyCompanyFile(file_, target_);
+    {
+      Connection other(StringOf(target_));
+      other.Execute("DELETE FROM T_IMO");
+      fs::copy_file(target_.string() + "-wal", folder_ / "wal");
+      fs::copy_file(target_, folder_ / "main");
+    }
+    fs::rename(folder_ / "main", target_);
+    fs::rename(folder_ / "wal", target_.string() + "-wal");
+    if (removed) fs::remove(target_);
+    CopyCompanyFile(file_, target_);
+    ExpectFiles({"Copie.mdb", "Kelnar01.mdb"});
+    EXPECT_EQ("100,101,102", Codes(target_));
   }
-  fs::rename(folder_ / "main", target_);
-  fs::rename(folder_ / "wal", target_.string() + "-wal");
-  CopyCompanyFile(file_, target_);
-  ExpectFiles({"Copie.mdb", "Kelnar01.mdb"});
-  EXPECT_EQ("100,101,102", Codes(target_));
-}
-
-// Its file was removed by hand, its changes stayed: they are no changes of the new file.
-TEST_F(CompanyFileTest, ForgottenSideFilesDoNotGetIntoANewCopy) {
-  CopyCompanyFile(file_, target_);
-  {
-    Connection other(StringOf(target_));
-    other.Execute("DELETE FROM T_IMO");
-    fs::copy_file(target_.string() + "-wal", folder_ / "wal");
-  }
-  fs::remove(target_);
-  fs::rename(folder_ / "wal", target_.string() + "-wal");
-  CopyCompanyFile(file_, target_);
-  EXPECT_EQ("100,101,102", Codes(target_));
 }
 
 TEST_F(CompanyFileTest, ACopyGoesOverNothingThatIsInUseOrForeign) {
@@ -110,7 +96,7 @@ TEST_F(CompanyFileTest, ADamagedFileIsNotCopied) {
       damage.seekp(static_cast<std::streamoff>(at));
       damage << std::string(2000, '\x7f');
     }
-    ExpectRefused(kDatabaseNotOpened, "damaged: " + file_.string(),
+    ExpectRefused(kDatabaseNotOpened, "deteriorata: " + file_.string(),
                   [&] { CopyCompanyFile(file_, target_); });
     std::ofstream(file_, std::ios::binary) << whole;
   }

@@ -17,22 +17,6 @@
 
 namespace tevra {
 
-struct Refusal {
-  long number = 0;  ///< 0 when nothing was refused
-  std::string text;
-  std::string source;
-};
-
-template <typename Call>
-Refusal RefusalOf(Call call) {
-  try {
-    call();
-    return {};
-  } catch (const Failure& failure) {
-    return {failure.Number(), failure.Description(), failure.Source()};
-  }
-}
-
 /// `call` is refused with this number, in words that contain `part`.
 template <typename Call>
 void ExpectRefused(long number, const std::string& part, Call call) {
@@ -43,28 +27,15 @@ void ExpectRefused(long number, const std::string& part, Call call) {
 
 class DataTest : public FolderTest {
  protected:
-  static FieldDef Text(const std::string& name, int size) {
-    FieldDef field;
-    field.name = name;
-    field.size = size;
-    return field;
-  }
-
   static FieldDef Field(const std::string& name, FieldType type,
                         const std::string& byDefault = "") {
-    FieldDef field;
-    field.name = name;
-    field.type = type;
-    field.size = SizeOf(type);
-    field.defaultValue = byDefault;
-    return field;
+    return {name, type, SizeOf(type), false, true, false, byDefault};
   }
-
+  static FieldDef Text(const std::string& name, int size) {
+    return {name, FieldType::Text, size, false, true, false, ""};
+  }
   static FieldDef Counter(const std::string& name) {
-    FieldDef field = Field(name, FieldType::Long);
-    field.required = true;
-    field.autoNumber = true;
-    return field;
+    return {name, FieldType::Long, 4, true, true, true, ""};
   }
 
   static IndexDef Key(std::vector<std::string> fields) {
@@ -137,6 +108,24 @@ class DataTest : public FolderTest {
   }
 
   std::filesystem::path file_;
+};
+
+/// With the assets of MakeAssets, and a connection to them.
+class AssetsTest : public DataTest {
+ protected:
+  void SetUp() override {
+    DataTest::SetUp();
+    connection_ = Open();
+    MakeAssets(connection_);
+  }
+
+  /// Sets fields of the current row and writes it.
+  static void Save(Recordset& rows, const std::vector<std::pair<std::string, Value>>& fields) {
+    for (const auto& [field, value] : fields) rows.Set(field, value);
+    rows.Update();
+  }
+
+  Connection connection_;
 };
 
 }  // namespace tevra

@@ -8,18 +8,11 @@
 namespace tevra {
 namespace {
 
-class ForwardCursorTest : public DataTest {
+class ForwardCursorTest : public AssetsTest {
  protected:
-  void SetUp() override {
-    DataTest::SetUp();
-    connection_ = Open();
-    MakeAssets(connection_);
-  }
   std::string Stored(const std::string& what) {
     return Raw(file_, "SELECT " + what + " FROM T_IMO");
   }
-
-  Connection connection_;
 };
 
 TEST_F(ForwardCursorTest, EveryRowIsReadAndWrittenOnce) {
@@ -99,16 +92,14 @@ TEST_F(ForwardCursorTest, OnlyOneTableAndKnownColumnsServe) {
     std::string sql;
     std::vector<std::string> read, write;
   };
-  const std::vector<Case> cases = {
-      {"SELECT * FROM T_IMO, T_LOC", {"DENUMIRE"}, {}},
-      {"SELECT VAL, DRF, COD FROM T_IMO", {"VAL"}, {}},
-      {"SELECT COUNT(*) FROM T_IMO", {"VAL"}, {}},
-      {"SELECT * FROM qryImo", {"VAL"}, {}},
-      {"SELECT * FROM T_IMO", {"NIMIC"}, {}},
-      {"SELECT * FROM T_IMO", {"VAL"}, {"NIMIC"}},
-      {"SELECT * FROM T_NIMIC", {"VAL"}, {}},
-      {"SELECT * FROM T_IMO WHERE 'x", {"VAL"}, {}},
-  };
+  const std::vector<Case> cases = {{"SELECT * FROM T_IMO, T_LOC", {"DENUMIRE"}, {}},
+                                   {"SELECT VAL, DRF, COD FROM T_IMO", {"VAL"}, {}},
+                                   {"SELECT COUNT(*) FROM T_IMO", {"VAL"}, {}},
+                                   {"SELECT * FROM qryImo", {"VAL"}, {}},
+                                   {"SELECT * FROM T_IMO", {"NIMIC"}, {}},
+                                   {"SELECT * FROM T_IMO", {"VAL"}, {"NIMIC"}},
+                                   {"SELECT * FROM T_NIMIC", {"VAL"}, {}},
+                                   {"SELECT * FROM T_IMO WHERE 'x", {"VAL"}, {}}};
   for (const auto& [sql, read, write] : cases) {
     EXPECT_EQ(kStatementError, FailureOf([&, &s = sql, &r = read, &w = write] {
                 ForwardCursor(connection_, s, r, w);

@@ -23,14 +23,20 @@ TEST_F(OpeningTest, WhatIsNoCompanyFileIsRefusedByName) {
   MakeAssets(Open());
   fs::copy_file(file_, folder_ / "cut.mdb");
   fs::resize_file(folder_ / "cut.mdb", fs::file_size(file_) - 4096);
+  Make("pages.mdb", Content(file_).replace(100, 3000, 3000, '\x7f'));
   fs::copy_file(file_, folder_ / "stub.mdb");
   fs::resize_file(folder_ / "stub.mdb", 60);
 
   const std::vector<std::pair<std::string, std::string>> cases = {
-      {"missing.mdb", "not there"}, {"text.mdb", "no company"},  {"plain.mdb", "no company"},
-      {"short.mdb", "no company"},  {"empty.mdb", "no company"}, {"folder.mdb", "no company"},
-      {"cut.mdb", "damaged"},       {"stub.mdb", "no company"},
-  };
+      {"missing.mdb", "nu exista"},
+      {"text.mdb", "nu este o baza de date"},
+      {"plain.mdb", "nu este o baza de date"},
+      {"short.mdb", "nu este o baza de date"},
+      {"empty.mdb", "nu este o baza de date"},
+      {"folder.mdb", "nu este o baza de date"},
+      {"cut.mdb", "deteriorata"},
+      {"stub.mdb", "nu este o baza de date"},
+      {"pages.mdb", "deteriorata: "}};
   for (const auto& [name, words] : cases) {
     SCOPED_TRACE(name);
     const auto file = folder_ / name;
@@ -42,16 +48,6 @@ TEST_F(OpeningTest, WhatIsNoCompanyFileIsRefusedByName) {
     EXPECT_EQ(sizeBefore, fs::is_regular_file(file) ? fs::file_size(file) : 0);
     EXPECT_FALSE(fs::exists(file.string() + "-wal"));
   }
-}
-
-TEST_F(OpeningTest, AFileWithDamagedPagesIsToldAsDamaged) {
-  MakeAssets(Open());
-  {
-    std::fstream damage(file_, std::ios::in | std::ios::out | std::ios::binary);
-    damage.seekp(100);
-    damage << std::string(3000, '\x7f');
-  }
-  ExpectRefused(kDatabaseNotOpened, "damaged: " + file_.string(), [&] { Open(); });
 }
 
 TEST_F(OpeningTest, NamesAreFoundWithoutCaseAndWithBackslashes) {
@@ -76,7 +72,7 @@ TEST_F(OpeningTest, PasswordIsAskedAtEveryOpen) {
     SCOPED_TRACE(password);
     const Refusal refusal = RefusalOf([&] { Open(password); });
     EXPECT_EQ(fits ? 0L : long{kDatabaseNotOpened}, refusal.number);
-    EXPECT_EQ(fits ? "" : "Not a valid password.", refusal.text);
+    EXPECT_EQ(fits ? "(no failure)" : "Not a valid password.", refusal.text);
   }
   EXPECT_EQ("",
             Raw(file_, "SELECT 1 FROM sys_parola WHERE AMPRENTA LIKE '%QX%' OR SARE LIKE '%QX%'"));
@@ -165,18 +161,6 @@ TEST_F(OpeningTest, LookingAtAFileKeepsItsLocks) {
   int status = -1;
   waitpid(child, &status, 0);
   EXPECT_EQ(0, status) << "the file is no longer held";
-}
-
-TEST_F(OpeningTest, ConnectionStringIsReadPartByPart) {
-  const auto parts = ConnectionString::Parse(
-      "Provider=P;DATA source= C:\\A=B\\x.mdb ;Mode=Share Exclusive;=; ;Jet OLEDB:Database "
-      "Password= a=b ");
-  EXPECT_EQ("C:\\A=B\\x.mdb", parts.dataSource);
-  EXPECT_EQ(" a=b ", parts.password);
-  EXPECT_TRUE(parts.exclusive);
-  EXPECT_FALSE(parts.readOnly);
-  EXPECT_TRUE(ConnectionString::Parse("Mode=read").readOnly);
-  EXPECT_FALSE(ConnectionString::Parse("Mode=ReadWrite|Share Deny None").readOnly);
 }
 
 }  // namespace

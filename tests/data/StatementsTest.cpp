@@ -5,19 +5,12 @@
 namespace tevra {
 namespace {
 
-class StatementsTest : public DataTest {
+class StatementsTest : public AssetsTest {
  protected:
-  void SetUp() override {
-    DataTest::SetUp();
-    connection_ = Open();
-    MakeAssets(connection_);
-  }
   int Count() { return Open().QueryValue("SELECT COUNT(*) FROM T_LOC").AsLong(); }
   void Insert(const std::string& code) {
     connection_.Execute("INSERT INTO T_LOC VALUES (?, ?)", {code, "x"});
   }
-
-  Connection connection_;
 };
 
 TEST_F(StatementsTest, RowsAffectedAreTold) {
@@ -28,8 +21,7 @@ TEST_F(StatementsTest, RowsAffectedAreTold) {
       {"SELECT * FROM T_IMO", 0},
       {"INSERT INTO T_LOC SELECT COD, TITLU FROM T_LOC", 2},
       {"UPDATE T_IMO INNER JOIN T_GR ON T_IMO.COD_GR = T_GR.COD_GR SET T_IMO.DRF = T_GR.DURATA", 3},
-      {"DELETE * FROM T_LOC", 4},
-  };
+      {"DELETE * FROM T_LOC", 4}};
   for (const auto& [sql, rows] : cases) EXPECT_EQ(rows, connection_.Execute(sql)) << sql;
   EXPECT_EQ(4, connection_.QueryValue("SELECT DRF FROM T_IMO WHERE COD = '101'").AsLong());
 }
@@ -50,17 +42,15 @@ TEST_F(StatementsTest, ValuesComeBackByTheirKind) {
   const DateTime date(2006, 2, 28);
   connection_.Execute("UPDATE T_IMO SET IESIRE = ?, VAL = ?, DATA_PF = ? WHERE NRCRT = ?",
                       {Value::YesNo(true), 3, date, 1});
-  const std::vector<std::pair<std::string, Value>> cases = {
-      {"IESIRE", Value::YesNo(true)},
-      {"VAL", 3.0},
-      {"DATA_PF", date},
-      {"NRCRT", 1},
-      {"COD", "100"},
-      {"VAL / 2", 1.5},
-      {"MAX(DATA_PF)", date},
-      {"MAX(NRCRT) + 1", 2},
-      {"IIF(VAL > 2, DATA_PF, Null)", date},
-  };
+  const std::vector<std::pair<std::string, Value>> cases = {{"IESIRE", Value::YesNo(true)},
+                                                            {"VAL", 3.0},
+                                                            {"DATA_PF", date},
+                                                            {"NRCRT", 1},
+                                                            {"COD", "100"},
+                                                            {"VAL / 2", 1.5},
+                                                            {"MAX(DATA_PF)", date},
+                                                            {"MAX(NRCRT) + 1", 2},
+                                                            {"IIF(VAL > 2, DATA_PF, Null)", date}};
   for (const auto& [what, value] : cases) {
     EXPECT_EQ(value, connection_.QueryValue("SELECT " + what + " FROM T_IMO WHERE NRCRT = 1"))
         << what;
@@ -106,8 +96,7 @@ TEST_F(StatementsTest, FailuresTellTheReasonAndTheStatement) {
       {"INSERT INTO T_IMO (NRCRT) VALUES ('a')", {}, kValueNotAccepted, ""},
       {"UPDATE T_IMO SET VAL = CDbl('abc')", {}, kTypeMismatch, "abc"},
       {"UPDATE T_IMO SET DATA_PF = CDate('31/02/2006')", {}, kTypeMismatch, "31/02/2006"},
-      {"SELECT 1 / 0", {}, kDivisionByZero, ""},
-  };
+      {"SELECT 1 / 0", {}, kDivisionByZero, ""}};
   for (const auto& [sql, params, number, words] : cases) {
     SCOPED_TRACE(sql);
     const Refusal refusal = RefusalOf([&] { connection_.Execute(sql, params); });
@@ -136,12 +125,6 @@ TEST_F(StatementsTest, ATransactionNotCommittedIsTakenBack) {
   }
   EXPECT_EQ(2, Count());
   EXPECT_EQ(0, connection_.TransactionDepth());
-  {
-    Transaction transaction(connection_);
-    Insert("C");
-    transaction.Commit();
-  }
-  EXPECT_EQ(3, Count());
   EXPECT_EQ(kStatementError, FailureOf([&] { connection_.CommitTrans(); }));
   EXPECT_EQ(kStatementError, FailureOf([&] { connection_.RollbackTrans(); }));
 }
@@ -182,7 +165,7 @@ TEST_F(StatementsTest, TransactionsNest) {
 TEST_F(StatementsTest, OnlyOneWritesAtATime) {
   Connection other = Open();
   Transaction transaction(connection_);
-  ExpectRefused(kDatabaseNotOpened, "in use by another program: " + file_.string(),
+  ExpectRefused(kDatabaseNotOpened, "folosita de alt program: " + file_.string(),
                 [&] { other.BeginTrans(); });
   ExpectRefused(kDatabaseNotOpened, file_.string(), [&] { other.Execute("DELETE FROM T_LOC"); });
   EXPECT_EQ(0, other.TransactionDepth());

@@ -13,13 +13,13 @@
 
 namespace tevra::dialect {
 
-using Parameter = std::variant<int, double, const char*>;
+using Parameter = std::variant<int, double, std::string>;
 using Parameters = std::vector<Parameter>;
 using Lines = std::vector<std::string>;
 
 class Company {
  public:
-  /// With the tables and rows of Company.cpp.
+  /// With the tables and rows of company.sql.
   Company();
   ~Company();
   Company(const Company&) = delete;

@@ -50,12 +50,11 @@ TEST(RowsetRead, PrefixesQuotesAndOrderAreFree) {
 }
 
 TEST(RowsetRead, ValuesFollowTheTypesOfTheirColumns) {
-  struct Case {
+  const struct {
     const char* type;
     const char* text;
     Value value;
-  };
-  const Case kCases[] = {
+  } cases[] = {
       {"t:type='i4'", " +12 ", 12},
       {"t:type='ui1'", "255", 255},
       {"t:type='i8'", "3000000000", 3e9},
@@ -68,9 +67,8 @@ TEST(RowsetRead, ValuesFollowTheTypesOfTheirColumns) {
       {"t:type='string'", "any length goes without a length", "any length goes without a length"},
       {"t:type='uuid' t:maxLength='16'", "{BDC6E3F0-6DA3-11d1}", "{BDC6E3F0-6DA3-11d1}"},
       {"t:type='string' t:maxLength='1'", "&#x219;", "\xC8\x99"},
-      {"t:type='string'", "a\nb", "a b"},
-  };
-  for (const Case& c : kCases) {
+      {"t:type='string'", "a\nb", "a b"}};
+  for (const auto& c : cases) {
     const std::string row = std::string("<row:row A='") + c.text + "'/>";
     EXPECT_EQ(Read(Foreign(TypedColumn(c.type), row)).Get("A"), c.value) << c.type << c.text;
   }

@@ -1,10 +1,10 @@
 // The screen of the monthly charges, worked by keys and mouse.
-#include <gtest/gtest.h>
-
 #include <QCalendarWidget>
 #include <QLabel>
 #include <QPushButton>
 #include <QtTest>
+
+#include <gtest/gtest.h>
 
 #include "platform/system/Clock.h"
 #include "reports/frmRapCHE.h"
@@ -68,6 +68,14 @@ TEST_F(FrmRapChe, EnterCalculatesTodayWithoutItsTimeAndEscapeLeaves) {
   EXPECT_EQ(Stored("DATA_CALCUL"), Value(DateTime(2026, 11, 22)));
   QTest::keyClick(&screen_, Qt::Key_Escape);
   EXPECT_FALSE(screen_.isVisible());
+}
+
+TEST_F(FrmRapChe, EnterOnTheWayOutLeavesAndCalculatesNothing) {
+  auto* out = Find<QPushButton>("cmdCMCancel");
+  out->setFocus();
+  QTest::keyClick(out, Qt::Key_Return);
+  EXPECT_FALSE(screen_.isVisible());
+  EXPECT_TRUE(Stored("DATA_CALCUL").IsNull());
 }
 
 TEST_F(FrmRapChe, AFailedRunSaysSoAndLeavesTheScreenUsable) {

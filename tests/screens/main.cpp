@@ -1,8 +1,8 @@
 // Screens are tested with a real application, drawn to memory.
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QLocale>
+
+#include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");

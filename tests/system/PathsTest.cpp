@@ -13,10 +13,7 @@ TEST_F(Paths, FindsEachPartWithoutCase) {
   Make("Twice/ABC.txt");
   Make("Țara/fișa.txt");
   const std::string root = folder_.string();
-  const struct {
-    const char* written;
-    const char* found;
-  } cases[] = {
+  const std::vector<std::pair<const char*, const char*>> cases = {
       {"\\Firma\\Kelnar01.mdb", "/Firma/Kelnar01.mdb"},
       {"/firma\\KELNAR01.MDB", "/Firma/Kelnar01.mdb"},
       {"\\\\firma//export\\TMP.XML", "/Firma/EXPORT/tmp.xml"},
@@ -26,10 +23,9 @@ TEST_F(Paths, FindsEachPartWithoutCase) {
       {"/twice/abc.TXT", "/Twice/abc.TXT"},
       {"/twice/aBc.txt", "/Twice/ABC.txt"},
       {"/firma/../twice/./ABC.TXT", "/Firma/../Twice/./ABC.txt"},
-      {"/țara/FIȘA.TXT", "/Țara/fișa.txt"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(root + c.found, paths::Resolve(root + c.written).string()) << c.written;
+      {"/țara/FIȘA.TXT", "/Țara/fișa.txt"}};
+  for (const auto& [written, found] : cases) {
+    EXPECT_EQ(root + found, paths::Resolve(root + written).string());
   }
   EXPECT_EQ("", paths::Resolve("").string());
   EXPECT_EQ("/", paths::Resolve("\\\\").string());

@@ -24,22 +24,18 @@ void KeepsValues(SettingsStore& store) {
 
 class SettingsStores : public FolderTest {
  protected:
-  void SetUp() override {
-    FolderTest::SetUp();
+  SettingsStores() {
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
                        QString::fromStdString(folder_.string()));
   }
 };
 
-TEST_F(SettingsStores, BothStoresKeepValues) {
+TEST_F(SettingsStores, KeepValues) {
   MemorySettings memory;
   KeepsValues(memory);
   QtSettings user;
   KeepsValues(user);
-}
-
-TEST_F(SettingsStores, TheUsersOwnAreInOneFile) {
-  QtSettings().Set("MainLeft", "-150");
+  user.Set("MainLeft", "-150");
   EXPECT_NE(std::string::npos,
             Content(folder_ / "KELNAR" / "Setari_IMO.ini").find("MainLeft=-150"));
 }
@@ -47,16 +43,6 @@ TEST_F(SettingsStores, TheUsersOwnAreInOneFile) {
 TEST_F(SettingsStores, WhatCannotBeKeptIsAFailure) {
   Make("KELNAR");  // a file where the folder should be
   EXPECT_EQ(70, FailureOf([] { QtSettings().Set("MainLeft", "1"); }));
-}
-
-TEST_F(SettingsStores, TheProgramsStoreCanBeReplaced) {
-  auto before = SetSettings(nullptr);
-  Settings().Set("MainTop", "15");
-  EXPECT_EQ("15", Settings().Get("MainTop"));
-  auto memory = SetSettings(std::make_unique<QtSettings>());
-  EXPECT_FALSE(Settings().Get("MainTop"));
-  EXPECT_EQ("15", memory->Get("MainTop"));
-  SetSettings(std::move(before));
 }
 
 }  // namespace

@@ -1,6 +1,4 @@
 // The building of a template from its sources: whole, or the old file stays.
-#include <fstream>
-
 #include "session/Module1.h"
 #include "template/BuildTemplate.h"
 #include "tests/TestCompany.h"
@@ -22,22 +20,13 @@ constexpr const char* kSchema =
 class Building : public ::testing::Test {
  protected:
   void Write(const std::string& name, const std::string& text) const {
-    fs::create_directories((Sources() / name).parent_path());
-    std::ofstream(Sources() / name, std::ios::binary) << text;
+    WriteFile(Sources() / name, text);
   }
   fs::path Sources() const { return folder_.Path() / "sources"; }
   fs::path Target() const { return folder_.Path() / "out" / "Kelnar.mdb"; }
   Connection Open() const {
     return Connection(CompanyConnectionString(Target().parent_path().string(), "Kelnar.mdb"));
   }
-  std::vector<std::string> FilesBeside() const {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(Target().parent_path())) {
-      names.push_back(entry.path().filename().string());
-    }
-    return names;
-  }
-
   Building() {
     fs::create_directories(Target().parent_path());
     Write("schema.txt", kSchema);
@@ -45,7 +34,7 @@ class Building : public ::testing::Test {
     BuildTemplate(Sources(), Target());
   }
 
-  test::TemporaryFolder folder_;
+  TemporaryFolder folder_;
 };
 
 TEST_F(Building, GivesAFileWithItsDataAndReplacesAnOlderOne) {
@@ -62,21 +51,19 @@ TEST_F(Building, AMistakeNamesItsSourceAndLeavesTheOldFile) {
     const char* name;
     const char* text;
     const char* told;
-  } cases[] = {
-      {"data/T.csv", "COD\n\"c\"\n\"C\"\n", "T.csv:3: "},
-      {"data/T.csv", "COD,CULOARE\n", "T.csv: "},
-      {"data/NIMIC.csv", "COD\n", "NIMIC.csv: "},
-      {"schema.txt", "table T\n  COD lung\n", "schema.txt: Line 2: "},
-      {"schema.txt", "table T\n  COD text(2) key\nquery qR = SELECT COD FROM\n", ""},
-      {"schema.txt", "table T\n  COD text(2) key\n  NOTA text(9)\n", ""},
-  };
+  } cases[] = {{"data/T.csv", "COD\n\"c\"\n\"C\"\n", "T.csv:3: "},
+               {"data/T.csv", "COD,CULOARE\n", "T.csv: "},
+               {"data/NIMIC.csv", "COD\n", "NIMIC.csv: "},
+               {"schema.txt", "table T\n  COD lung\n", "schema.txt: Line 2: "},
+               {"schema.txt", "table T\n  COD text(2) key\nquery qR = SELECT COD FROM\n", ""},
+               {"schema.txt", "table T\n  COD text(2) key\n  NOTA text(9)\n", ""}};
   for (const auto& c : cases) {
     SCOPED_TRACE(std::string(c.name) + " " + c.text);
     Write(c.name, c.text);
     const std::string told = DescriptionOf([&] { BuildTemplate(Sources(), Target()); });
     EXPECT_NE(told, "(no failure)");
     EXPECT_NE(told.find(c.told), std::string::npos) << told;
-    EXPECT_EQ(FilesBeside(), (std::vector<std::string>{"Kelnar.mdb"}));
+    EXPECT_EQ(NamesIn(Target().parent_path()), (std::vector<std::string>{"Kelnar.mdb"}));
     EXPECT_EQ(Open().QueryValue("SELECT COUNT(*) FROM T").AsLong(), 2);
     fs::remove_all(Sources());
     Write("schema.txt", kSchema);

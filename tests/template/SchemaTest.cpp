@@ -13,40 +13,10 @@ Schema Read(const std::string& text) {
   return ReadSchema(in);
 }
 
-TEST(Schema, FieldsHaveTheirTypesAndFlags) {
-  const Schema schema = Read(
-      "# of assets\n"
-      "table A_B   # behind a name\n"
-      "\n"
-      "  NR    counter   key\n"
-      "  COD   text(20)\n"
-      "  N     long      required default 0\n"
-      "  I     integer\n"
-      "  B     byte\n"
-      "  D     double    default 0\n"
-      "  Z     date\n"
-      "  Y     yesno\n"
-      "  CT    text(4)   default 'RO'\n");
-  ASSERT_EQ(schema.tables.size(), 1U);
-  EXPECT_EQ(schema.tables[0].name, "A_B");
-  const std::vector<FieldDef> expected = {
-      {"NR", FieldType::Long, 4, true, true, true, ""},
-      {"COD", FieldType::Text, 20, false, true, false, ""},
-      {"N", FieldType::Long, 4, true, true, false, "0"},
-      {"I", FieldType::Integer, 2, false, true, false, ""},
-      {"B", FieldType::Byte, 1, false, true, false, ""},
-      {"D", FieldType::Double, 8, false, true, false, "0"},
-      {"Z", FieldType::DateTime, 8, false, true, false, ""},
-      {"Y", FieldType::YesNo, 1, true, true, false, "0"},
-      {"CT", FieldType::Text, 4, false, true, false, "'RO'"},
-  };
-  EXPECT_EQ(schema.tables[0].fields, expected);
-  EXPECT_EQ(schema.tables[0].indexes, (std::vector<IndexDef>{{"PrimaryKey", {"NR"}, true, true}}));
-}
-
 TEST(Schema, KeysIndexesCopiesAndQueries) {
   const Schema schema = Read(
-      "table [T 1]\n"
+      "# of assets\n\n"
+      "table [T 1]   # behind a name\n"
       "  A long key\n"
       "  B long key\n"
       "  C yesno\r\n"
@@ -71,10 +41,7 @@ TEST(Schema, KeysIndexesCopiesAndQueries) {
 }
 
 TEST(Schema, MistakesNameTheirLine) {
-  const struct {
-    const char* text;
-    const char* line;
-  } cases[] = {
+  const std::vector<std::pair<std::string, const char*>> cases = {
       {"  COD text(20)\n", "Line 1:"},
       {"# c\n\ntable T\n  COD text20\n", "Line 4:"},
       {"table T\n  COD text(x)\n", "Line 2:"},
@@ -95,12 +62,11 @@ TEST(Schema, MistakesNameTheirLine) {
       {"view T = U\n", "Line 1:"},
       {"like T = U\n", "Line 1:"},
       {"query q\n", "Line 1:"},
-      {"query q =\n", "Line 1:"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(FailureOf([&] { Read(c.text); }), kTypeMismatch) << c.text;
-    EXPECT_EQ(DescriptionOf([&] { Read(c.text); }).rfind(c.line, 0), 0U)
-        << c.text << DescriptionOf([&] { Read(c.text); });
+      {"query q =\n", "Line 1:"}};
+  for (const auto& [text, line] : cases) {
+    const auto read = [&, &given = text] { Read(given); };
+    EXPECT_EQ(FailureOf(read), kTypeMismatch) << text;
+    EXPECT_EQ(DescriptionOf(read).rfind(line, 0), 0U) << text << DescriptionOf(read);
   }
 }
 

@@ -1,7 +1,9 @@
 // Checks shared by the tests of the conversions.
 #pragma once
 
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -9,26 +11,39 @@
 
 namespace tevra {
 
-/// The number of the failure that `call` throws, 0 when it throws none.
+struct Refusal {
+  long number = 0;  ///< 0 when nothing was refused
+  std::string text = "(no failure)";
+  std::string source;
+};
+
+/// The failure that `call` throws.
 template <typename Call>
-long FailureOf(Call call) {
+Refusal RefusalOf(Call call) {
   try {
     call();
-    return 0;
+    return {};
   } catch (const Failure& failure) {
-    return failure.Number();
+    return {failure.Number(), failure.Description(), failure.Source()};
   }
 }
 
-/// The description of the failure that `call` throws.
+template <typename Call>
+long FailureOf(Call call) {
+  return RefusalOf(call).number;
+}
+
 template <typename Call>
 std::string DescriptionOf(Call call) {
-  try {
-    call();
-    return "(no failure)";
-  } catch (const Failure& failure) {
-    return failure.Description();
-  }
+  return RefusalOf(call).text;
+}
+
+/// The texts between the bars of `list`.
+inline std::vector<std::string> Parts(const std::string& list) {
+  std::vector<std::string> parts;
+  std::istringstream in(list + "|");
+  for (std::string part; std::getline(in, part, '|');) parts.push_back(part);
+  return parts;
 }
 
 }  // namespace tevra

@@ -1,21 +1,15 @@
-#include <algorithm>
 #include <optional>
 
 #include "app/batch/Refusal.h"
 #include "app/batch/commands/Commands.h"
 #include "engine/Module3.h"
 #include "platform/data/Connection.h"
+#include "platform/text/Dates.h"
 #include "session/Session.h"
 
 namespace tevra::batch {
 
 namespace {
-
-// Each "9" of the pattern a digit, other characters as they stand.
-bool HasForm(const std::string& text, const std::string& pattern) {
-  return std::equal(text.begin(), text.end(), pattern.begin(), pattern.end(),
-                    [](char c, char p) { return p == '9' ? c >= '0' && c <= '9' : c == p; });
-}
 
 // Where the file is not to blame, the run says which asset is.
 std::string Reason(const Failure& failure) {
@@ -26,14 +20,10 @@ std::string Reason(const Failure& failure) {
 
 }  // namespace
 
-// Stricter than a date box: a script that says 1.2.06 may not mean what we would take it for.
 DateTime ParseDate(const std::string& text) {
-  std::optional<DateTime> date;
-  if (HasForm(text, "9999-99-99")) date = DateTime::FromIso(text);
-  if (HasForm(text, "99.99.9999")) {
-    date = DateTime::FromIso(text.substr(6, 4) + '-' + text.substr(3, 2) + '-' + text.substr(0, 2));
-  }
-  if (!date) throw Refusal("Data \"" + text + "\" nu este corecta (ZZ.LL.AAAA) !");
+  const std::optional<DateTime> date = WholeDate(text);
+  if (!date || *date != date->Midnight())
+    throw Refusal("Data \"" + text + "\" nu este corecta (ZZ.LL.AAAA) !");
   return *date;
 }
 

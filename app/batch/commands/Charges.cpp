@@ -77,13 +77,19 @@ Value PostedCharge(const Value& charge) {
   return charge.IsNull() ? Value() : Value(RoundTo(charge.AsDouble(), kDecimals));
 }
 
+// A run leaves the date of an asset that is gone, and of one without depreciation, as it was.
+bool KeepsItsDate(const Recordset& asset) {
+  return asset.Get("IESIRE").AsBool() || asset.Get("TIP_AM").TextOrEmpty() == "F";
+}
+
 Charges ReadCharges(const std::string& key) {
   Connection connection(CurrentSession().connectionString);
-  Recordset rows = connection.OpenRecordset("SELECT NRCRT, COD, DENUMIRE, " + key +
-                                            ", VAL_AMOR_CUMULATA, VAL_RAMASA, DATA_CALCUL, "
-                                            "IIF(BLOCATA=-1,VAL_BLOCATA * COTAL_LUNARA,(VAL_CUMP - "
-                                            "VALCHELEI) * COTAL_LUNARA) AS VAL_AMOR "
-                                            "FROM I_IMO ORDER BY NRCRT");
+  Recordset rows =
+      connection.OpenRecordset("SELECT NRCRT, COD, DENUMIRE, " + key +
+                               ", VAL_AMOR_CUMULATA, VAL_RAMASA, DATA_CALCUL, IESIRE, TIP_AM, "
+                               "IIF(BLOCATA=-1,VAL_BLOCATA * COTAL_LUNARA,(VAL_CUMP - "
+                               "VALCHELEI) * COTAL_LUNARA) AS VAL_AMOR "
+                               "FROM I_IMO ORDER BY NRCRT");
   Charges charges;
   for (; !rows.Eof(); rows.MoveNext()) {
     const Asset asset{rows.Get("NRCRT"),
@@ -97,6 +103,7 @@ Charges ReadCharges(const std::string& key) {
     group.sums.Add(asset);
     charges.sums.Add(asset);
     const Value& date = rows.Get("DATA_CALCUL");
+    if (KeepsItsDate(rows)) continue;
     if (CompareValues(date, charges.calculated) > 0) charges.calculated = date;
   }
   return charges;

@@ -7,6 +7,7 @@
 #include "app/batch/commands/Commands.h"
 #include "platform/data/CompanyFile.h"
 #include "platform/data/Connection.h"
+#include "platform/system/FolderLock.h"
 #include "platform/system/Paths.h"
 #include "platform/text/Strings.h"
 #include "session/ApplicationFiles.h"
@@ -27,10 +28,7 @@ class FilesMade {
  public:
   FilesMade() = default;
   ~FilesMade() {
-    std::error_code ignored;
-    for (const fs::path& file : files_) {
-      for (const char* side : {"", "-wal", "-shm"}) fs::remove(fs::path(file) += side, ignored);
-    }
+    for (const fs::path& file : files_) RemoveCompanyFile(file);
   }
   FilesMade(const FilesMade&) = delete;
   FilesMade& operator=(const FilesMade&) = delete;
@@ -54,7 +52,7 @@ void CheckName(const std::string& name) {
 void CheckNew(const std::vector<Company>& companies, const Company& company) {
   if (company.cod.empty()) throw Refusal("Va rugam completati codul societatii  !");
   if (company.denumire.empty()) throw Refusal("Va rugam completati denumirea societatii  !");
-  if (!IsCompanyCode(company.cod)) {
+  if (!CompanyRegistry::IsCode(company.cod)) {
     throw Refusal("Codul societatii are una sau doua litere sau cifre !");
   }
   CheckName(company.denumire);
@@ -75,9 +73,10 @@ fs::path TemplateIn(const fs::path& directory, FilesMade& made) {
   return file;
 }
 
-void FillIn(const fs::path& directory, const Company& company) {
+void FillIn(const fs::path& file, const Company& company) {
   constexpr std::size_t kLongest = 35;  // of kv_info, shorter than in the registry
-  Connection connection(CompanyConnectionString(directory.string(), company.numeBd));
+  Connection connection(
+      CompanyConnectionString(file.parent_path().string(), file.filename().string()));
   Transaction transaction(connection);
   const Values values{kRevision, Left(company.denumire, kLongest)};
   if (connection.Execute("UPDATE kv_info SET VERSIUNE = ?, DENUMIRE = ?", values) == 0) {
@@ -111,6 +110,8 @@ void CreateCompany(const std::string& directory, const std::string& code, const 
   const fs::path folder = CompanyDirectory(directory);
   Company company{UCase(Trim(code)), Trim(name), {}};
   company.numeBd = "Kelnar" + company.cod + ".mdb";
+  // Of two that add a company at once, each must see the other's.
+  const FolderLock alone(folder);
   const std::vector<Company> companies = CompaniesIn(folder);
   CheckNew(companies, company);
   const fs::path file = paths::Resolve((folder / company.numeBd).string());
@@ -122,8 +123,7 @@ void CreateCompany(const std::string& directory, const std::string& code, const 
   FilesMade made;
   const fs::path source = TemplateIn(folder, made);
   made.Add(file);
-  CopyCompanyFile(source, file);
-  FillIn(folder, company);
+  CopyCompanyFile(source, file, [&](const fs::path& copy) { FillIn(copy, company); });
   Register(folder.string(), companies, company, made);
   made.Keep();
   out << "Societatea " << company.cod << " - " << company.denumire << " a fost creata in "
