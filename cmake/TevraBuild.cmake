@@ -23,6 +23,8 @@ if(TEVRA_SANITIZE)
   # Everywhere, or a container filled on one side of a library border would look overrun on the other.
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
+  # Under them g++ sees values of the standard library as not set that are.
+  target_compile_options(tevra_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
 # tevra_library(name SOURCES a.cpp .. [LINK libs..]): routines or screens of one folder.
