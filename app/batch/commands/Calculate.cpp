@@ -22,8 +22,9 @@ std::string Reason(const Failure& failure) {
 
 DateTime ParseDate(const std::string& text) {
   const std::optional<DateTime> date = WholeDate(text);
-  if (!date || *date != date->Midnight())
+  if (!date || *date != date->Midnight()) {
     throw Refusal("Data \"" + text + "\" nu este corecta (ZZ.LL.AAAA) !");
+  }
   return *date;
 }
 

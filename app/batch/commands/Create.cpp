@@ -28,7 +28,11 @@ class FilesMade {
  public:
   FilesMade() = default;
   ~FilesMade() {
-    for (const fs::path& file : files_) RemoveCompanyFile(file);
+    // What stands under the name and is no file was there before.
+    for (const fs::path& file : files_) {
+      std::error_code ignored;
+      if (!fs::is_directory(file, ignored)) RemoveCompanyFile(file);
+    }
   }
   FilesMade(const FilesMade&) = delete;
   FilesMade& operator=(const FilesMade&) = delete;
