@@ -17,7 +17,6 @@ namespace {
 class FrmRapChe : public ::testing::Test {
  protected:
   FrmRapChe() {
-    clock::Set(DateTime(2026, 11, 22, 10, 30));
     company_.AddAsset({{"COD", "1"},
                        {"TIP_AM", "L"},
                        {"DATA_ACH", DateTime(2026, 1, 10)},
@@ -28,7 +27,6 @@ class FrmRapChe : public ::testing::Test {
                        {"COTA_ANUALA", 0.2}});
     screen_.show();
   }
-  ~FrmRapChe() override { clock::Reset(); }
 
   Value Stored(const std::string& field) {
     return company_.Open().QueryValue("SELECT " + field + " FROM I_IMO");
@@ -38,6 +36,13 @@ class FrmRapChe : public ::testing::Test {
     return screen_.findChild<Control*>(name);
   }
 
+  // Before the screen, which asks for the day when it is made.
+  struct FixedDay {
+    FixedDay() { clock::Set(DateTime(2025, 3, 14, 10, 30)); }
+    ~FixedDay() { clock::Reset(); }
+    FixedDay(const FixedDay&) = delete;
+    FixedDay& operator=(const FixedDay&) = delete;
+  } day_;
   TestCompany company_;
   MessageRecorder messages_;
   frmRapCHE screen_;
@@ -48,7 +53,7 @@ TEST_F(FrmRapChe, OpensOnTodayWithTheNote) {
   EXPECT_EQ(Find<QGroupBox>("Frame1")->title(), "Atentie!");
   EXPECT_EQ(Find<QLabel>("Label1")->text(),
             "Inainte de Listare, va rugam efectuati Calculul amortizarilor pentru luna dorita.");
-  EXPECT_EQ(Find<QCalendarWidget>("MonthView1")->selectedDate(), QDate(2026, 11, 22));
+  EXPECT_EQ(Find<QCalendarWidget>("MonthView1")->selectedDate(), QDate(2025, 3, 14));
   EXPECT_TRUE(messages_.shown.empty());
 }
 
@@ -65,7 +70,7 @@ TEST_F(FrmRapChe, CalculatesForExactlyTheChosenDay) {
 
 TEST_F(FrmRapChe, EnterCalculatesTodayWithoutItsTimeAndEscapeLeaves) {
   QTest::keyClick(&screen_, Qt::Key_Return);
-  EXPECT_EQ(Stored("DATA_CALCUL"), Value(DateTime(2026, 11, 22)));
+  EXPECT_EQ(Stored("DATA_CALCUL"), Value(DateTime(2025, 3, 14)));
   QTest::keyClick(&screen_, Qt::Key_Escape);
   EXPECT_FALSE(screen_.isVisible());
 }
