@@ -13,8 +13,9 @@ endif()
 add_library(tevra_flags INTERFACE)
 target_compile_options(tevra_flags INTERFACE -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Wold-style-cast
                                              -Woverloaded-virtual
-                       # g++ 12 sees overlapping copies in std::string where there are none.
-                       $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+                       # g++ 12 sees overlapping copies in std::string where there are none, and values
+                       # of the standard library as not set that are.
+                       $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict;-Wno-maybe-uninitialized>)
 target_include_directories(tevra_flags INTERFACE "${CMAKE_SOURCE_DIR}")
 if(TEVRA_WERROR)
   target_compile_options(tevra_flags INTERFACE -Werror)
@@ -23,8 +24,6 @@ if(TEVRA_SANITIZE)
   # Everywhere, or a container filled on one side of a library border would look overrun on the other.
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
-  # Under them g++ sees values of the standard library as not set that are.
-  target_compile_options(tevra_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
 # tevra_library(name SOURCES a.cpp .. [LINK libs..]): routines or screens of one folder.

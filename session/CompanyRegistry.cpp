@@ -21,7 +21,6 @@ constexpr const char* kDatabase = "NUMEBD";
 constexpr std::size_t kLongestCode = 2;
 constexpr std::size_t kLongestName = 50;
 
-constexpr long kFileExists = 58;
 constexpr long kAlreadyThere = 457;
 
 FieldInfo TextField(const char* name, int size) {
@@ -57,6 +56,14 @@ void CheckCompany(const Company& company) {
   if (length == 0 || length > kLongestName) {
     throw Failure(kInvalidArgument, "Denumirea societatii are intre 1 si 50 de caractere");
   }
+  // An XML file has no place for them.
+  const auto isControl = [](unsigned char c) {
+    return c < ' ' && c != '\t' && c != '\n' && c != '\r';
+  };
+  if (!IsValidUtf8(company.denumire) ||
+      std::any_of(company.denumire.begin(), company.denumire.end(), isControl)) {
+    throw Failure(kInvalidArgument, "Denumirea societatii contine caractere nepermise");
+  }
   if (company.numeBd.empty()) {
     throw Failure(kInvalidArgument, "Societatea nu are baza de date: " + code);
   }
@@ -65,6 +72,32 @@ void CheckCompany(const Company& company) {
 Company CurrentOf(const Recordset& rows) {
   return {rows.Get(kCode).TextOrEmpty(), rows.Get(kName).TextOrEmpty(),
           rows.Get(kDatabase).TextOrEmpty()};
+}
+
+// Each of `taken` takes away one of its kind, so that doubled rows stay doubled.
+std::vector<Company> Without(std::vector<Company> all, const std::vector<Company>& taken) {
+  for (const Company& company : taken) {
+    const auto found = std::find(all.begin(), all.end(), company);
+    if (found != all.end()) all.erase(found);
+  }
+  return all;
+}
+
+bool FindCompany(Recordset& rows, const Company& company) {
+  for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+    if (CurrentOf(rows) == company) return true;
+  }
+  return false;
+}
+
+// The fields that both have.
+void CopyRow(const Recordset& from, Recordset& to) {
+  to.AddNew();
+  for (std::size_t i = 0; i < to.FieldCount(); ++i) {
+    const auto field = from.FindField(to.Field(i).def.name);
+    if (field) to.Set(i, from.Get(*field));
+  }
+  to.Update();
 }
 
 bool FindCode(Recordset& rows, const std::string& code) {
@@ -98,7 +131,9 @@ bool CompanyRegistry::Exists(const std::string& directory) {
 
 CompanyRegistry CompanyRegistry::Load(const std::string& directory) {
   const std::filesystem::path file = FileIn(directory);
-  return {file, LoadRowset(file)};
+  CompanyRegistry registry(file, LoadRowset(file));
+  registry.known_ = registry.Companies();
+  return registry;
 }
 
 CompanyRegistry CompanyRegistry::Empty(const std::string& directory) {
@@ -136,6 +171,12 @@ std::optional<Company> CompanyRegistry::Find(const std::string& code) const {
   return CurrentOf(rows);
 }
 
+bool CompanyRegistry::Names(const std::string& database) const {
+  const std::vector<Company> companies = Companies();
+  return std::any_of(companies.begin(), companies.end(),
+                     [&](const Company& company) { return EqualNoCase(company.numeBd, database); });
+}
+
 void CompanyRegistry::Add(const Company& company) {
   CheckCompany(company);
   const std::string code = UCase(company.cod);
@@ -153,6 +194,10 @@ void CompanyRegistry::Add(const Company& company) {
     rows_.CancelUpdate();
     throw;
   }
+  StayAtAdded();
+}
+
+void CompanyRegistry::StayAtAdded() {
   const std::size_t added = rows_.Bookmark();
   rows_.SetSort(kCode);
   rows_.SetBookmark(added);
@@ -163,16 +208,42 @@ void CompanyRegistry::Remove(const std::string& code) {
   if (!FindCode(rows, code)) {
     throw Failure(kItemNotFound, "Nu exista societatea cu codul " + code);
   }
+  std::vector<FieldInfo> fields;
+  for (std::size_t i = 0; i < rows.FieldCount(); ++i) fields.push_back(rows.Field(i));
+  removed_ = Recordset::Create(fields);
+  CopyRow(rows, removed_);
   const std::size_t doomed = rows.Bookmark();
   rows_.SetFilter("");
   rows_.SetBookmark(doomed);
   rows_.Delete();
 }
 
-void CompanyRegistry::Save() const {
+void CompanyRegistry::PutBack() {
+  rows_.SetFilter("");
+  CopyRow(removed_, rows_);
+  StayAtAdded();
+}
+
+void CompanyRegistry::Refresh() {
+  if (!std::filesystem::exists(file_)) return;
+  CompanyRegistry now(file_, LoadRowset(file_));
+  const std::vector<Company> there = now.Companies();
+  rows_.SetFilter("");
+  for (const Company& gone : Without(known_, there)) {
+    if (FindCompany(rows_, gone)) rows_.Delete();
+  }
+  for (const Company& added : Without(there, known_)) {
+    if (!Find(added.cod) && FindCompany(now.rows_, added)) CopyRow(now.rows_, rows_);
+  }
+  rows_.SetSort(kCode);
+  known_ = there;
+}
+
+void CompanyRegistry::Save() {
   Recordset rows = AllRows();
   rows.SetSort(kCode);
   SaveRowset(rows, file_);
+  known_ = Companies();
 }
 
 }  // namespace tevra

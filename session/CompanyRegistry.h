@@ -10,6 +10,9 @@
 
 namespace tevra {
 
+/// The error number of a file that exists already.
+inline constexpr long kFileExists = 58;
+
 /// One company of the registry.
 struct Company {
   std::string cod;       ///< one or two letters or digits, in capitals
@@ -46,17 +49,29 @@ class CompanyRegistry {
   /// The company of a code, in whatever case it is written.
   std::optional<Company> Find(const std::string& code) const;
 
+  /// True when a company has this database, in whatever case it is written.
+  bool Names(const std::string& database) const;
+
   /// Adds a company, its code in capitals, its name without blanks around it; it becomes the
   /// current row of Rows(), whose filter is lifted. Throws Failure 457 when the code is taken, 5
-  /// for a code that is not one or two letters or digits, for a name that is empty or has more than
-  /// 50 characters and for an empty database name.
+  /// for a code that is not one or two letters or digits, for a name that is empty, has more than
+  /// 50 characters or some that no registry can hold, and for an empty database name.
   void Add(const Company& company);
 
   /// Takes the company off the list; its database stays. Throws Failure 3265 for an unknown code.
   void Remove(const std::string& code);
 
+  /// Puts the row that was removed last back, with all its columns; it becomes the current one.
+  void PutBack();
+
+  /// Takes in what other programs have written to the file since it was loaded or saved here; rows
+  /// changed here and not yet saved stay so. The filter of Rows() is lifted. Before a Save, while
+  /// the folder is locked, nobody's companies are lost. Throws Failure as Load; a file that is gone
+  /// changes nothing.
+  void Refresh();
+
   /// Writes all rows to the file, whole or not at all. Throws Failure 76, 70 or 61 with its name.
-  void Save() const;
+  void Save();
 
   /// The rows COD, DENUMIRE, NUMEBD by code, for a grid; position and filter are shared with
   /// whoever else holds them. Companies, Find and Save see all rows, whatever the filter.
@@ -68,9 +83,12 @@ class CompanyRegistry {
  private:
   CompanyRegistry(std::filesystem::path file, Recordset rows);
   Recordset AllRows() const;
+  void StayAtAdded();
 
   std::filesystem::path file_;
   Recordset rows_;
+  Recordset removed_;           // the row removed last
+  std::vector<Company> known_;  // what stood in the file when it was last read or written here
 };
 
 }  // namespace tevra

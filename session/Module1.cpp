@@ -126,6 +126,42 @@ long GetNextNumber(const std::string& table) {
   return greatest.IsNull() ? 1 : CLng(greatest.AsDouble() + 1);
 }
 
+bool ExistaInTabela(const std::string& value, const std::string& key) {
+  static const std::map<std::string, const char*> kStatements{
+      {"UTILIZATOR", "Select NUME from UTILIZATORI WHERE NUME=?"},
+      {"CodJurnal", "Select kv_jur.COD from kv_jur WHERE kv_jur.COD=?"},
+      {"CodClasificare",
+       "Select i_clasificare.COD_GR_NOU from i_clasificare WHERE i_clasificare.COD_GR_NOU=?"},
+      {"Cont", "Select kv_pc.CONT from kv_pc WHERE kv_pc.CONT=?"},
+      {"OperTert", "Select CONT from kv_oper WHERE TIP = 'F' and CONT=?"},
+      {"OperTVA", "Select CONT from kv_oper WHERE TIP = 'T' and CONT=?"},
+      {"CodValuta", "Select COD from kv_val WHERE COD=?"},
+      {"CodCentruCost", "Select COD from kv_cc WHERE COD=?"},
+      {"CodOperLinii", "Select CODOPER from qryCodOperLinii WHERE CODOPER =Clng(?)"},
+      {"CodOperJurnale", "Select CODOPER from kv_jur WHERE CODOPER =Clng(?)"},
+      {"ContLinii", "Select CONT from qryContLinii WHERE CONT=?"},
+      {"JurnalLinii", "Select JURNAL from qryJurnalLinii WHERE JURNAL =?"},
+      {"CentreCostLinii", "Select CODBUG from qryCentreCostLinii WHERE CODBUG =?"},
+      {"TertiLinii", "Select TERT from qryTertiLinii WHERE TERT =Clng(?)"},
+      {"ContOperatiuni", "Select CONT from kv_Oper WHERE CONT =?"},
+      {"ContJurnale", "Select CONT from kv_Jur WHERE CONT =?"},
+      {"SI", "Select TIP from kv_Oper WHERE TIP ='S'"},
+      {"CodLocalizare", "Select COD from I_LOCALIZARE WHERE COD=?"},
+      {"CodConturiImob", "Select CONT from I_CONTURIIM WHERE CONT=?"},
+      {"Data", "Select DATVALIM from I_VALIM WHERE DATVALIM=cDATE(?)"},
+  };
+  const auto known = kStatements.find(key);
+  if (known == kStatements.end()) {
+    MsgBoxEx("EROARE", kCritical);
+    return false;
+  }
+  const std::string statement = known->second;
+  const bool takesValue = statement.find('?') != std::string::npos;
+  // One row answers; a code in use may stand in a million lines.
+  Connection connection(CurrentSession().connectionString);
+  return !connection.QueryValue(statement, takesValue ? Values{value} : Values{}).IsNull();
+}
+
 int TipUtilizator(const std::string& user) {
   const Value type =
       FirstField(OpenRecordset("SELECT TIP from UTILIZATORI where NUME = ?", {user}));

@@ -60,6 +60,10 @@ std::string GetTextDataCombo(const std::string& sql, const Values& params = {});
 /// table name is compared with case. Throws Failure.
 long GetNextNumber(const std::string& table);
 
+/// True when the table that the key stands for has the value. A key that nobody knows is told
+/// ("EROARE") and gives false. Throws Failure.
+bool ExistaInTabela(const std::string& value, const std::string& key);
+
 /// The type of a user; 0 when there is none of that name. Throws Failure when it cannot be read: 0
 /// would open every right.
 int TipUtilizator(const std::string& user);

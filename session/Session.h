@@ -20,6 +20,8 @@ struct Session {
   std::string contObiecteInventar;  ///< account of inventory objects
   DateTime dataIn;                  ///< start and end of the financial year
   DateTime dataSn;
+  std::string versionText;     ///< major and minor number of the program, two digits each
+  unsigned toolTipColour = 0;  ///< the desktop's, as 0xRRGGBB
 };
 
 /// The one session of the program.

@@ -7,10 +7,9 @@
 
 #include "app/batch/Directory.h"
 #include "app/batch/Refusal.h"
-#include "platform/data/Connection.h"
+#include "session/Login.h"
 #include "session/Module1.h"
 #include "session/Session.h"
-#include "session/Version.h"
 
 namespace tevra::batch {
 
@@ -58,20 +57,15 @@ std::string Password(const LoginRequest& request, const Streams& streams) {
   return FirstLine(file);
 }
 
-void RequireUser(Connection& connection, const std::string& user, const std::string& password) {
-  if (connection.QueryValue("SELECT NUME from UTILIZATORI where NUME = ?", {user}).IsNull()) {
-    throw Refusal("Utilizatorul " + user + " nu exista !");
-  }
-  const Value found = connection.QueryValue(
-      "SELECT NUME from UTILIZATORI where NUME = ? and PAROLA = ?", {user, password});
-  if (found.IsNull()) throw Refusal("Parola nu este corecta !");
+void RequireUser(const std::string& user, const std::string& password) {
+  if (!ExistaUtilizator(user)) throw Refusal("Utilizatorul " + user + " nu exista !");
+  if (!ParolaValida(user, password)) throw Refusal("Parola nu este corecta !");
 }
 
 // The structure is brought up to date by the window, which can ask; a script's data stay as they
 // are.
-void RequireVersion(Connection& connection, const std::string& database) {
-  const Value version = connection.QueryValue("Select VERSIUNE from kv_info");
-  if (version.IsNull() || version.AsLong() != kRevision) {
+void RequireVersion(const std::string& database) {
+  if (StructuraDiferita()) {
     throw Refusal("Structura bazei de date " + database + " trebuie actualizata !");
   }
 }
@@ -85,11 +79,10 @@ void Login(const LoginRequest& request, const Streams& streams) {
 
   Session& session = CurrentSession();
   session.selectedDatabase = company.numeBd;
-  Connection connection(CompanyConnectionString(directory.string(), company.numeBd));
-  RequireUser(connection, request.user, password);
-  RequireVersion(connection, company.numeBd);
-
   session.connectionString = CompanyConnectionString(directory.string(), company.numeBd);
+  RequireUser(request.user, password);
+  RequireVersion(company.numeBd);
+
   session.databasesPath = directory.string() + '\\';
   session.companyName = company.denumire;
   session.userName = request.user;

@@ -56,6 +56,10 @@ class Connection {
   /// A static recordset over a statement of the program's dialect; see Recordset.
   Recordset OpenRecordset(const std::string& sql, const Values& params = {});
 
+  /// The same rows, fetched as they are looked at: what is held of each is where to find it. For
+  /// lists that may be long. See Recordset for how it differs from a static one.
+  Recordset OpenKeyset(const std::string& sql, const Values& params = {});
+
   /// The first field of the first row; Null when there is no row.
   Value QueryValue(const std::string& sql, const Values& params = {});
 

@@ -129,6 +129,10 @@ Recordset Connection::OpenRecordset(const std::string& sql, const Values& params
   return Recordset(state);
 }
 
+Recordset Connection::OpenKeyset(const std::string& sql, const Values& params) {
+  return OpenRecordset(sql, params);
+}
+
 Recordset Recordset::Create(std::vector<FieldInfo> fields) {
   auto state = std::make_shared<State>();
   state->rows = std::make_shared<Rows>();
@@ -219,6 +223,26 @@ void Recordset::SetBookmark(std::size_t bookmark) {
   S().Current();
 }
 
+std::size_t Recordset::Position() const {
+  S().Current();
+  return S().at;
+}
+
+void Recordset::SetPosition(std::size_t position) {
+  State& s = S();
+  CancelUpdate();
+  if (position >= s.order.size()) throw Failure(kNoCurrentRecord, "No current record");
+  s.at = position;
+  s.before = false;
+}
+
+Value Recordset::ValueAt(std::size_t position, std::size_t field) const {
+  const State& s = S();
+  Field(field);
+  if (position >= s.order.size()) throw Failure(kNoCurrentRecord, "No current record");
+  return s.rows->rows[s.order[position]].values[field];
+}
+
 const Value& Recordset::Get(std::size_t field) const {
   State& s = S();
   Field(field);
@@ -249,6 +273,10 @@ void Recordset::AddNew() {
 
 bool Recordset::IsEditing() const {
   return S().adding || !S().edits.empty();
+}
+
+bool Recordset::IsAdding() const {
+  return S().adding;
 }
 
 void Recordset::CancelUpdate() {

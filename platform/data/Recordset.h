@@ -52,6 +52,12 @@ class Recordset {
   void MovePrevious();
   std::size_t Bookmark() const;  ///< stays with the row until Requery
   void SetBookmark(std::size_t bookmark);
+  /// The place of the current row among the rows under the filter, as sorted, from 0.
+  std::size_t Position() const;
+  void SetPosition(std::size_t position);
+  /// A value of the row at a place, without going there; edits that wait for their Update are not
+  /// in it. Throws Failure 3021 for a place that is none.
+  Value ValueAt(std::size_t position, std::size_t field) const;
 
   // Values of the current row, edits included.
   const Value& Get(const std::string& field) const;
@@ -71,6 +77,7 @@ class Recordset {
   void Update();
   void CancelUpdate();
   bool IsEditing() const;
+  bool IsAdding() const;  ///< a new row waits for its Update
 
   /// Deletes the current row. The position moves to the next one.
   void Delete();

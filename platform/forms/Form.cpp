@@ -1,5 +1,9 @@
 #include "platform/forms/Form.h"
 
+#include <QApplication>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QFocusEvent>
 #include <QKeyEvent>
 
 namespace tevra {
@@ -9,14 +13,109 @@ Form::Form(const char* name, const QString& caption, QWidget* parent) : QWidget(
   setWindowTitle(caption);
 }
 
-void Form::Run(const char* procedure, const Body& body) {
+bool Form::RunWith(const char* procedure, const Body& body, const OnFailure& onFailure) {
   Procedure running{procedure, "Form", objectName().toStdString()};
   try {
     body(running);
+    return true;
   } catch (const std::exception&) {
-    ShowStandardError(CaughtFailure(), running);
+    onFailure(CaughtFailure(), running);
+    return false;
   }
 }
+
+bool Form::Run(const char* procedure, const Body& body) {
+  return RunWith(procedure, body, ShowStandardError);
+}
+
+bool Form::RunShort(const char* procedure, const Body& body) {
+  return RunWith(procedure, body, ShowShortError);
+}
+
+// ---- Leaving boxes ------------------------------------------------------------------------------
+
+void Form::OnClick(QAbstractButton* button, const char* procedure, Body body) {
+  connect(button, &QAbstractButton::clicked, this, [this, procedure, body = std::move(body)] {
+    if (LeaveBox()) Run(procedure, body);
+  });
+}
+
+void Form::OnClickShort(QAbstractButton* button, const char* procedure, Body body) {
+  connect(button, &QAbstractButton::clicked, this, [this, procedure, body = std::move(body)] {
+    if (LeaveBox()) RunShort(procedure, body);
+  });
+}
+
+void Form::OnLeave(QWidget* box, const char* procedure, LeaveBody body) {
+  OnLeaveWith(box, procedure, std::move(body), ShowStandardError);
+}
+
+void Form::OnLeaveShort(QWidget* box, const char* procedure, LeaveBody body) {
+  OnLeaveWith(box, procedure, std::move(body), ShowShortError);
+}
+
+void Form::OnLeaveWith(QWidget* box, const char* procedure, LeaveBody body, OnFailure onFailure) {
+  box->installEventFilter(this);
+  leaveHandlers_[box] = [this, procedure, body = std::move(body),
+                         onFailure = std::move(onFailure)] {
+    bool letsGo = false;
+    RunWith(
+        procedure, [&](Procedure& running) { letsGo = body(running); }, onFailure);
+    return letsGo;
+  };
+}
+
+bool Form::LeaveBox() {
+  QWidget* box = left_ ? left_.data() : FocusedBox();
+  left_.clear();
+  const auto handler = leaveHandlers_.find(box);
+  if (!box || handler == leaveHandlers_.end() || leaving_) return true;
+  leaving_ = true;
+  const bool letsGo = handler->second();
+  leaving_ = false;
+  if (!letsGo) KeepFocusIn(box);
+  return letsGo;
+}
+
+// A box of several parts has its focus in one of them.
+QWidget* Form::FocusedBox() const {
+  for (QWidget* widget = focusWidget(); widget && widget != this; widget = widget->parentWidget()) {
+    if (leaveHandlers_.count(widget)) return widget;
+  }
+  return nullptr;
+}
+
+void Form::KeepFocusIn(QWidget* box) {
+  // The button that was pressed to leave never gets its release: the message took it.
+  if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) button->setDown(false);
+  keeping_ = true;
+  box->setFocus(Qt::OtherFocusReason);
+  keeping_ = false;
+  left_.clear();
+}
+
+// The handler runs when the focus has settled: a message in the middle of its change would leave
+// two boxes with a cursor.
+bool Form::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusOut && !keeping_ && isVisible() && !closing_) {
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    auto* box = qobject_cast<QWidget*>(watched);
+    const bool left = reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+                      reason != Qt::MenuBarFocusReason;
+    if (left && leaveHandlers_.count(box)) {
+      left_ = box;
+      QMetaObject::invokeMethod(
+          this,
+          [this, box = QPointer<QWidget>(box)] {
+            if (box && left_ == box && isVisible() && !closing_) LeaveBox();
+          },
+          Qt::QueuedConnection);
+    }
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+// ---- Keys, closing ------------------------------------------------------------------------------
 
 // A button that has the focus is the one that Enter means.
 QPushButton* Form::ButtonOfEnter() const {
@@ -28,11 +127,58 @@ QPushButton* Form::ButtonOfEnter() const {
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && cancel_ && cancel_->isEnabled()) {
+    // Giving up asks nothing of the box that is being filled.
+    closing_ = true;
+    left_.clear();
+    const QPointer<Form> alive(this);
+    leaving_ = true;
+    cancel_->click();
+    if (alive) leaving_ = closing_ = false;
+    return;
+  }
   QPushButton* pressed = nullptr;
-  if (event->key() == Qt::Key_Escape) pressed = cancel_;
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) pressed = ButtonOfEnter();
   if (!pressed || !pressed->isEnabled()) return QWidget::keyPressEvent(event);
   pressed->click();
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+  if (unloaded_) return QWidget::closeEvent(event);
+  closing_ = true;
+  bool agreed = false;
+  Run("Form_QueryUnload", [&](Procedure&) { agreed = QueryUnload(); });
+  if (!agreed) {
+    closing_ = false;
+    event->ignore();
+    return;
+  }
+  unloaded_ = true;
+  Run("Form_Unload", [&](Procedure&) { Form_Unload(); });
+  emit Closed();
+  QWidget::closeEvent(event);
+}
+
+void Form::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  if (modalLoop_ && !event->spontaneous()) modalLoop_->quit();
+}
+
+void Form::ShowModal() {
+  if (!parentWidget()) {
+    setWindowFlags(windowFlags() | Qt::Dialog);
+    setWindowModality(Qt::ApplicationModal);
+  }
+  closing_ = unloaded_ = false;
+  QEventLoop loop;
+  const QPointer<Form> alive(this);
+  QEventLoop* before = modalLoop_;
+  modalLoop_ = &loop;
+  show();
+  raise();
+  activateWindow();
+  loop.exec(QEventLoop::DialogExec);
+  if (alive) modalLoop_ = before;
 }
 
 }  // namespace tevra

@@ -2,37 +2,95 @@
 // failures.
 #pragma once
 
+#include <QAbstractButton>
+#include <QPointer>
 #include <QPushButton>
 #include <QWidget>
 #include <functional>
+#include <map>
 
 #include "platform/system/StandardError.h"
 
+class QEventLoop;
+
 namespace tevra {
 
-/// A screen. Its objectName is the name that messages and tests know it by.
+/// A screen. Its objectName is the name that messages and tests know it by. Windows.h tells who
+/// shows screens and when they are gone.
 class Form : public QWidget {
+  Q_OBJECT
+
  public:
   /// `name`: the screen's name; `caption`: its title.
   Form(const char* name, const QString& caption, QWidget* parent = nullptr);
 
+  /// Shows the screen above all others and returns when it was closed or hidden.
+  void ShowModal();
+
+  /// The user leaves the box that has the focus, or has just lost it, as a button pressed by its
+  /// letter or by Enter makes him: its leave handler runs, if it did not yet. False when the box
+  /// keeps the focus.
+  bool LeaveBox();
+
+ signals:
+  void Closed();
+
  protected:
   /// What a procedure does; it counts its statements into `procedure.line` for the error message.
   using Body = std::function<void(Procedure& procedure)>;
+  /// The same for leaving a box; false keeps the focus in it.
+  using LeaveBody = std::function<bool(Procedure& procedure)>;
+  using OnFailure = std::function<void(const Failure& failure, const Procedure& procedure)>;
 
-  /// Runs a procedure of this screen. A failure is shown in the standard form and ends the
-  /// procedure only: the caller's next step still runs.
-  void Run(const char* procedure, const Body& body);
+  /// Runs a procedure of this screen. A failure is shown in the standard long form and ends the
+  /// procedure only: the caller's next step still runs. True when it came to its end.
+  bool Run(const char* procedure, const Body& body);
+
+  /// The same with the short form: the number and the description, under the procedure's name
+  /// between blanks.
+  bool RunShort(const char* procedure, const Body& body);
+
+  /// Runs a procedure whose failures have a form of their own.
+  bool RunWith(const char* procedure, const Body& body, const OnFailure& onFailure);
+
+  /// Pressing the button runs the procedure, once the box with the focus let go.
+  void OnClick(QAbstractButton* button, const char* procedure, Body body);
+  void OnClickShort(QAbstractButton* button, const char* procedure, Body body);
+
+  /// Leaving the box runs the procedure. The focus lost to another window, a menu or a popup is no
+  /// leaving, nor is giving up by Escape or closing the screen. When it answers false, or fails,
+  /// the focus goes back.
+  void OnLeave(QWidget* box, const char* procedure, LeaveBody body);
+  void OnLeaveShort(QWidget* box, const char* procedure, LeaveBody body);
+
+  /// Asked before the screen closes; false keeps it open.
+  virtual bool QueryUnload() { return true; }
+  /// Runs once when the screen closes, after QueryUnload agreed.
+  virtual void Form_Unload() {}
 
   /// Enter presses the button that has the focus, else the default one, and Escape the one set
   /// here, where no control wants the key for itself.
   void SetCancelButton(QPushButton* button) { cancel_ = button; }
+
   void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QPushButton* ButtonOfEnter() const;
+  void OnLeaveWith(QWidget* box, const char* procedure, LeaveBody body, OnFailure onFailure);
+  QWidget* FocusedBox() const;
+  void KeepFocusIn(QWidget* box);
 
   QPushButton* cancel_ = nullptr;
+  std::map<QWidget*, std::function<bool()>> leaveHandlers_;
+  QPointer<QWidget> left_;  // lost the focus, and its handler has not run yet
+  bool leaving_ = false;    // a handler runs
+  bool keeping_ = false;    // the focus is being given back
+  bool closing_ = false;
+  bool unloaded_ = false;
+  QEventLoop* modalLoop_ = nullptr;
 };
 
 }  // namespace tevra

@@ -24,7 +24,9 @@ long ToErrorOutput(const MessageRequest& request) {
 
 }  // namespace
 
-std::vector<MessageButton> ButtonsOf(long word) {
+namespace {
+
+std::vector<MessageButton> AnswersOf(long word) {
   switch (word & kButtonsMask) {
     case kOkCancel:
       return {{kOk, "OK"}, {kCancel, "Anulare"}};
@@ -39,6 +41,14 @@ std::vector<MessageButton> ButtonsOf(long word) {
     default:
       return {{kOk, "OK"}};
   }
+}
+
+}  // namespace
+
+std::vector<MessageButton> ButtonsOf(long word) {
+  std::vector<MessageButton> buttons = AnswersOf(word);
+  if (word & kHelpButton) buttons.push_back({kHelp, "Ajutor"});
+  return buttons;
 }
 
 std::size_t DefaultButton(long word) {

@@ -20,6 +20,7 @@ enum MessageButtons : long {
   kQuestion = 32,
   kExclamation = 48,
   kInformation = 64,
+  kHelpButton = 16384,  ///< one more button, which asks for help and leaves the message open
 };
 
 /// The code of the pressed button.
@@ -30,7 +31,8 @@ enum MessageAnswer : long {
   kRetry = 4,
   kIgnore = 5,
   kYes = 6,
-  kNo = 7
+  kNo = 7,
+  kHelp = -1  ///< of the help button; never an answer
 };
 
 /// The parts of the buttons word.
@@ -46,7 +48,7 @@ struct MessageButton {
   const char* caption;  ///< unless the message brings its own
 };
 
-/// The buttons of a word, from left to right.
+/// The buttons of a word, from left to right; the help button, if any, is the last.
 std::vector<MessageButton> ButtonsOf(long word);
 
 /// The place in ButtonsOf of the button that Enter presses; the first where the word names none

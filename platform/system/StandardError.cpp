@@ -12,6 +12,10 @@ std::string StandardErrorText(const Failure& failure, const Procedure& procedure
          " Linia: " + std::to_string(procedure.line);
 }
 
+std::string ShortErrorText(const Failure& failure) {
+  return std::to_string(failure.Number()) + " - " + failure.Description();
+}
+
 Failure CaughtFailure() {
   try {
     throw;
@@ -26,6 +30,10 @@ Failure CaughtFailure() {
 
 void ShowStandardError(const Failure& failure, const Procedure& procedure) {
   ShowMessage({StandardErrorText(failure, procedure), kCritical, {}, {}});
+}
+
+void ShowShortError(const Failure& failure, const Procedure& procedure) {
+  ShowMessage({ShortErrorText(failure), kCritical, " " + procedure.name + " ", {}});
 }
 
 }  // namespace tevra

@@ -1,4 +1,4 @@
-// The standard form in which a failure is told to the user.
+// The standard forms in which a failure is told to the user.
 #pragma once
 
 #include <string>
@@ -18,11 +18,18 @@ struct Procedure {
 /// The long form: number, description, procedure, module and statement counter.
 std::string StandardErrorText(const Failure& failure, const Procedure& procedure);
 
+/// The short form: number and description.
+std::string ShortErrorText(const Failure& failure);
+
 /// What is being caught, as a failure: call it in a catch block. Whatever is no failure of ours
 /// becomes one (7 out of memory, else 51).
 Failure CaughtFailure();
 
 /// Shows a failure in the long form, with the critical icon.
 void ShowStandardError(const Failure& failure, const Procedure& procedure);
+
+/// Shows a failure in the short form, with the critical icon and the procedure's name between
+/// blanks as the title.
+void ShowShortError(const Failure& failure, const Procedure& procedure);
 
 }  // namespace tevra

@@ -5,6 +5,7 @@
 #include "platform/system/StandardError.h"
 #include "session/Module1.h"
 #include "session/Session.h"
+#include "tests/Hostile.h"
 #include "tests/TestCompany.h"
 #include "tests/text/Expect.h"
 
@@ -220,6 +221,68 @@ TEST_F(Module1, TheTypeOfAUserIsFoundByNameAlone) {
       {"admin ", 0}};
   for (const auto& [user, type] : cases) EXPECT_EQ(TipUtilizator(user), type) << user;
   EXPECT_EQ(GetRecordCount("UTILIZATORI"), 4);
+}
+
+TEST_F(Module1, ExistenceIsAskedByTheKeysOwnTable) {
+  ExecuteSQL(
+      "INSERT INTO Kv_Linii (NDI, NRLINIE, CONT, JURNAL, CODBUG, TERT, CODOPER) "
+      "VALUES (1, 1, '371', 'XY', 'c9', 12, 77), (1, 2, NULL, NULL, NULL, NULL, NULL)");
+  ExecuteSQL("INSERT INTO Kv_CC (COD) VALUES ('c1')");
+  ExecuteSQL("INSERT INTO I_LOCALIZARE (COD) VALUES ('O''Hara')");
+  ExecuteSQL("UPDATE KV_JUR SET CODOPER = 5 WHERE COD = 'JC'");
+  // What is there in the key's own table, and what at most another one has.
+  const struct {
+    const char* key;
+    std::vector<const char*> found;
+    std::vector<const char*> missing;
+  } cases[] = {{"UTILIZATOR", {"admin", "ADMIN"}, {"admin ", ""}},
+               {"CodJurnal", {"BK", "bk"}, {"XY", "5121"}},
+               {"CodClasificare", {"1.1.2"}, {"N1.1.2"}},
+               {"Cont", {"1011"}, {"10110"}},
+               {"OperTert", {"404", "4111"}, {"4426", "891"}},
+               {"OperTVA", {"4426"}, {"404"}},
+               {"CodValuta", {"eur"}, {"LEI"}},
+               {"CodCentruCost", {"C1"}, {"c9"}},
+               {"CodOperLinii", {"77", " 77 ", "77,4"}, {"5", "-77", "1.077"}},
+               {"CodOperJurnale", {"5", "005"}, {"77"}},
+               {"ContLinii", {"371"}, {"1011", "5121"}},
+               {"JurnalLinii", {"xy"}, {"BK"}},
+               {"CentreCostLinii", {"c9"}, {"c1"}},
+               {"TertiLinii", {"12", "1,2E1"}, {"1"}},
+               {"ContOperatiuni", {"891", "404"}, {"5121"}},
+               {"ContJurnale", {"5121"}, {"404"}},
+               {"SI", {"", "orice"}, {}},
+               {"CodLocalizare", {"o'hara"}, {"O'Hara'"}},
+               {"CodConturiImob", {"201"}, {"6811"}},
+               {"Data", {"01.06.2001", "1/6/2001", "2001-06-01"}, {"06.01.2001", "02.06.2001"}}};
+  EXPECT_EQ(std::size(cases), 20U);
+  for (const auto& c : cases) {
+    for (const char* value : c.found) EXPECT_TRUE(ExistaInTabela(value, c.key)) << c.key << value;
+    for (const char* value : c.missing) {
+      EXPECT_FALSE(ExistaInTabela(value, c.key)) << c.key << " " << value;
+    }
+    if (std::string(c.key) == "SI") continue;
+    const bool converted =
+        std::string("CodOperLinii CodOperJurnale TertiLinii Data").find(c.key) != std::string::npos;
+    for (const std::string& value : test::HostileTexts()) {
+      bool found = false;
+      const long number = FailureOf([&] { found = ExistaInTabela(value, c.key); });
+      EXPECT_EQ(number, converted ? long{kTypeMismatch} : 0L) << c.key << value.substr(0, 30);
+      EXPECT_FALSE(found) << c.key << value.substr(0, 30);
+    }
+  }
+  EXPECT_EQ(FailureOf([] { ExistaInTabela("99999999999", "TertiLinii"); }), kOverflow);
+  EXPECT_EQ(GetRecordCount("UTILIZATORI"), 1);
+  EXPECT_TRUE(messages_.shown.empty());
+
+  for (const char* key : {"", "utilizator", "cont", "ALTCEVA"}) {
+    EXPECT_FALSE(ExistaInTabela("admin", key));
+  }
+  ASSERT_EQ(messages_.shown.size(), 4U);
+  EXPECT_EQ(messages_.shown[0].prompt, "EROARE");
+  EXPECT_EQ(messages_.shown[0].buttons, 16);
+  std::filesystem::remove(company_.File());
+  EXPECT_EQ(FailureOf([] { ExistaInTabela("1", "Cont"); }), kDatabaseNotOpened);
 }
 
 class Parameters : public Module1 {

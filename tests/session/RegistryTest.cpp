@@ -120,6 +120,17 @@ TEST_F(Registry, TheFileKeepsItsSpellingAndItsOtherColumns) {
   rows.Find("COD = '02'");
   EXPECT_EQ(rows.Get("anul"), Value(2004));
   EXPECT_TRUE(rows.Get("DENUMIRE").IsNull());
+  registry.Remove("03");
+  registry.Remove("02");
+  registry.PutBack();
+  EXPECT_EQ(rows.Get("COD"), Value("02")) << "the last one, and it is the current row";
+  EXPECT_EQ(rows.Get("ANUL"), Value(2004));
+  registry.Remove("02");
+  CompanyRegistry other = CompanyRegistry::Load(Directory());
+  registry.Save();
+  EXPECT_EQ(other.Companies().size(), 3U);
+  other.Refresh();
+  EXPECT_EQ(other.Companies(), (std::vector<Company>{{"01", "Una", "Kelnar01.mdb"}}));
 }
 
 TEST_F(Registry, AFileThatIsNoRegistryIsRefusedAndStays) {

@@ -1,0 +1,66 @@
+// tevra: the window program.
+#include <QApplication>
+#include <QLocale>
+#include <QPalette>
+#include <csignal>
+
+#include "app/tevra/Desktop.h"
+#include "app/tevra/Screens.h"
+#include "platform/forms/Pictures.h"
+#include "platform/system/MessageBox.h"
+#include "platform/system/QtSettings.h"
+#include "session/ApplicationFiles.h"
+#include "session/Session.h"
+#include "session/Version.h"
+#include "session/frmLogin.h"
+#include "session/frmMain.h"
+#include "session/frmSplash.h"
+
+namespace {
+
+using namespace tevra;
+
+std::string TwoDigits(int number) {
+  return (number < 10 ? "0" : "") + std::to_string(number);
+}
+
+void PrepareApplication() {
+  QApplication::setApplicationName("tevra");
+  QLocale::setDefault(QLocale(QLocale::Romanian, QLocale::Romania));
+  SetSettings(std::make_unique<QtSettings>());
+  SetApplicationTitle(kApplicationTitle);
+  SetPictureDirectory(ProgramDirectory().string());
+  QApplication::setWindowIcon(PictureIcon("\\BMP\\Tevra.ico"));
+  UseDesktop();
+}
+
+// From the start to the main frame; false when nobody logged in.
+bool Login() {
+  {
+    frmSplash splash;
+    splash.ShowAtOnce();
+    CurrentSession().versionText = TwoDigits(kVersionMajor) + TwoDigits(kVersionMinor);
+  }
+  frmLogin login;
+  login.ShowModal();
+  return login.LoginSucceeded();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // A file size limit is an error of the write, as a full disk is, and no reason to die.
+  std::signal(SIGXFSZ, SIG_IGN);
+  QApplication application(argc, argv);
+  PrepareApplication();
+  // The login's window closing is not the program's end.
+  QApplication::setQuitOnLastWindowClosed(false);
+  if (!Login()) return 0;
+  CurrentSession().toolTipColour =
+      application.palette().color(QPalette::ToolTipBase).rgb() & 0xFFFFFFU;
+  QApplication::setQuitOnLastWindowClosed(true);
+  frmMain frame;
+  HandInScreens(frame);
+  frame.show();
+  return QApplication::exec();
+}

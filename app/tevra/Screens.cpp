@@ -1,0 +1,18 @@
+#include "app/tevra/Screens.h"
+
+#include "platform/forms/Windows.h"
+#include "reports/frmRapCHE.h"
+#include "session/frmParamSoc.h"
+#include "session/frmSocietati.h"
+#include "session/frmUtilizatori.h"
+
+namespace tevra {
+
+void HandInScreens(frmMain& frame) {
+  frame.SetOpener("Soc_Lista", [] { windows::Open<frmSocietati>(); });
+  frame.SetOpener("Soc_Conf", [] { windows::Open<frmParamSoc>(); });
+  frame.SetOpener("Utilizatori", [] { windows::Open<frmUtilizatori>(); });
+  frame.SetOpener("Rapoarte_Cheltuieli", [] { windows::Open<frmRapCHE>(); });
+}
+
+}  // namespace tevra

@@ -1,0 +1,54 @@
+// A combo over the rows of a data source: it lists one column and stands for another.
+#pragma once
+
+#include <QComboBox>
+#include <QPointer>
+#include <string>
+
+#include "platform/forms/Binding.h"
+
+namespace tevra {
+
+/// Typing looks for the entry that begins so. May itself be bound to a field of another source.
+class DataCombo : public QComboBox {
+  Q_OBJECT
+
+ public:
+  explicit DataCombo(const char* name, QWidget* parent = nullptr);
+
+  /// The rows listed, the column shown and the column that an entry stands for. The list follows
+  /// the source's Refresh and keeps its text.
+  void SetRowSource(Adodc* rows);
+  void SetListField(const std::string& field);
+  void SetBoundColumn(const std::string& field);
+
+  /// What the entry on show stands for; the empty text with none.
+  std::string BoundText() const;
+  /// Shows the entry that stands for a text, without case; none when there is none.
+  void SetBoundText(const std::string& text);
+  std::string Text() const { return currentText().toStdString(); }
+  /// Shows a text, whether or not the list has it.
+  void SetText(const std::string& text);
+
+  /// The field of another source that takes the bound text; no source cuts it loose.
+  void SetDataField(Adodc* source, const std::string& field = {});
+
+ signals:
+  /// The user picked an entry of the list.
+  void Picked();
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override;
+  void showPopup() override;
+
+ private:
+  void Fill();
+
+  QPointer<Adodc> rows_;
+  std::string listField_;
+  std::string boundColumn_;
+  Binding* binding_;
+  std::string loaded_;
+};
+
+}  // namespace tevra

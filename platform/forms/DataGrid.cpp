@@ -1,0 +1,331 @@
+#include "platform/forms/DataGrid.h"
+
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QTableView>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "platform/forms/GridDelegate.h"
+#include "platform/forms/GridFooter.h"
+#include "platform/forms/GridHeader.h"
+#include "platform/forms/GridModel.h"
+#include "platform/forms/GroupArea.h"
+#include "platform/system/MessageBox.h"
+#include "platform/system/StandardError.h"
+#include "platform/text/Strings.h"
+
+namespace tevra {
+
+namespace {
+
+constexpr int kCellMargin = 8;  // pixels, left and right of a row's text and above and below it
+
+// Brings a flag back, however a routine ends.
+class Flag {
+ public:
+  explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Flag() { flag_ = false; }
+  Flag(const Flag&) = delete;
+  Flag& operator=(const Flag&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
+
+DataGrid::DataGrid(const char* name, QWidget* parent) : QWidget(parent) {
+  setObjectName(name);
+  model_ = new GridModel(this);
+  model_->write = [this](int row, int column, const QString& text) {
+    return WriteCell(row, column, text);
+  };
+  area_ = new GroupArea(this);
+  area_->SetText("Drag a column header here to group by that column");
+  area_->hide();
+  view_ = new QTableView(this);
+  BuildView();
+  BuildHeader();
+  footer_ = new GridFooter(view_);
+  footer_->hide();
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(area_);
+  layout->addWidget(view_, 1);
+  layout->addWidget(footer_);
+  setFocusProxy(view_);
+}
+
+void DataGrid::BuildView() {
+  view_->setObjectName(objectName() + "_View");
+  view_->setItemDelegate(new GridDelegate(model_, view_));
+  view_->setSelectionMode(QAbstractItemView::NoSelection);
+  view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  view_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  view_->setAlternatingRowColors(true);
+  view_->setWordWrap(false);
+  view_->setTabKeyNavigation(false);
+  view_->installEventFilter(this);
+  auto* selectors = new RecordSelectors(view_);
+  view_->setVerticalHeader(selectors);
+  selectors->setDefaultSectionSize(view_->fontMetrics().height() + kCellMargin);
+  view_->setModel(model_);
+  connect(selectors, &RecordSelectors::RowPressed, this, &DataGrid::MarkRows);
+  // The selection belongs to the model, which stays the same.
+  connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& now, const QModelIndex& before) {
+            FollowView();
+            if (now.row() != before.row()) {
+              view_->viewport()->update();
+              view_->verticalHeader()->viewport()->update();
+            }
+            emit RowColChange();
+          });
+}
+
+void DataGrid::BuildHeader() {
+  auto* header = new GridHeader(view_);
+  view_->setHorizontalHeader(header);
+  connect(header, &GridHeader::DraggedAbove, this,
+          [this](int, const QPoint& at) { HoverGroup(at); });
+  connect(header, &GridHeader::DroppedAbove, this, &DataGrid::DropOnGroup);
+  header->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(header, &QWidget::customContextMenuRequested, this, [this, header](const QPoint& at) {
+    ShowMenu(header->logicalIndexAt(at), header->mapToGlobal(at));
+  });
+}
+
+void DataGrid::SetColumns(std::vector<GridColumn> columns) {
+  model_->SetColumns(std::move(columns));
+  Reload();
+}
+
+const std::vector<GridColumn>& DataGrid::Columns() const {
+  return model_->Columns();
+}
+
+void DataGrid::SetDataSource(Adodc* source) {
+  if (source_) disconnect(source_, nullptr, this, nullptr);
+  source_ = source;
+  model_->SetSource(source);
+  if (source_) {
+    connect(source_, &Adodc::RowsChanged, this, [this] {
+      model_->Reload();
+      emit SelChange();
+    });
+    connect(source_, &Adodc::MoveComplete, this, [this] { FollowSource(); });
+    connect(source_, &QObject::destroyed, this, [this] {
+      source_ = nullptr;
+      model_->SetSource(nullptr);
+    });
+  }
+  Reload();
+}
+
+void DataGrid::Reload() {
+  const int character = std::max(view_->fontMetrics().averageCharWidth(),
+                                 view_->fontMetrics().horizontalAdvance('0'));
+  for (int i = 0; i < static_cast<int>(Columns().size()); ++i) {
+    const GridColumn& column = Columns()[static_cast<std::size_t>(i)];
+    view_->setColumnWidth(i, SuitableWidth(column, model_->Field(i)) * character + 2 * kCellMargin);
+    view_->setColumnHidden(i, !column.visible);
+  }
+  FollowSource();
+}
+
+void DataGrid::SetAllowUpdate(bool allow) {
+  model_->allowUpdate = allow;
+  view_->setEditTriggers(allow ? QAbstractItemView::DoubleClicked |
+                                     QAbstractItemView::EditKeyPressed |
+                                     QAbstractItemView::AnyKeyPressed
+                               : QAbstractItemView::NoEditTriggers);
+}
+
+// ---- The current row ----------------------------------------------------------------------------
+
+void DataGrid::FollowSource() {
+  if (following_ || !source_) return;
+  const Flag following(following_);
+  if (!source_->HasRow() || source_->Recordset().IsAdding()) {
+    view_->setCurrentIndex({});
+    return;
+  }
+  const int row = static_cast<int>(source_->Recordset().Position());
+  int column = view_->currentIndex().column();
+  while (column < 0 || (column + 1 < model_->columnCount() && view_->isColumnHidden(column))) {
+    ++column;
+  }
+  view_->setCurrentIndex(model_->index(row, column));
+  model_->Repaint(row);
+}
+
+void DataGrid::FollowView() {
+  const QModelIndex current = view_->currentIndex();
+  if (following_ || !source_ || !current.isValid()) return;
+  const Flag following(following_);
+  const auto position = static_cast<std::size_t>(current.row());
+  const bool there = source_->HasRow() && source_->Recordset().Position() == position;
+  if (!there) source_->MoveTo(position);
+}
+
+std::string DataGrid::ColumnText(int column) const {
+  const QModelIndex current = view_->currentIndex();
+  if (!current.isValid()) return {};
+  return model_->index(current.row(), column).data().toString().toStdString();
+}
+
+int DataGrid::ColumnOf(const std::string& field) const {
+  for (std::size_t i = 0; i < Columns().size(); ++i) {
+    if (EqualNoCase(Columns()[i].field, field)) return static_cast<int>(i);
+  }
+  throw Failure(kItemNotFound, "Item not found: " + field);
+}
+
+// ---- Editing ------------------------------------------------------------------------------------
+
+bool DataGrid::WriteCell(int row, int column, const QString& text) {
+  const GridColumn& shown = Columns()[static_cast<std::size_t>(column)];
+  const QString before = model_->index(row, column).data().toString();
+  if (beforeColUpdate_ && !beforeColUpdate_(column, before, text)) return false;
+  Recordset& rows = source_->Recordset();
+  try {
+    rows.SetPosition(static_cast<std::size_t>(row));
+    rows.Set(shown.field, CellValue(text, shown));
+    rows.Update();
+  } catch (const std::exception&) {
+    const Failure failure = CaughtFailure();
+    rows.CancelUpdate();
+    ShowMessage({ShortErrorText(failure), kCritical, {}, {}});
+    return false;
+  }
+  source_->NotifyRow();
+  emit CellWritten(column);
+  return true;
+}
+
+// ---- Marking rows -------------------------------------------------------------------------------
+
+void DataGrid::MarkRows(int row, Qt::KeyboardModifiers modifiers) {
+  QItemSelectionModel* selection = view_->selectionModel();
+  const bool further = modifiers & Qt::ShiftModifier;
+  const bool toggled = modifiers & Qt::ControlModifier;
+  if (!further) anchor_ = row;
+  const QItemSelection rows(model_->index(std::min(anchor_, row), 0),
+                            model_->index(std::max(anchor_, row), model_->columnCount() - 1));
+  selection->select(rows, toggled
+                              ? further ? QItemSelectionModel::Select : QItemSelectionModel::Toggle
+                              : QItemSelectionModel::ClearAndSelect);
+  const int column = std::max(view_->currentIndex().column(), 0);
+  selection->setCurrentIndex(model_->index(row, column), QItemSelectionModel::NoUpdate);
+  view_->verticalHeader()->viewport()->update();
+  view_->setFocus();
+  emit SelChange();
+}
+
+void DataGrid::MarkAll() {
+  if (model_->rowCount() == 0) return;
+  view_->selectionModel()->select(
+      QItemSelection(model_->index(0, 0),
+                     model_->index(model_->rowCount() - 1, model_->columnCount() - 1)),
+      QItemSelectionModel::ClearAndSelect);
+  view_->verticalHeader()->viewport()->update();
+  emit SelChange();
+}
+
+std::vector<std::size_t> DataGrid::SelectedRows() const {
+  std::vector<std::size_t> rows;
+  for (const QItemSelectionRange& range : view_->selectionModel()->selection()) {
+    for (int row = range.top(); row <= range.bottom(); ++row) {
+      rows.push_back(static_cast<std::size_t>(row));
+    }
+  }
+  std::sort(rows.begin(), rows.end());
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+  return rows;
+}
+
+// ---- Footers ------------------------------------------------------------------------------------
+
+void DataGrid::SetFooter(const std::string& field, const QString& text) {
+  footer_->SetText(ColumnOf(field), text);
+  footer_->show();
+}
+
+QString DataGrid::Footer(const std::string& field) const {
+  return footer_->Text(ColumnOf(field));
+}
+
+// ---- The group area -----------------------------------------------------------------------------
+
+void DataGrid::SetGroupArea(bool shown) {
+  area_->setVisible(shown);
+}
+
+void DataGrid::SetGroupText(const QString& text) {
+  area_->SetText(text);
+}
+
+bool DataGrid::IsOverGroupArea(const QPoint& globalPosition) const {
+  return area_->isVisible() && area_->rect().contains(area_->mapFromGlobal(globalPosition));
+}
+
+void DataGrid::HoverGroup(const QPoint& globalPosition) {
+  area_->SetHovered(IsOverGroupArea(globalPosition));
+}
+
+void DataGrid::DropOnGroup(int column, const QPoint& globalPosition) {
+  area_->SetHovered(false);
+  if (IsOverGroupArea(globalPosition)) AddGroupColumn(column);
+}
+
+void DataGrid::AddGroupColumn(int column) {
+  const std::string& field = Columns().at(static_cast<std::size_t>(column)).field;
+  if (std::find(groups_.begin(), groups_.end(), field) == groups_.end()) groups_.push_back(field);
+  emit GroupColMove();
+}
+
+void DataGrid::ResetGroups() {
+  groups_.clear();
+}
+
+void DataGrid::SetSortMarks(const std::vector<std::string>& fields, bool descending) {
+  std::vector<QString> captions;
+  for (const std::string& field : fields) {
+    captions.push_back(Columns()[static_cast<std::size_t>(ColumnOf(field))].caption);
+  }
+  area_->SetSorted(captions, descending);
+}
+
+// What the mouse does by dragging a header, from the keyboard too.
+void DataGrid::ShowMenu(int column, const QPoint& globalPosition) {
+  if (!area_->isVisible() || column < 0 || column >= model_->columnCount()) return;
+  const std::string field = Columns()[static_cast<std::size_t>(column)].field;
+  QMenu menu(this);
+  const QAction* ascending = menu.addAction("Sorteaza crescator");
+  const QAction* descending = menu.addAction("Sorteaza descrescator");
+  const QAction* chosen = menu.exec(globalPosition);
+  if (chosen == ascending || chosen == descending) emit SortWanted(field, chosen == descending);
+}
+
+bool DataGrid::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == view_ && event->type() == QEvent::KeyPress) {
+    if (static_cast<QKeyEvent*>(event)->matches(QKeySequence::SelectAll)) {
+      MarkAll();
+      return true;
+    }
+  }
+  if (watched == view_ && event->type() == QEvent::ContextMenu) {
+    const auto* menu = static_cast<QContextMenuEvent*>(event);
+    const QModelIndex current = view_->currentIndex();
+    if (menu->reason() == QContextMenuEvent::Keyboard && current.isValid()) {
+      ShowMenu(current.column(),
+               view_->viewport()->mapToGlobal(view_->visualRect(current).bottomLeft()));
+      return true;
+    }
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace tevra

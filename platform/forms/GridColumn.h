@@ -1,0 +1,41 @@
+// A column of a grid, and how its values read.
+#pragma once
+
+#include <QString>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/data/Recordset.h"
+
+namespace tevra {
+
+struct GridColumn {
+  QString caption;
+  std::string field;
+  /// "Standard", "Percent", "Fixed", "dd.MM.yyyy" or a mask; empty: by the field's type (dates
+  /// short, numbers with their digits).
+  std::string format = {};
+  /// Texts shown, and offered when editing, in the place of values.
+  std::vector<std::pair<Value, QString>> list = {};
+  int width = 0;  ///< in characters; 0: by the field's type and size
+  bool readOnly = false;
+  bool visible = true;
+};
+
+/// A value as a cell of the column shows it; Null is empty. Never throws: what the format cannot
+/// show reads as it is.
+QString CellText(const Value& value, const GridColumn& column);
+
+/// A value as it is typed into the column: a number with all its digits.
+QString CellEditText(const Value& value, const GridColumn& column);
+
+/// The value that a typed text means: of the list, Null for an empty one, else the text for the
+/// field to convert.
+Value CellValue(const QString& typed, const GridColumn& column);
+
+/// The width in characters that suits a column's caption and field.
+int SuitableWidth(const GridColumn& column, const FieldInfo* field);
+
+}  // namespace tevra

@@ -1,0 +1,51 @@
+// Who puts screens on show: the main frame among its children, or, without one, each as a window of
+// its own.
+#pragma once
+
+#include <QPointer>
+#include <functional>
+
+#include "platform/forms/Form.h"
+
+namespace tevra::windows {
+
+/// Places a screen that is not yet on show, or brings one to the front that is.
+using Host = std::function<void(Form& form)>;
+
+/// Sets who shows screens; returns who did before. None: a window of its own.
+Host SetHost(Host host);
+
+/// Shows the screen or brings it to the front. Once closed it is deleted.
+void Show(Form& form);
+
+/// The one open instance of a screen that exists once; nothing when it is not open.
+template <class Screen>
+QPointer<Screen>& Single() {
+  static QPointer<Screen> instance;
+  return instance;
+}
+
+/// Opens a screen that exists once, or brings it to the front.
+template <class Screen>
+Screen& Open() {
+  QPointer<Screen>& instance = Single<Screen>();
+  if (!instance) {
+    instance = new Screen;
+    // Closed, it is deleted a little later; asked for meanwhile, another one opens.
+    QObject::connect(instance, &Form::Closed, instance, [closed = instance.data()] {
+      if (Single<Screen>() == closed) Single<Screen>().clear();
+    });
+  }
+  Show(*instance);
+  return *instance;
+}
+
+/// Opens another instance of a screen that may stand several times.
+template <class Screen>
+Screen& OpenNew() {
+  auto* screen = new Screen;
+  Show(*screen);
+  return *screen;
+}
+
+}  // namespace tevra::windows

@@ -1,0 +1,57 @@
+#include "platform/forms/extTDBGrid.h"
+
+#include "platform/system/StandardError.h"
+
+namespace tevra {
+
+namespace {
+enum SortTypes : long { kNone = 0, kAscending = 1, kDescending = 2 };
+}  // namespace
+
+extTDBGrid::extTDBGrid(QWidget* form) : QObject(form) {
+  setObjectName("extTDBGrid");
+}
+
+void extTDBGrid::SetTDBGridName(const std::string& name) {
+  name_ = name;
+  if (name.empty()) return;
+  SetTDBGrid(parent()->findChild<DataGrid*>(QString::fromStdString(name)));
+}
+
+void extTDBGrid::SetTDBGrid(DataGrid* grid) {
+  if (grid_) disconnect(grid_, nullptr, this, nullptr);
+  grid_ = grid;
+  if (!grid_) return;
+  connect(grid_, &DataGrid::GroupColMove, this, [this] { DataGrid_GroupColMove(); });
+  connect(grid_, &DataGrid::SortWanted, this, [this](const std::string& field, bool descending) {
+    sortType_ = descending ? kDescending : kAscending;
+    grid_->ResetGroups();
+    grid_->AddGroupColumn(grid_->ColumnOf(field));
+  });
+}
+
+void extTDBGrid::DataGrid_GroupColMove() {
+  const Procedure procedure{"DataGrid_GroupColMove", "User Control", "extTDBGrid", 1};
+  try {
+    Sort();
+  } catch (const std::exception&) {
+    ShowStandardError(CaughtFailure(), procedure);
+  }
+}
+
+void extTDBGrid::Sort() {
+  if (sortType_ == kNone || !grid_ || !grid_->DataSource()) return;
+  const std::vector<std::string> fields = grid_->GroupColumns();
+  std::string order;
+  for (const std::string& field : fields) {
+    order +=
+        (order.empty() ? "[" : ", [") + field + "]" + (sortType_ == kDescending ? " DESC" : "");
+  }
+  grid_->ResetGroups();
+  if (fields.empty()) return;
+  grid_->DataSource()->Recordset().SetSort(order);
+  grid_->SetSortMarks(fields, sortType_ == kDescending);
+  grid_->DataSource()->Notify();
+}
+
+}  // namespace tevra

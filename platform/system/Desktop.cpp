@@ -1,0 +1,41 @@
+#include "platform/system/Desktop.h"
+
+#include <utility>
+
+#include "platform/text/FailureText.h"
+
+namespace tevra {
+namespace {
+
+OpenFileHandler& FileHandler() {
+  static OpenFileHandler handler;
+  return handler;
+}
+
+ViewerHandler& Viewer() {
+  static ViewerHandler handler;
+  return handler;
+}
+
+}  // namespace
+
+OpenFileHandler SetOpenFileHandler(OpenFileHandler handler) {
+  return std::exchange(FileHandler(), std::move(handler));
+}
+
+std::optional<std::string> AskOpenFile(const OpenFileRequest& request) {
+  const OpenFileHandler handler = FileHandler();
+  return handler ? handler(request) : std::nullopt;
+}
+
+ViewerHandler SetViewerHandler(ViewerHandler handler) {
+  return std::exchange(Viewer(), std::move(handler));
+}
+
+void ShowInViewer(const std::string& file) {
+  const ViewerHandler handler = Viewer();
+  if (!handler) throw FileFailure(kPermissionDenied, file);
+  handler(file);
+}
+
+}  // namespace tevra

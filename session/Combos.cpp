@@ -1,0 +1,50 @@
+#include "session/Combos.h"
+
+#include "platform/system/MessageBox.h"
+#include "platform/system/StandardError.h"
+#include "session/ComboLists.h"
+#include "session/Module1.h"
+#include "session/Session.h"
+
+namespace tevra {
+
+void LoadDataCombo(Adodc& source, DataCombo& combo, const std::string& sql,
+                   const std::string& listField, const std::string& boundColumn,
+                   const Values& params) {
+  Procedure procedure{"LoadDataCombo", "Module", "Module1"};
+  try {
+    procedure.line = 1;
+    source.SetConnectionString(CurrentSession().connectionString);
+    source.SetRecordSource(sql, params);
+    procedure.line = 3;
+    combo.SetListField(listField);
+    combo.SetBoundColumn(boundColumn);
+    combo.SetRowSource(&source);
+    procedure.line = 6;
+    source.Refresh();
+  } catch (const std::exception&) {
+    ShowStandardError(CaughtFailure(), procedure);
+  }
+}
+
+void LoadComboBox(QComboBox& combo) {
+  Procedure procedure{"LoadComboBox", "Module", "Module1", 1};
+  const std::string name = combo.objectName().section('(', 0, 0).toStdString();
+  if (!ComboStatement(name)) {
+    MsgBoxEx("EROARE ! EROARE ! EROARE !   .....   " + name, kCritical);
+    return;
+  }
+  try {
+    for (const std::string& entry : ComboEntries(name)) {
+      combo.addItem(QString::fromStdString(entry));
+    }
+  } catch (const std::exception&) {
+    ShowStandardError(CaughtFailure(), procedure);
+  }
+}
+
+std::string CodeOf(const std::string& entry, char separator) {
+  return entry.substr(0, entry.find(separator));
+}
+
+}  // namespace tevra

@@ -1,0 +1,53 @@
+#include "session/DatabaseFiles.h"
+
+#include "platform/data/CompanyFile.h"
+#include "platform/system/Paths.h"
+#include "platform/text/FailureText.h"
+#include "platform/text/Strings.h"
+
+namespace fs = std::filesystem;
+
+namespace tevra {
+
+namespace {
+
+bool IsForeign(const fs::path& file) {
+  std::error_code error;
+  if (!fs::is_regular_file(file, error)) return false;
+  try {
+    CheckCompanyFile(file);
+    return false;
+  } catch (const Failure&) {
+    return true;
+  }
+}
+
+}  // namespace
+
+fs::path FileIn(const std::string& directory, const std::string& name) {
+  // Without a directory the name would be one at the top of the disk.
+  if (Trim(directory).empty()) throw ValueFailure(kPathNotFound);
+  return paths::Resolve(directory + "\\" + name);
+}
+
+void OverwriteWithCopy(const fs::path& source, const fs::path& target,
+                       const std::function<void(const fs::path& copy)>& prepare) {
+  if (!IsForeign(target)) return CopyCompanyFile(source, target, prepare);
+  paths::ReplaceFile(target, [&](const fs::path& temporary) {
+    fs::remove(temporary);
+    CopyCompanyFile(source, temporary, prepare);
+    // They would be taken for changes of the new company.
+    for (const char* ending : {"-wal", "-shm", "-journal"}) fs::remove(fs::path(target) += ending);
+  });
+}
+
+FilesMade::~FilesMade() {
+  for (const fs::path& file : files_) RemoveCompanyFile(file);
+}
+
+void FilesMade::Watch(const fs::path& file) {
+  std::error_code ignored;
+  if (!fs::exists(fs::symlink_status(file, ignored))) files_.push_back(file);
+}
+
+}  // namespace tevra

@@ -1,0 +1,162 @@
+#include "session/Login.h"
+
+#include <filesystem>
+
+#include "platform/system/FolderLock.h"
+#include "platform/system/Paths.h"
+#include "platform/system/Settings.h"
+#include "platform/system/StandardError.h"
+#include "platform/text/FailureText.h"
+#include "platform/text/Strings.h"
+#include "session/ApplicationFiles.h"
+#include "session/Companies.h"
+#include "session/Module1.h"
+#include "session/OlderFiles.h"
+#include "session/Session.h"
+#include "session/Version.h"
+
+namespace fs = std::filesystem;
+
+namespace tevra {
+
+namespace {
+
+/// Where a failure came, as its message counts.
+enum Line { kFindRegistry = 1, kOpenRegistry = 2, kChangeDatabases = 3, kMakeFirst = 6 };
+
+std::string WithOneSeparator(const std::string& directory) {
+  if (Trim(directory).empty()) return {};
+  const std::size_t last = directory.find_last_not_of("\\/");
+  return directory.substr(0, last == std::string::npos ? 0 : last + 1) + "\\";
+}
+
+bool HasRows(const std::string& sql, const Values& params) {
+  return !OpenRecordset(sql, params).Eof();
+}
+
+void MakeRegistry(const std::string& directory) {
+  if (CompanyRegistry::Exists(directory)) return;
+  if (HasOlderRegistry(directory)) {
+    ConvertOlderRegistry(directory);
+  } else {
+    CompanyRegistry::WriteDefault(directory);
+  }
+}
+
+void MakeFirstCompany(const std::string& directory) {
+  const std::string database = DatabaseOf("01");
+  if (!paths::FileExists(directory + "\\" + database)) CreateDatabase(directory, database);
+}
+
+bool HasTemplate(const fs::path& directory) {
+  if (paths::FileExists((directory / "Kelnar.mdb").string())) return true;
+  try {
+    TemplatePath();
+    return true;
+  } catch (const Failure&) {
+    return false;
+  }
+}
+
+/// Runs steps one after another, also behind one that fails; the first failure is kept.
+class Steps {
+ public:
+  explicit Steps(LoadedCompanies& loaded) : loaded_(loaded) {}
+
+  template <typename Call>
+  void Run(int line, Call call) {
+    try {
+      call();
+    } catch (const std::exception&) {
+      Tell(line, CaughtFailure());
+    }
+  }
+
+  void Tell(int line, const Failure& failure) {
+    if (loaded_.failure) return;
+    loaded_.failure = failure;
+    loaded_.line = line;
+  }
+
+ private:
+  LoadedCompanies& loaded_;
+};
+
+}  // namespace
+
+std::string GetDatabasesPath() {
+  return WithOneSeparator(Settings().Get(kDatabasesPath).value_or(""));
+}
+
+void SaveDatabasesPath(const std::string& directory) {
+  const std::string path = WithOneSeparator(directory);
+  Settings().Set(kDatabasesPath, path);
+  CurrentSession().databasesPath = path;
+}
+
+bool PrepareFirstStart() {
+  const fs::path directory = ApplicationDirectory();
+  if (!HasTemplate(directory)) return false;
+  std::error_code error;
+  fs::create_directories(directory, error);
+  if (error) throw FileFailure(kPermissionDenied, directory.string());
+  {
+    // A start that fails here is a first start again.
+    const FolderLock alone(directory);
+    TemplateIn(directory);
+    MakeFirstCompany(directory.string());
+  }
+  SaveDatabasesPath(directory.string());
+  return true;
+}
+
+LoadedCompanies LoadSocietati(const std::string& directory) {
+  LoadedCompanies loaded;
+  Steps steps(loaded);
+  // Two programs that start at once must not both convert what is older.
+  std::optional<FolderLock> alone;
+  steps.Run(kFindRegistry, [&] {
+    alone.emplace(paths::Resolve(directory));
+    MakeRegistry(directory);
+  });
+  steps.Run(kOpenRegistry, [&] { loaded.registry = CompanyRegistry::Load(directory); });
+  if (loaded.registry) {
+    steps.Run(kChangeDatabases, [&] {
+      const auto failure = pChangeDatabases(*loaded.registry, directory);
+      if (failure) steps.Tell(kChangeDatabases, *failure);
+    });
+  }
+  steps.Run(kMakeFirst, [&] { MakeFirstCompany(directory); });
+  return loaded;
+}
+
+bool ExistaUtilizator(const std::string& user) {
+  return HasRows("SELECT NUME from UTILIZATORI where NUME = ?", {user});
+}
+
+bool ParolaValida(const std::string& user, const std::string& password) {
+  return HasRows("SELECT NUME from UTILIZATORI where NUME = ? and PAROLA = ?", {user, password});
+}
+
+bool StructuraDiferita() {
+  const Recordset info = OpenRecordset("Select VERSIUNE from kv_info");
+  if (info.Eof() || info.Get(0).IsNull()) return true;
+  return info.Get(0).AsLong() != kRevision;
+}
+
+void SetVersiune(const std::string& database) {
+  const std::string& chosen = CurrentSession().databasesPath;
+  Connection company(
+      CompanyConnectionString(chosen.empty() ? GetDatabasesPath() : chosen, database));
+  SetVersiune(company);
+}
+
+void SetVersiune(Connection& company) {
+  Transaction transaction(company);
+  if (company.Execute("UPDATE kv_info SET VERSIUNE = ?", {kRevision}) == 0) {
+    company.Execute("INSERT INTO kv_info (VERSIUNE) VALUES (?)", {kRevision});
+  }
+  transaction.Commit();
+}
+
+}  // namespace tevra

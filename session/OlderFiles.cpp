@@ -1,0 +1,148 @@
+#include "session/OlderFiles.h"
+
+#include <vector>
+
+#include "platform/data/FilePassword.h"
+#include "platform/system/Paths.h"
+#include "platform/system/StandardError.h"
+#include "platform/text/Strings.h"
+#include "session/DatabaseFiles.h"
+#include "session/DbfTable.h"
+#include "session/Module1.h"
+
+namespace fs = std::filesystem;
+
+namespace tevra {
+
+namespace {
+
+constexpr const char* kOlderRegistry = "Societat.DBF";
+constexpr const char* kOlderPassword = "ZRP3618";
+constexpr const char* kDatabaseField = "NUMEBD";
+
+Value TextOrNull(const std::string& text) {
+  return text.empty() ? Value() : Value(text);
+}
+
+Connection OpenAlone(const fs::path& file, const char* password) {
+  return Connection("Data Source=" + file.string() + ";Mode=Share Exclusive;PWD=" + password);
+}
+
+// The copy may have today's password already, when it was made from a restored backup.
+Connection OpenOlder(const fs::path& copy) {
+  try {
+    return OpenAlone(copy, kOlderPassword);
+  } catch (const Failure&) {
+    return OpenAlone(copy, kFilePassword);
+  }
+}
+
+// "01" of "Tevra01.mdb".
+std::string CodeOf(const std::string& olderName) {
+  constexpr std::size_t kWord = 5;
+  constexpr std::size_t kExtension = 4;
+  const std::size_t length = Len(olderName);
+  if (length <= kWord + kExtension) return {};
+  return Mid(olderName, kWord + 1, length - kWord - kExtension);
+}
+
+/// Makes today's database of an older one; returns its name.
+std::string ChangeDatabase(const CompanyRegistry& registry, const std::string& directory,
+                           const std::string& olderName) {
+  const std::string code = CodeOf(olderName);
+  // Anything longer could be a way out of the directory, and no code at all the template's name.
+  if (!CompanyRegistry::IsCode(code)) {
+    throw Failure(kInvalidArgument, "Numele bazei de date nu are un cod de societate");
+  }
+  const std::string name = "Kelnar" + code + ".MDB";
+  if (registry.Names(name))
+    throw Failure(kFileExists, name + " este baza de date a altei societati");
+  OverwriteWithCopy(FileIn(directory, olderName), FileIn(directory, name),
+                    [](const fs::path& copy) {
+                      Connection connection = OpenOlder(copy);
+                      SetFilePassword(connection, kFilePassword);
+                    });
+  return name;
+}
+
+struct Renamed {
+  std::size_t row;
+  std::string before;
+};
+
+void Rename(Recordset& rows, std::size_t row, const std::string& database) {
+  rows.SetBookmark(row);
+  rows.Set(kDatabaseField, database);
+  rows.Update();
+}
+
+}  // namespace
+
+bool HasOlderRegistry(const std::string& directory) {
+  return paths::FileExists(directory + "\\" + kOlderRegistry);
+}
+
+void ConvertOlderRegistry(const std::string& directory) {
+  const DbfTable table(FileIn(directory, kOlderRegistry));
+  CompanyRegistry registry = CompanyRegistry::Empty(directory);
+  Recordset rows = registry.Rows();
+  std::vector<int> fields;
+  for (std::size_t i = 0; i < rows.FieldCount(); ++i) {
+    fields.push_back(table.FieldIndex(rows.Field(i).def.name));
+  }
+  for (int record = 0; record < table.RecordCount(); ++record) {
+    if (table.IsDeleted(record)) continue;
+    rows.AddNew();
+    bool blank = true;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+      const std::string text = table.Text(record, fields[i]);
+      blank = blank && text.empty();
+      rows.Set(i, TextOrNull(text));
+    }
+    if (blank) {
+      rows.CancelUpdate();
+    } else {
+      rows.Update();
+    }
+  }
+  registry.Save();
+}
+
+std::optional<Failure> pChangeDatabases(CompanyRegistry& registry, const std::string& directory) {
+  std::optional<Failure> first;
+  const auto told = [&first](const std::string& name, const Failure& failure) {
+    if (first) return;
+    const std::string description = failure.Description();
+    const bool named = LikeNoCase(description, "*" + name + "*");
+    first = Failure(failure.Number(), named ? description : name + ": " + description,
+                    failure.Source());
+  };
+  Recordset rows = registry.Rows().Clone();
+  rows.SetFilter("NumeBD Like 'Tevra*'");
+  std::vector<Renamed> older;
+  for (; !rows.Eof(); rows.MoveNext()) {
+    older.push_back({rows.Bookmark(), rows.Get(kDatabaseField).TextOrEmpty()});
+  }
+  rows.SetFilter("");
+  std::vector<Renamed> renamed;
+  for (const Renamed& company : older) {
+    try {
+      Rename(rows, company.row, ChangeDatabase(registry, directory, company.before));
+      renamed.push_back(company);
+    } catch (const std::exception&) {
+      told(company.before, CaughtFailure());
+    }
+  }
+  if (renamed.empty()) return first;
+  try {
+    registry.Save();
+  } catch (const std::exception&) {
+    told("Societat.XML", CaughtFailure());
+    // Who worked in a new database that the file does not name would lose his work to the next
+    // start, which makes it anew.
+    for (const Renamed& company : renamed) Rename(rows, company.row, company.before);
+  }
+  return first;
+}
+
+}  // namespace tevra

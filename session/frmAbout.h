@@ -1,0 +1,22 @@
+// What this program is, and which build.
+#pragma once
+
+#include <QLabel>
+#include <QPushButton>
+
+#include "platform/forms/Form.h"
+
+namespace tevra {
+
+class frmAbout : public Form {
+ public:
+  explicit frmAbout(QWidget* parent = nullptr);
+
+  QLabel* imgLogo;
+  QLabel* lblTitle;
+  QLabel* lblVersion;
+  QLabel* lblDescription;
+  QPushButton* cmdOK;
+};
+
+}  // namespace tevra

@@ -1,0 +1,197 @@
+#include "session/frmMsgBox.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "platform/forms/Pictures.h"
+
+namespace tevra {
+
+namespace {
+
+constexpr int kTwips = 15;  // of a logical pixel
+constexpr int kMargin = 200 / kTwips;
+constexpr int kBetweenButtons = 100 / kTwips;
+constexpr int kIcon = 32;
+constexpr int kWidestText = 560;
+
+const char* PictureOfIcon(long word) {
+  switch (word & kIconMask) {
+    case kCritical:
+      return "\\BMP\\W95MBX01.ico";
+    case kQuestion:
+      return "\\BMP\\W95MBX02.ico";
+    case kExclamation:
+      return "\\BMP\\W95MBX03.ico";
+    case kInformation:
+      return "\\BMP\\W95MBX04.ico";
+    default:
+      return nullptr;
+  }
+}
+
+// By the set of buttons, the pictures of the first two.
+std::pair<const char*, const char*> PicturesOfButtons(long word) {
+  constexpr const char* kOkPicture = "\\BMP\\OK.bmp";
+  constexpr const char* kLeavePicture = "\\BMP\\Iesire.bmp";
+  switch (word & kButtonsMask) {
+    case kOkOnly:
+      return {kOkPicture, nullptr};
+    case kOkCancel:
+    case kYesNoCancel:
+    case kYesNo:
+      return {kOkPicture, kLeavePicture};
+    case kAbortRetryIgnore:
+      return {kLeavePicture, nullptr};
+    default:
+      return {nullptr, nullptr};
+  }
+}
+
+long HarmlessAnswer(const std::vector<MessageButton>& buttons) {
+  for (const long wanted : {long{kCancel}, long{kNo}}) {
+    for (const MessageButton& button : buttons) {
+      if (button.answer == wanted) return wanted;
+    }
+  }
+  const bool help = buttons.back().answer == kHelp;
+  return buttons[buttons.size() - (help ? 2 : 1)].answer;
+}
+
+}  // namespace
+
+frmMsgBox::frmMsgBox(const MessageRequest& request, QWidget* parent)
+    : Form("frmMsgBox", QString::fromStdString(request.title), parent) {
+  setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                 Qt::WindowCloseButtonHint);
+  setWindowModality(Qt::ApplicationModal);
+  imgMsg = new QLabel(this);
+  imgMsg->setObjectName("imgMsg");
+  if (const char* picture = PictureOfIcon(request.buttons)) {
+    imgMsg->setPixmap(PictureIcon(picture).pixmap(kIcon, kIcon));
+  } else {
+    imgMsg->hide();
+  }
+  QWidget* text = BuildText(QString::fromStdString(request.prompt));
+  BuildButtons(request);
+  Arrange(text);
+  pressed_ = HarmlessAnswer(ButtonsOf(request.buttons));
+}
+
+// A text longer than the screen scrolls; no text is read as markup.
+QWidget* frmMsgBox::BuildText(const QString& text) {
+  lblMsg = new QLabel;
+  lblMsg->setObjectName("lblMsg");
+  lblMsg->setTextFormat(Qt::PlainText);
+  lblMsg->setText(text);
+  lblMsg->setWordWrap(true);
+  lblMsg->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  const QRect room = lblMsg->fontMetrics().boundingRect(
+      QRect(0, 0, kWidestText, 100000), Qt::TextWordWrap | Qt::TextWrapAnywhere, text);
+  const int highest = screen()->availableSize().height() * 2 / 3;
+  lblMsg->setMinimumSize(room.width() + 8, std::min(room.height() + 8, highest));
+  if (room.height() + 8 <= highest) {
+    lblMsg->setParent(this);
+    return lblMsg;
+  }
+  auto* scrolled = new QScrollArea(this);
+  scrolled->setWidgetResizable(true);
+  scrolled->setFrameShape(QFrame::NoFrame);
+  scrolled->setWidget(lblMsg);
+  scrolled->setMinimumSize(kWidestText + 30, highest);
+  return scrolled;
+}
+
+void frmMsgBox::BuildButtons(const MessageRequest& request) {
+  const std::vector<MessageButton> buttons = ButtonsOf(request.buttons);
+  const auto [first, second] = PicturesOfButtons(request.buttons);
+  int widest = 84;
+  for (std::size_t i = 0; i < buttons.size(); ++i) {
+    const bool own = i < request.captions.size() && !request.captions[i].empty();
+    auto* button = new QPushButton(
+        own ? QString::fromStdString(request.captions[i]) : QString(buttons[i].caption), this);
+    button->setObjectName(QString("cmdBtn(%1)").arg(i));
+    button->setProperty("Tag", static_cast<qlonglong>(buttons[i].answer));
+    if (const char* picture = i == 0 ? first : i == 1 ? second : nullptr) {
+      button->setIcon(PictureIcon(picture));
+    }
+    widest = std::max(widest, button->sizeHint().width() + 12);
+    connect(button, &QPushButton::clicked, this,
+            [this, index = static_cast<int>(i)] { cmdBtn_Click(index); });
+    cmdBtn.push_back(button);
+  }
+  for (QPushButton* button : cmdBtn) button->setFixedSize(widest, button->sizeHint().height() + 4);
+  QPushButton* byDefault = cmdBtn[DefaultButton(request.buttons)];
+  byDefault->setDefault(true);
+  byDefault->setFocus();
+}
+
+void frmMsgBox::Arrange(QWidget* text) {
+  auto* message = new QHBoxLayout;
+  message->setSpacing(kMargin);
+  message->addWidget(imgMsg, 0, Qt::AlignTop);
+  message->addWidget(text, 1);
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(kBetweenButtons);
+  buttons->addStretch();
+  for (QPushButton* button : cmdBtn) buttons->addWidget(button);
+  buttons->addStretch();
+  auto* all = new QVBoxLayout(this);
+  all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  all->setSpacing(kMargin);
+  all->addLayout(message, 1);
+  all->addLayout(buttons);
+  setMinimumWidth(220);
+  adjustSize();
+  setFixedSize(sizeHint().expandedTo(minimumSize()));
+}
+
+void frmMsgBox::cmdBtn_Click(int index) {
+  const long code = cmdBtn[static_cast<std::size_t>(index)]->property("Tag").toLongLong();
+  if (code == kHelp) {
+    QKeyEvent help(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
+    QApplication::sendEvent(this, &help);
+    return;
+  }
+  pressed_ = code;
+  close();
+}
+
+void frmMsgBox::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) {
+    QApplication::clipboard()->setText(windowTitle() + "\n" + lblMsg->text());
+    return;
+  }
+  if (event->key() == Qt::Key_Escape) {
+    close();
+    return;
+  }
+  // A letter presses the one button that begins with it, so D and N answer Da and Nu.
+  QPushButton* named = nullptr;
+  for (QPushButton* button : cmdBtn) {
+    const bool begins =
+        !event->text().isEmpty() && button->text().startsWith(event->text(), Qt::CaseInsensitive);
+    if (begins && named) return Form::keyPressEvent(event);
+    if (begins) named = button;
+  }
+  if (!named) return Form::keyPressEvent(event);
+  named->click();
+}
+
+long ShowMsgBox(const MessageRequest& request) {
+  // A message in the middle of long work must not stand under the hourglass.
+  const bool busy = QApplication::overrideCursor();
+  if (busy) QApplication::setOverrideCursor(Qt::ArrowCursor);
+  frmMsgBox box(request, QApplication::activeWindow());
+  box.ShowModal();
+  if (busy) QApplication::restoreOverrideCursor();
+  return box.BtnPressed();
+}
+
+}  // namespace tevra

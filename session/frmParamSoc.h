@@ -1,0 +1,65 @@
+// The open company's identity, financial years, depreciation coefficients and accounts.
+#pragma once
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabWidget>
+#include <array>
+#include <map>
+#include <string>
+
+#include "platform/forms/Boxes.h"
+#include "platform/forms/DataCombo.h"
+#include "platform/forms/Form.h"
+#include "session/FinancialYears.h"
+
+namespace tevra {
+
+/// A change that was not saved is dropped when the screen closes.
+class frmParamSoc : public Form {
+ public:
+  explicit frmParamSoc(QWidget* parent = nullptr);
+  ~frmParamSoc() override;
+
+  QTabWidget* SSTab1;
+  Adodc* adoInfoSoc;
+  Adodc* AdoExercitiu;
+  Adodc* adoCoefAD;
+  Adodc* adoConfigurari;
+
+  std::map<std::string, QLineEdit*> txtInfo;  ///< by field of kv_info; named "txt" and the field
+  std::array<DateBox*, 6> DTPicker1;
+  DateBox* dtpInceput;
+  std::array<NumberBox*, 3> txtCoefDeg;
+  std::array<DataCombo*, 3> cboCont;
+  std::array<TextBox*, 3> txtConfig;  ///< the accounts; not on show
+  DataCombo* cboDeviza;
+  QPushButton* cmdSalvare;
+  QPushButton* cmdCancel;
+  QLabel* lblStare;  ///< what the last save did
+
+ private:
+  struct InfoField;
+  void Build();
+  QWidget* BuildInfo();
+  QGroupBox* BuildInfoFrame(const char* name, const char* caption,
+                            const std::vector<InfoField>& fields);
+  QWidget* BuildYears();
+  QWidget* BuildCoefficients();
+  QWidget* BuildAccounts();
+  QWidget* BuildConfiguration();
+  void CheckOnLeaving();
+  void Form_Load();
+  void LoadAccountCombos();
+  void ShowAccount(std::size_t index);
+  std::optional<FinancialYears> Years() const;
+  bool Validare() const;
+  void cmdSalvare_Click(Procedure& procedure);
+  void SaveConfiguration();
+
+  Adodc* adoConturi_;
+  Adodc* adoDeviza_;
+};
+
+}  // namespace tevra

@@ -1,0 +1,23 @@
+// The picture shown while the program starts.
+#pragma once
+
+#include <QPixmap>
+#include <QWidget>
+
+namespace tevra {
+
+class frmSplash : public QWidget {
+ public:
+  frmSplash();
+
+  /// Shows it, painted before the program goes on.
+  void ShowAtOnce();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QIcon picture_;
+};
+
+}  // namespace tevra

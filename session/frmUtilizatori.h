@@ -1,0 +1,39 @@
+// The users of the open company.
+#pragma once
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QPushButton>
+
+#include "platform/forms/Boxes.h"
+#include "platform/forms/DataGrid.h"
+#include "platform/forms/Form.h"
+
+namespace tevra {
+
+class frmUtilizatori : public Form {
+ public:
+  explicit frmUtilizatori(QWidget* parent = nullptr);
+  ~frmUtilizatori() override;
+
+  Adodc* datPrimaryRS;
+  DataGrid* grdDataGrid;
+  QGroupBox* fraInput;
+  TextBox* txtNume;
+  TextBox* txtParola;
+  QComboBox* cboTip;
+  QPushButton* cmdAdauga;
+  QPushButton* cmdSterge;
+  QPushButton* cmdIesire;
+
+ private:
+  void Build();
+  void BuildInput();
+  void Form_Load();
+  bool grdDataGrid_BeforeColUpdate(int column);
+  void cmdAdauga_Click(Procedure& procedure);
+  void cmdSterge_Click(Procedure& procedure);
+  void ClearFields();
+};
+
+}  // namespace tevra

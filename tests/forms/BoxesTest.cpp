@@ -1,0 +1,185 @@
+// Boxes bound to the rows of a data source.
+#include <QtTest>
+
+#include <gtest/gtest.h>
+
+#include "platform/forms/Boxes.h"
+#include "platform/forms/DataCombo.h"
+#include "platform/system/Clock.h"
+#include "tests/TestCompany.h"
+
+namespace tevra::test {
+namespace {
+
+class BoundBoxes : public ::testing::Test {
+ protected:
+  BoundBoxes() {
+    Connection file = company_.Open();
+    company_.AddAsset({{"COD", "1"},
+                       {"DENUMIRE", "Strung O'Hara"},
+                       {"CURS", 0.1 + 0.2},
+                       {"DATA_ACH", DateTime(2026, 3, 14, 10, 20)},
+                       {"BLOCATA", Value::YesNo(true)}});
+    company_.AddAsset({{"COD", "2"}});
+    source_.SetConnectionString(company_.ConnectionString());
+    source_.SetRecordSource("select * from I_IMO order by COD");
+    name_.SetDataField(&source_, "DENUMIRE");
+    rate_.SetDataField(&source_, "CURS");
+    bought_.SetDataField(&source_, "DATA_ACH");
+    blocked_.SetDataField(&source_, "BLOCATA");
+    source_.Refresh();
+  }
+  Value Stored(const std::string& field, const char* cod = "1") {
+    return company_.Open().QueryValue("SELECT " + field + " FROM I_IMO WHERE COD = ?", {cod});
+  }
+
+  TestCompany company_;
+  QWidget window_;
+  Adodc source_{"source", &window_};
+  TextBox name_{"name", &window_};
+  NumberBox rate_{"rate", "Standard", &window_};
+  DateBox bought_{"bought", &window_};
+  CheckBox blocked_{"blocked", "Blocata", &window_};
+};
+
+TEST_F(BoundBoxes, ShowTheRowAndWriteOnlyWhatWasChanged) {
+  EXPECT_EQ(name_.Text(), "Strung O'Hara");
+  EXPECT_EQ(name_.maxLength(), 50);
+  EXPECT_EQ(rate_.Text(), "0,30");
+  EXPECT_EQ(bought_.Date(), DateTime(2026, 3, 14));
+  EXPECT_TRUE(blocked_.isChecked());
+  name_.SetText("Freza");
+  blocked_.setChecked(false);
+  source_.UpdateRow();
+  EXPECT_EQ(Stored("DENUMIRE"), Value("Freza"));
+  EXPECT_EQ(Stored("BLOCATA"), Value::YesNo(false));
+  // To the last bit, and with its time of day.
+  EXPECT_EQ(Stored("CURS"), Value(0.1 + 0.2));
+  EXPECT_EQ(Stored("DATA_ACH"), Value(DateTime(2026, 3, 14, 10, 20)));
+}
+
+TEST_F(BoundBoxes, EmptyBoxesWriteNullAndANullRowIsEmpty) {
+  name_.clear();
+  rate_.clear();
+  bought_.SetDate(std::nullopt);
+  source_.UpdateRow();
+  EXPECT_TRUE(Stored("DENUMIRE").IsNull());
+  EXPECT_TRUE(Stored("CURS").IsNull());
+  EXPECT_TRUE(Stored("DATA_ACH").IsNull());
+  source_.MoveNext();
+  EXPECT_EQ(name_.Text(), "");
+  EXPECT_FALSE(bought_.Date());
+  EXPECT_EQ(rate_.Text(), "0,00");
+}
+
+TEST_F(BoundBoxes, AFailureKeepsWhatWasTypedAndWritesNothing) {
+  name_.SetText("Freza");
+  rate_.setText("1.23");
+  try {
+    source_.UpdateRow();
+    FAIL();
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.Number(), 13);
+  }
+  EXPECT_EQ(name_.Text(), "Freza");
+  EXPECT_EQ(rate_.Text(), "1.23");
+  EXPECT_EQ(Stored("DENUMIRE"), Value("Strung O'Hara"));
+  rate_.setText("1.234,5");
+  source_.UpdateRow();
+  EXPECT_EQ(Stored("CURS"), Value(1234.5));
+  EXPECT_EQ(rate_.Text(), "1.234,50");
+  name_.SetText("altceva");
+  source_.CancelRow();
+  EXPECT_EQ(name_.Text(), "Freza");
+}
+
+TEST_F(BoundBoxes, AnEmptyTableGetsItsFirstRow) {
+  company_.Open().Execute("DELETE * FROM I_IMO");
+  source_.Refresh();
+  EXPECT_EQ(name_.Text(), "");
+  source_.UpdateRow();
+  EXPECT_EQ(source_.Recordset().RecordCount(), 0u);
+  name_.SetText("Prima");
+  source_.UpdateRow();
+  EXPECT_EQ(source_.Recordset().RecordCount(), 1u);
+  EXPECT_EQ(company_.Open().QueryValue("SELECT DENUMIRE FROM I_IMO"), Value("Prima"));
+}
+
+TEST_F(BoundBoxes, ABoxCutLooseKeepsItsText) {
+  name_.SetDataField(nullptr);
+  source_.MoveNext();
+  EXPECT_EQ(name_.Text(), "Strung O'Hara");
+  name_.SetText("nelegata");
+  source_.UpdateRow();
+  EXPECT_TRUE(Stored("DENUMIRE", "2").IsNull());
+}
+
+TEST(Boxes, ANumberSettlesWhenItIsLeft) {
+  struct Case {
+    const char* typed;
+    const char* settled;
+    std::optional<double> number;
+  };
+  const Case kCases[] = {
+      {"1234,5", "1.234,50", 1234.5}, {"1.234,567", "1.234,57", 1234.567},
+      {"", "", std::nullopt},         {"-3", "-3,00", -3.0},
+      {"0.5", "0.5", std::nullopt},   {"abc", "abc", std::nullopt},
+  };
+  for (const Case& c : kCases) {
+    NumberBox box("box", "Standard");
+    QTest::keyClicks(&box, c.typed);
+    EXPECT_EQ(box.Text(), c.typed);
+    QFocusEvent out(QEvent::FocusOut, Qt::TabFocusReason);
+    QApplication::sendEvent(&box, &out);
+    EXPECT_EQ(box.Text(), c.settled);
+    EXPECT_EQ(box.IsNumeric(), c.number.has_value()) << c.typed;
+    if (c.number) {
+      EXPECT_EQ(box.Number(), c.number);
+    }
+  }
+}
+
+TEST(Boxes, ADateIsTypedDayFirst) {
+  clock::Set(DateTime(2026, 11, 23));
+  DateBox box("box");
+  box.show();
+  EXPECT_EQ(box.Date(), DateTime(2026, 11, 23));
+  box.SetDate(std::nullopt);
+  EXPECT_FALSE(box.Date());
+  QTest::keyClicks(&box, "31122006");
+  EXPECT_EQ(box.Date(), DateTime(2006, 12, 31));
+  EXPECT_EQ(box.text(), "31.12.2006");
+  clock::Reset();
+}
+
+TEST(Boxes, ADataComboStandsForItsBoundColumn) {
+  TestCompany company;
+  QWidget window;
+  Adodc accounts("adoCont", &window);
+  accounts.SetConnectionString(company.ConnectionString());
+  accounts.SetRecordSource(
+      "Select CONT, CONT & '-' & TITLU As CONT_TITLU from kv_PC WHERE LEN(CONT) >=3 order by CONT");
+  DataCombo combo("cboCont", &window);
+  combo.SetListField("CONT_TITLU");
+  combo.SetBoundColumn("CONT");
+  combo.SetRowSource(&accounts);
+  accounts.Refresh();
+  EXPECT_GT(combo.count(), 100);
+  EXPECT_EQ(combo.BoundText(), "");
+  combo.SetBoundText("401");
+  EXPECT_EQ(combo.Text().substr(0, 4), "401-");
+  accounts.Refresh();
+  EXPECT_EQ(combo.BoundText(), "401");
+  combo.SetText("999-nu exista");
+  EXPECT_EQ(combo.BoundText(), "");
+  // Typed to its end an entry counts as picked.
+  int picked = 0;
+  QObject::connect(&combo, &DataCombo::Picked, [&] { ++picked; });
+  combo.setEditText(combo.itemText(3).toLower());
+  QTest::keyClick(&combo, Qt::Key_Return);
+  EXPECT_EQ(picked, 1);
+  EXPECT_EQ(combo.currentIndex(), 3);
+}
+
+}  // namespace
+}  // namespace tevra::test

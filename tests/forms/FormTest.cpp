@@ -1,0 +1,156 @@
+// Screens: how procedures fail, how boxes are left, how windows open.
+#include <QComboBox>
+#include <QVBoxLayout>
+#include <QtTest>
+
+#include <gtest/gtest.h>
+
+#include "platform/forms/Boxes.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/Windows.h"
+#include "tests/TestCompany.h"
+
+namespace tevra::test {
+namespace {
+
+class frmTried : public Form {
+ public:
+  frmTried() : Form("frmTried", "Incercare") {
+    first = new TextBox("first", this);
+    second = new TextBox("second", this);
+    cmdOK = new QPushButton("&OK", this);
+    cmdOK->setDefault(true);
+    cmdIesire = new QPushButton("Iesire", this);
+    SetCancelButton(cmdIesire);
+    auto* layout = new QVBoxLayout(this);
+    for (QWidget* widget : std::initializer_list<QWidget*>{first, second, cmdOK, cmdIesire}) {
+      layout->addWidget(widget);
+    }
+    OnLeave(first, "first_Validate", [this](Procedure&) {
+      ++left;
+      return first->Text() != "gresit";
+    });
+    OnClick(cmdOK, "cmdOK_Click", [this](Procedure& procedure) {
+      ++clicked;
+      procedure.line = 4;
+      if (first->Text() == "esec") throw Failure(11, "Division by zero");
+    });
+    OnClickShort(cmdIesire, "cmdIesire_Click", [this](Procedure&) {
+      if (first->Text() == "esec") throw Failure(13, "Type mismatch");
+      close();
+    });
+  }
+
+  TextBox* first;
+  TextBox* second;
+  QPushButton* cmdOK;
+  QPushButton* cmdIesire;
+  int left = 0;
+  int clicked = 0;
+  bool agrees = true;
+  int unloaded = 0;
+
+ protected:
+  bool QueryUnload() override { return agrees; }
+  void Form_Unload() override { ++unloaded; }
+};
+
+class FormOf : public ::testing::Test {
+ protected:
+  FormOf() {
+    screen_.show();
+    screen_.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&screen_));
+    screen_.first->setFocus();
+  }
+  MessageRecorder messages_;
+  frmTried screen_;
+};
+
+TEST_F(FormOf, AFailureIsToldInItsFormAndEndsTheProcedureOnly) {
+  screen_.first->SetText("esec");
+  QTest::mouseClick(screen_.cmdOK, Qt::LeftButton);
+  QTest::mouseClick(screen_.cmdIesire, Qt::LeftButton);
+  ASSERT_EQ(messages_.shown.size(), 2u);
+  EXPECT_EQ(messages_.shown[0].prompt,
+            "Eroare 11 - Division by zero in procedura cmdOK_Click din Form frmTried Linia: 4");
+  EXPECT_EQ(messages_.shown[0].buttons, kCritical);
+  EXPECT_EQ(messages_.shown[1].prompt, "13 - Type mismatch");
+  EXPECT_EQ(messages_.shown[1].title, " cmdIesire_Click ");
+  EXPECT_TRUE(screen_.isVisible());
+}
+
+TEST_F(FormOf, ABoxThatRefusesKeepsTheFocusAndStopsTheButton) {
+  screen_.first->SetText("gresit");
+  QTest::keyClick(screen_.first, Qt::Key_Tab);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(screen_.left, 1);
+  EXPECT_TRUE(screen_.first->hasFocus());
+  QTest::mouseClick(screen_.cmdOK, Qt::LeftButton);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(screen_.left, 2);
+  EXPECT_EQ(screen_.clicked, 0);
+  EXPECT_TRUE(screen_.first->hasFocus());
+  EXPECT_FALSE(screen_.cmdOK->isDown());
+  // Enter and a letter leave the box as well.
+  QTest::keyClick(screen_.first, Qt::Key_Return);
+  EXPECT_EQ(screen_.left, 3);
+  EXPECT_EQ(screen_.clicked, 0);
+  screen_.first->SetText("bun");
+  QTest::keyClick(screen_.first, Qt::Key_Return);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(screen_.left, 4);
+  EXPECT_EQ(screen_.clicked, 1);
+  QTest::keyClick(screen_.first, Qt::Key_Tab);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(screen_.left, 5);
+  EXPECT_TRUE(screen_.second->hasFocus());
+}
+
+TEST_F(FormOf, AnotherWindowOrAPopupIsNoLeaving) {
+  screen_.first->SetText("gresit");
+  for (const Qt::FocusReason reason :
+       {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason}) {
+    QFocusEvent out(QEvent::FocusOut, reason);
+    QApplication::sendEvent(screen_.first, &out);
+  }
+  QCoreApplication::processEvents();
+  EXPECT_EQ(screen_.left, 0);
+}
+
+TEST_F(FormOf, EscapeGivesUpWithoutAskingTheBox) {
+  screen_.first->SetText("gresit");
+  QTest::keyClick(screen_.first, Qt::Key_Escape);
+  EXPECT_EQ(screen_.left, 0);
+  EXPECT_FALSE(screen_.isVisible());
+  EXPECT_EQ(screen_.unloaded, 1);
+}
+
+TEST_F(FormOf, ClosingMayBeRefusedAndUnloadsOnce) {
+  screen_.agrees = false;
+  EXPECT_FALSE(screen_.close());
+  EXPECT_EQ(screen_.unloaded, 0);
+  screen_.agrees = true;
+  EXPECT_TRUE(screen_.close());
+  screen_.close();
+  EXPECT_EQ(screen_.unloaded, 1);
+}
+
+TEST(Windows, OneWindowAScreenOrANewOneEachTime) {
+  QPointer<frmTried> one = &windows::Open<frmTried>();
+  EXPECT_EQ(&windows::Open<frmTried>(), one);
+  one->close();
+  frmTried& another = windows::Open<frmTried>();
+  EXPECT_NE(&another, one.data());
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(one.isNull());
+  EXPECT_EQ(&windows::Open<frmTried>(), &another);
+  frmTried& second = windows::OpenNew<frmTried>();
+  EXPECT_NE(&second, &another);
+  second.close();
+  another.close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+}  // namespace
+}  // namespace tevra::test

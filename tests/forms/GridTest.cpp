@@ -1,0 +1,202 @@
+// The grid of the list screens over a data source.
+#include <QAbstractItemModel>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QTableView>
+#include <QtTest>
+
+#include <gtest/gtest.h>
+
+#include "platform/forms/extTDBGrid.h"
+#include "tests/TestCompany.h"
+
+namespace tevra::test {
+namespace {
+
+class Grid : public ::testing::Test {
+ protected:
+  Grid() {
+    company_.AddAsset({{"COD", "b"},
+                       {"DENUMIRE", "Strung"},
+                       {"VAL_CUMP", 1234.5},
+                       {"COTA_ANUALA", 0.125},
+                       {"DATA_ACH", DateTime(2026, 3, 14)},
+                       {"BLOCATA", Value::YesNo(true)}});
+    company_.AddAsset({{"COD", "A"}, {"DENUMIRE", "Freza"}, {"VAL_CUMP", 7.0}});
+    company_.AddAsset({{"COD", "c"}, {"DENUMIRE", "Freza"}, {"VAL_CUMP", 9.0}});
+    source_.SetConnectionString(company_.ConnectionString());
+    source_.SetRecordSource("select * from I_IMO order by NRCRT");
+    grid_.SetColumns({{"Nr. inv.", "COD"},
+                      {"Denumire", "DENUMIRE"},
+                      {"Valoare Lei", "VAL_CUMP", "Standard"},
+                      {"Cota anuala", "COTA_ANUALA", "Percent"},
+                      {"Data cumparare", "DATA_ACH"},
+                      {"Blocata", "BLOCATA", {}, {{0, "Nu"}, {-1, "Da"}}}});
+    grid_.SetDataSource(&source_);
+    sorter_.SetTDBGridName("TDBGrid1");
+    source_.Refresh();
+    window_.resize(700, 300);
+    grid_.resize(700, 300);
+    window_.show();
+  }
+  QString Cell(int row, int column) {
+    return grid_.View()->model()->index(row, column).data().toString();
+  }
+  void Type(int row, int column, const QString& text) {
+    QTableView* view = grid_.View();
+    view->setCurrentIndex(view->model()->index(row, column));
+    view->edit(view->currentIndex());
+    auto* editor = view->findChild<QLineEdit*>();
+    ASSERT_TRUE(editor);
+    editor->setText(text);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  Value Stored(const std::string& field, const char* cod) {
+    return company_.Open().QueryValue("SELECT " + field + " FROM I_IMO WHERE COD = ?", {cod});
+  }
+
+  TestCompany company_;
+  MessageRecorder messages_;
+  QWidget window_;
+  Adodc source_{"datPrimaryRS", &window_};
+  DataGrid grid_{"TDBGrid1", &window_};
+  extTDBGrid sorter_{&window_};
+};
+
+TEST_F(Grid, CellsReadAsTheirColumnsTell) {
+  EXPECT_EQ(Cell(0, 2), "1.234,50");
+  EXPECT_EQ(Cell(0, 3), "12,50%");
+  EXPECT_EQ(Cell(0, 4), "14.03.2026");
+  EXPECT_EQ(Cell(0, 5), "Da");
+  EXPECT_EQ(Cell(1, 5), "Nu");
+  EXPECT_EQ(Cell(1, 4), "");
+  EXPECT_EQ(grid_.ColumnText(1), "Strung");
+}
+
+TEST_F(Grid, GridAndSourceStandOnTheSameRow) {
+  source_.MoveTo(2);
+  EXPECT_EQ(grid_.View()->currentIndex().row(), 2);
+  grid_.View()->setCurrentIndex(grid_.View()->model()->index(1, 0));
+  EXPECT_EQ(source_.Recordset().Get("COD"), Value("A"));
+  source_.Recordset().Delete();
+  source_.Notify();
+  EXPECT_EQ(grid_.View()->model()->rowCount(), 2);
+  EXPECT_EQ(grid_.ColumnText(0), "c");
+}
+
+TEST_F(Grid, ACellIsWrittenAtOnceAndAFailureTakesItBack) {
+  grid_.SetAllowUpdate(true);
+  Type(0, 1, "Strung 'nou'");
+  EXPECT_EQ(Stored("DENUMIRE", "b"), Value("Strung 'nou'"));
+  Type(0, 2, "2.000,25");
+  EXPECT_EQ(Stored("VAL_CUMP", "b"), Value(2000.25));
+  Type(0, 1, "");
+  EXPECT_TRUE(Stored("DENUMIRE", "b").IsNull());
+  EXPECT_TRUE(messages_.shown.empty());
+  Type(0, 2, "2.00");
+  ASSERT_EQ(messages_.shown.size(), 1u);
+  EXPECT_EQ(messages_.shown[0].prompt.substr(0, 5), "13 - ");
+  EXPECT_EQ(messages_.shown[0].buttons, kCritical);
+  EXPECT_EQ(Cell(0, 2), "2.000,25");
+  EXPECT_EQ(Stored("VAL_CUMP", "b"), Value(2000.25));
+}
+
+TEST_F(Grid, ACheckMayRefuseWhatWasTyped) {
+  grid_.SetAllowUpdate(true);
+  std::vector<std::string> asked;
+  grid_.SetBeforeColUpdate([&](int column, const QString& before, const QString& now) {
+    asked.push_back(std::to_string(column) + " " + before.toStdString() + " " + now.toStdString());
+    return false;
+  });
+  Type(1, 1, "Alta");
+  EXPECT_EQ(asked, std::vector<std::string>{"1 Freza Alta"});
+  EXPECT_EQ(Stored("DENUMIRE", "A"), Value("Freza"));
+}
+
+TEST_F(Grid, AListOffersItsTexts) {
+  grid_.SetAllowUpdate(true);
+  QTableView* view = grid_.View();
+  view->setCurrentIndex(view->model()->index(1, 5));
+  view->edit(view->currentIndex());
+  auto* editor = view->findChild<QComboBox*>();
+  ASSERT_TRUE(editor);
+  EXPECT_EQ(editor->currentText(), "Nu");
+  editor->setCurrentText("Da");
+  QTest::keyClick(editor, Qt::Key_Return);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Stored("BLOCATA", "A"), Value::YesNo(true));
+}
+
+TEST_F(Grid, RowsAreMarkedAtTheirLeft) {
+  EXPECT_TRUE(grid_.SelectedRows().empty());
+  QWidget* selectors = grid_.View()->verticalHeader()->viewport();
+  const auto press = [&](int row, Qt::KeyboardModifiers keys) {
+    const int y = grid_.View()->verticalHeader()->sectionViewportPosition(row) + 4;
+    QTest::mouseClick(selectors, Qt::LeftButton, keys, QPoint(6, y));
+  };
+  press(0, Qt::NoModifier);
+  press(2, Qt::ControlModifier);
+  EXPECT_EQ(grid_.SelectedRows(), (std::vector<std::size_t>{0, 2}));
+  press(1, Qt::NoModifier);
+  press(2, Qt::ShiftModifier);
+  EXPECT_EQ(grid_.SelectedRows(), (std::vector<std::size_t>{1, 2}));
+  QTest::keyClick(grid_.View(), Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(grid_.SelectedRows().size(), 3u);
+  EXPECT_EQ(source_.Recordset().Position(), 2u);
+}
+
+TEST_F(Grid, HeadersInTheGroupAreaSortAndLeaveIt) {
+  const auto order = [&] {
+    std::string codes;
+    for (int row = 0; row < 3; ++row) codes += Cell(row, 0).toStdString();
+    return codes;
+  };
+  grid_.AddGroupColumn(0);
+  EXPECT_EQ(order(), "Abc");
+  EXPECT_TRUE(grid_.GroupColumns().empty());
+  sorter_.SetSortType(2);
+  grid_.AddGroupColumn(1);
+  EXPECT_EQ(Cell(0, 1), "Strung");
+  sorter_.SetSortType(0);
+  grid_.AddGroupColumn(0);
+  EXPECT_EQ(Cell(0, 1), "Strung");
+  sorter_.SetSortType(1);
+  grid_.SetColumns({{"Nu exista", "LIPSA"}});
+  grid_.ResetGroups();
+  grid_.AddGroupColumn(0);
+  ASSERT_EQ(messages_.shown.size(), 1u);
+  EXPECT_NE(messages_.shown[0].prompt.find(
+                " in procedura DataGrid_GroupColMove din User Control extTDBGrid Linia: "),
+            std::string::npos);
+}
+
+// From the header up into the area, as a hand does it.
+TEST_F(Grid, AHeaderIsDraggedIntoTheGroupArea) {
+  grid_.SetGroupArea(true);
+  QCoreApplication::processEvents();
+  QHeaderView* header = grid_.View()->horizontalHeader();
+  QWidget* at = header->viewport();
+  const QPoint start(header->sectionViewportPosition(0) + 20, 8);
+  const QPoint above(start.x() + 40, -at->mapTo(&grid_, QPoint(0, 0)).y() + 6);
+  QTest::mousePress(at, Qt::LeftButton, {}, start);
+  for (const QPoint& step : {start + QPoint(5, -4), above}) {
+    QMouseEvent move(QEvent::MouseMove, step, at->mapToGlobal(step), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(at, &move);
+  }
+  QTest::mouseRelease(at, Qt::LeftButton, {}, above);
+  EXPECT_EQ(Cell(0, 0), "A");
+  EXPECT_EQ(header->visualIndex(0), 0);
+}
+
+TEST_F(Grid, FootersStandUnderTheirColumns) {
+  grid_.SetFooter("val_cump", "1.251");
+  EXPECT_EQ(grid_.Footer("VAL_CUMP"), "1.251");
+  EXPECT_THROW(grid_.SetFooter("LIPSA", ""), Failure);
+}
+
+}  // namespace
+}  // namespace tevra::test

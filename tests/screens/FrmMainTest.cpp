@@ -1,0 +1,246 @@
+// The main frame: its menu, rights, children and what it remembers.
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QtTest>
+
+#include <gtest/gtest.h>
+
+#include "platform/forms/Windows.h"
+#include "platform/system/Desktop.h"
+#include "platform/system/Settings.h"
+#include "session/Session.h"
+#include "session/frmMain.h"
+#include "session/frmUtilizatori.h"
+#include "tests/TestCompany.h"
+
+namespace tevra::test {
+namespace {
+
+// One line an item: names and captions in their order, "-" for a separator, "x" for no action.
+constexpr const char* kMenu = R"(Soc &Societati
+  Soc_Lista &Lista
+  Soc_Conf Con&figurare
+  -
+  Utilizatori &Utilizatori
+  -
+  mnuFileExit &Iesire
+Tabele &Tabele
+  Tab_Clasificare &Coduri de Clasificare
+  Tab_Grade &Grad de utilizare
+  Restrictii &Valori minime de imobilizari
+  -
+  Tab_Localizari &Localizari
+  Tab_CC Centre de Co&st
+  -
+  Tab_Aso_Imo &Asociere Conturi
+  mnu_inreg &Inregistrari  x
+  -
+  Terti &Terti
+  -
+  Tab_Plan &Plan de Conturi
+  Tab_Jurnale &Jurnale
+  Tab_TVA &TVA
+  -
+  mnuLinii Inregistrari contabile
+Materiale I&mobilizari
+  Materiale_imo &Imobilizari
+  Materiale_inv &Obiecte de inventar
+Rapoarte &Rapoarte
+  Rapoarte_RegINV &Registru inventar x
+  Rapoarte_Cheltuieli &Cheltuieli
+  Rapoarte_Statistici &Statistici
+  -
+  Rapoarte_inv C&heltuieli inventar
+Prelucrari &Prelucrari
+  Recalcul &Asociere coduri de clasificare noi (HG 2139/2004)
+  Preluare &Preluare Lim Inf in Durata normala Noua (HG 2139/2004)
+  -
+  Recalcul_2005 &Recalcul durata ramasa (HG 2139/2004) 
+  -
+  mnuDenominare &Denominare
+mnuExport &Export
+  mnuImport &Import
+  mnuEExport &Export
+mnuIntretinere &Intretinere
+  mnuCompactare &Compactare
+  -
+  mnuSalvare &Salvare
+  mnuRestaurare &Restaurare
+mnuWindow &Ferestre
+  mnuWindowCascade &Cascada
+  mnuWindowTileHorizontal &Orizontal
+  mnuWindowTileVertical &Vertical
+mnuHelp &Help
+  mnuHelpContents &Continut
+  -
+  mnuHelpAbout &Informatii
+)";
+
+class FrmMain : public ::testing::Test {
+ protected:
+  FrmMain() {
+    SetSettings(std::make_unique<MemorySettings>());
+    CurrentSession().companyName = "Firma & Fiii";
+  }
+  ~FrmMain() override { SetSettings(nullptr); }
+
+  TestCompany company_;
+  MessageRecorder messages_;
+};
+
+TEST_F(FrmMain, TheMenuAsTold) {
+  frmMain frame;
+  std::string read;
+  for (const QAction* top : frame.menuBar()->actions()) {
+    read += top->objectName().toStdString() + " " + top->text().toStdString() + "\n";
+    for (const QAction* item : top->menu()->actions()) {
+      read += item->isSeparator()
+                  ? "  -"
+                  : "  " + item->objectName().toStdString() + " " + item->text().toStdString() +
+                        (item->isEnabled() ? "" : " x");
+      read += "\n";
+    }
+  }
+  EXPECT_EQ(read, kMenu);
+  EXPECT_EQ(frame.windowTitle(), "Tevra - Firma & Fiii");
+  EXPECT_EQ(frame.Panel1->text(), "Utilizator:admin");
+}
+
+TEST_F(FrmMain, RightsByUserType) {
+  struct Case {
+    int type;
+    bool lists, users, upkeep;
+  };
+  for (const Case& c : {Case{0, true, true, true}, Case{1, true, false, true},
+                        Case{2, false, false, false}, Case{7, false, false, false}}) {
+    CurrentSession().userType = c.type;
+    frmMain frame;
+    EXPECT_EQ(frame.Item("Soc_Lista")->isEnabled(), c.lists) << c.type;
+    EXPECT_EQ(frame.Item("Soc_Conf")->isEnabled(), c.lists) << c.type;
+    EXPECT_EQ(frame.Item("Utilizatori")->isEnabled(), c.users) << c.type;
+    EXPECT_EQ(frame.Item("mnuIntretinere")->isEnabled(), c.upkeep) << c.type;
+    EXPECT_TRUE(frame.Item("Rapoarte_Cheltuieli")->isEnabled());
+  }
+}
+
+TEST_F(FrmMain, ItemsOpenWhatTheyWereGivenAndTellTheirFailures) {
+  frmMain frame;
+  struct Case {
+    const char* item;
+    const char* prompt;
+    const char* title;
+  };
+  const Case kCases[] = {
+      {"Materiale_imo", "13 - Type mismatch", " Materiale_imo_Click "},
+      {"mnuSalvare", "13 - Type mismatch", " mnuSalvare_Click "},
+      {"mnuCompactare", "Compactarea trebuie sa fie prima operatie!", " Compactare "},
+      {"Tab_CC", "Eroare 13 - Type mismatch in procedura Tab_CC_Click din Form frmMain Linia: 0",
+       ""},
+  };
+  for (const Case& c : kCases) {
+    frame.SetOpener(c.item, [] { throw Failure(13, "Type mismatch"); });
+    frame.Item(c.item)->trigger();
+    EXPECT_EQ(messages_.shown.back().prompt, c.prompt);
+    EXPECT_EQ(messages_.shown.back().title, c.title);
+  }
+  EXPECT_FALSE(QApplication::overrideCursor());
+  frame.Item("Tab_Plan")->trigger();
+  EXPECT_EQ(messages_.shown.back().prompt,
+            "Ecranul \"Plan de Conturi\" nu este disponibil in aceasta versiune a programului !");
+  EXPECT_EQ(messages_.shown.back().buttons, kInformation);
+}
+
+TEST_F(FrmMain, PreluareWritesTheLowerLimits) {
+  Connection file = company_.Open();
+  const Value wanted =
+      file.QueryValue("SELECT COUNT(*) FROM I_CLASIFICARE WHERE LIM_INF IS NOT NULL");
+  ASSERT_GT(wanted.AsLong(), 0);
+  file.Execute("UPDATE I_CLASIFICARE SET DURNOR_NOU = 99");
+  frmMain frame;
+  frame.Item("Preluare")->trigger();
+  ASSERT_EQ(messages_.shown.size(), 1u);
+  EXPECT_EQ(messages_.shown[0].prompt,
+            "Au fost modificate Duratele normale de functionare pentru " + wanted.AsText() +
+                " imobilizari ");
+  EXPECT_EQ(messages_.shown[0].buttons, 0);
+  EXPECT_EQ(file.QueryValue("SELECT COUNT(*) FROM I_CLASIFICARE WHERE DURNOR_NOU = LIM_INF"),
+            wanted);
+}
+
+TEST_F(FrmMain, RemembersItsPlaceUnlessMinimised) {
+  {
+    frmMain frame;
+    EXPECT_EQ(frame.pos(), QPoint(66, 66));
+    EXPECT_GE(frame.width(), 433);
+    frame.show();
+    frame.setGeometry(20, 30, 640, 480);
+    frame.close();
+  }
+  EXPECT_EQ(Settings().Get("Settings/MainWidth"), "9600");
+  {
+    frmMain frame;
+    EXPECT_EQ(frame.size(), QSize(640, 480));
+    frame.show();
+    frame.setWindowState(Qt::WindowMinimized);
+    frame.resize(700, 500);
+    frame.close();
+  }
+  EXPECT_EQ(Settings().Get("Settings/MainWidth"), "9600");
+  // Settings that nobody could have saved.
+  Settings().Set("Settings/MainLeft", "-1e30");
+  Settings().Set("Settings/MainTop", "sus");
+  frmMain frame;
+  EXPECT_TRUE(frame.screen()->availableGeometry().contains(frame.pos()));
+}
+
+TEST_F(FrmMain, ScreensStandInTheFrameAndAreListed) {
+  frmMain frame;
+  frame.resize(1000, 700);
+  frame.show();
+  windows::Open<frmUtilizatori>();
+  windows::Open<frmUtilizatori>();
+  auto& other = windows::OpenNew<frmUtilizatori>();
+  other.setWindowTitle("A & B");
+  ASSERT_EQ(frame.mdiArea->subWindowList().size(), 2);
+  const QMenu* list = frame.Item("mnuWindow")->menu();
+  emit const_cast<QMenu*>(list)->aboutToShow();
+  QStringList titles;
+  for (const QAction* action : list->actions().mid(3)) titles << action->text();
+  EXPECT_EQ(titles, QStringList({"", "&1 Utilizatori", "&2 A && B"}));
+  EXPECT_TRUE(list->actions().last()->isChecked());
+
+  frame.Item("mnuWindowTileHorizontal")->trigger();
+  const QRect area = frame.mdiArea->viewport()->rect();
+  const auto children = frame.mdiArea->subWindowList();
+  EXPECT_EQ(children[0]->width(), area.width());
+  EXPECT_EQ(children[0]->height() + children[1]->height(), area.height());
+  frame.Item("mnuWindowTileVertical")->trigger();
+  EXPECT_EQ(children[0]->height(), area.height());
+  other.close();
+  QCoreApplication::processEvents();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(frame.mdiArea->subWindowList().size(), 1);
+  frame.close();
+  EXPECT_TRUE(frame.mdiArea->subWindowList().isEmpty());
+}
+
+TEST_F(FrmMain, HelpIsShownByTheDesktop) {
+  std::vector<std::string> asked;
+  const ViewerHandler before = SetViewerHandler([&](const std::string& file) {
+    asked.push_back(file);
+    if (asked.size() > 1) throw Failure(53, "File not found: tevra.chm");
+  });
+  frmMain frame;
+  frame.Item("mnuHelpContents")->trigger();
+  ASSERT_EQ(asked.size(), 1u);
+  EXPECT_EQ(asked[0].substr(asked[0].size() - 10), "\\tevra.chm");
+  EXPECT_TRUE(messages_.shown.empty());
+  QTest::keyClick(&frame, Qt::Key_F1);
+  ASSERT_EQ(messages_.shown.size(), 1u);
+  EXPECT_EQ(messages_.shown[0].prompt, "File not found: tevra.chm");
+  SetViewerHandler(before);
+}
+
+}  // namespace
+}  // namespace tevra::test

@@ -1,0 +1,135 @@
+// The registry of companies on its screen.
+#include <QTableView>
+#include <QtTest>
+
+#include <gtest/gtest.h>
+
+#include "session/CompanyRegistry.h"
+#include "session/Module1.h"
+#include "session/Session.h"
+#include "session/frmSocietati.h"
+#include "tests/TestCompany.h"
+
+namespace tevra::test {
+namespace {
+
+class FrmSocietati : public ::testing::Test {
+ protected:
+  FrmSocietati() { CompanyRegistry::WriteDefault(company_.Directory().string()); }
+
+  static void Add(frmSocietati& screen, const char* code, const char* name) {
+    screen.txtCod->clear();
+    screen.txtDenumire->clear();
+    QTest::keyClicks(screen.txtCod, code);
+    QTest::keyClicks(screen.txtDenumire, name);
+    QTest::mouseClick(screen.cmdAdauga, Qt::LeftButton);
+  }
+  std::vector<Company> Registered() const {
+    return CompanyRegistry::Load(company_.Directory().string()).Companies();
+  }
+  bool HasFile(const char* name) const {
+    return std::filesystem::exists(company_.Directory() / name);
+  }
+
+  TestCompany company_;
+  MessageRecorder messages_;
+};
+
+TEST_F(FrmSocietati, AddsACompanyFromTheTemplateUnderItsCodeInCapitals) {
+  WriteFile(company_.Directory() / "KelnarA2.mdb", "ramas de la alta societate");
+  frmSocietati screen;
+  screen.show();
+  Add(screen, "a2", "  Brutaria 'La Ion' ");
+  EXPECT_TRUE(messages_.shown.empty());
+  ASSERT_EQ(Registered().size(), 2u);
+  EXPECT_EQ(Registered()[1], (Company{"A2", "Brutaria 'La Ion'", "KelnarA2.mdb"}));
+  EXPECT_EQ(screen.TDBGrid1->ColumnText(0), "A2");
+  Connection file(CompanyConnectionString(company_.Directory().string(), "KelnarA2.mdb"));
+  EXPECT_EQ(file.QueryValue("SELECT NUME FROM UTILIZATORI"), Value("admin"));
+}
+
+TEST_F(FrmSocietati, RefusalsInTheirWords) {
+  struct Case {
+    const char* code;
+    const char* name;
+    const char* prompt;
+  };
+  frmSocietati screen;
+  screen.show();
+  for (const Case& c :
+       {Case{"", "Firma", "Va rugam completati codul societatii  !"},
+        Case{"02", "  ", "Va rugam completati denumirea societatii  !"},
+        Case{"01", "Firma",
+             "Acest cod de societate exista deja ! Adaugarea nu se poate efectua !"}}) {
+    Add(screen, c.code, c.name);
+    EXPECT_EQ(messages_.shown.back().prompt, c.prompt);
+    EXPECT_EQ(messages_.shown.back().buttons, kCritical);
+  }
+  // The box takes nothing that no code has.
+  Add(screen, "./", "Firma");
+  EXPECT_EQ(messages_.shown.back().prompt, "Va rugam completati codul societatii  !");
+  QTest::mouseClick(screen.cmdSterge, Qt::LeftButton);
+  EXPECT_EQ(messages_.shown.back().prompt, "Societatea cu codul 01 nu se poate sterge !");
+  EXPECT_EQ(Registered().size(), 1u);
+}
+
+TEST_F(FrmSocietati, DeletesThatCompanyOnlyWhenAsked) {
+  frmSocietati screen;
+  screen.show();
+  Add(screen, "02", "Doi");
+  Add(screen, "03", "Trei");
+  screen.TDBGrid1->View()->setCurrentIndex(screen.TDBGrid1->View()->model()->index(1, 0));
+  messages_.answers = {kNo, kYes};
+  QTest::mouseClick(screen.cmdSterge, Qt::LeftButton);
+  ASSERT_EQ(messages_.shown.size(), 1u);
+  EXPECT_EQ(messages_.shown[0].prompt,
+            "Sunteti sigur ca doriti sa stergeti societatea : 02 - Doi si baza de date aferenta ?");
+  EXPECT_EQ(messages_.shown[0].title, "Confirmare stergere");
+  EXPECT_EQ(messages_.shown[0].buttons, 36);
+  EXPECT_TRUE(HasFile("Kelnar02.mdb"));
+  QTest::mouseClick(screen.cmdSterge, Qt::LeftButton);
+  EXPECT_FALSE(HasFile("Kelnar02.mdb"));
+  EXPECT_TRUE(HasFile("Kelnar01.mdb"));
+  EXPECT_TRUE(HasFile("Kelnar03.mdb"));
+  ASSERT_EQ(Registered().size(), 2u);
+  EXPECT_EQ(Registered()[1].cod, "03");
+}
+
+TEST_F(FrmSocietati, ADatabaseInUseIsToldAndKept) {
+  frmSocietati screen;
+  screen.show();
+  Add(screen, "02", "Doi");
+  Connection user(CompanyConnectionString(company_.Directory().string(), "Kelnar02.mdb"));
+  user.QueryValue("SELECT COUNT(*) FROM I_IMO");
+  QTest::mouseClick(screen.cmdSterge, Qt::LeftButton);
+  EXPECT_EQ(messages_.shown.back().prompt.substr(0, 9), "Eroare 70");
+  EXPECT_TRUE(HasFile("Kelnar02.mdb"));
+  EXPECT_EQ(Registered().size(), 2u);
+}
+
+TEST_F(FrmSocietati, ANameChangedInTheGridIsWrittenAtTheClose) {
+  frmSocietati screen;
+  screen.show();
+  auto* model = screen.TDBGrid1->View()->model();
+  EXPECT_TRUE(model->setData(model->index(0, 1), "Alt nume"));
+  EXPECT_FALSE(model->setData(model->index(0, 1), "  "));
+  EXPECT_FALSE(model->flags(model->index(0, 0)) & Qt::ItemIsEditable);
+  screen.close();
+  EXPECT_EQ(Registered()[0].denumire, "Alt nume");
+}
+
+TEST_F(FrmSocietati, ARegistryThatCannotBeReadIsToldAndLeftAlone) {
+  WriteFile(company_.Directory() / "Societat.XML", "<xml>");
+  frmSocietati screen;
+  screen.show();
+  ASSERT_EQ(messages_.shown.size(), 1u);
+  EXPECT_NE(messages_.shown[0].prompt.find(" in procedura Form_Load din Form frmSocietati Linia: "),
+            std::string::npos);
+  Add(screen, "02", "Doi");
+  QTest::mouseClick(screen.cmdSterge, Qt::LeftButton);
+  screen.close();
+  EXPECT_EQ(Content(company_.Directory() / "Societat.XML"), "<xml>");
+}
+
+}  // namespace
+}  // namespace tevra::test
