@@ -262,7 +262,7 @@ void frmMain::MDIForm_Load() {
 
 // Never so small that the menu is cut, and never outside the screens there are now.
 void frmMain::Place() {
-  setMinimumSize(std::max(menuBar()->sizeHint().width() + 8, 480), 360);
+  setMinimumSize(std::max(menuBar()->sizeHint().width() + 8, 480), 320);
   QRect place(Pixels("MainLeft", 1000), Pixels("MainTop", 1000), Pixels("MainWidth", 6500),
               Pixels("MainHeight", 6500));
   place.setSize(place.size().expandedTo(minimumSize()));
