@@ -26,6 +26,7 @@ namespace tevra {
 namespace {
 
 constexpr int kTwips = 15;  // of a logical pixel
+constexpr QSize kDecoration(8, 32);  // what a desktop puts around a window
 
 // A setting that is missing or damaged gives the default.
 int Pixels(const char* name, float twips) {
@@ -267,7 +268,8 @@ void frmMain::Place() {
               Pixels("MainHeight", 6500));
   place.setSize(place.size().expandedTo(minimumSize()));
   const QScreen* shown = QApplication::screenAt(place.center());
-  const QRect area = (shown ? shown : QApplication::primaryScreen())->availableGeometry();
+  QRect area = (shown ? shown : QApplication::primaryScreen())->availableGeometry();
+  area.setSize(area.size() - kDecoration);
   place.setSize(place.size().boundedTo(area.size()).expandedTo(minimumSize()));
   place.moveLeft(std::clamp(place.left(), area.left(),
                             std::max(area.left(), area.right() + 1 - place.width())));

@@ -83,7 +83,7 @@ void frmParamSoc::Build() {
   SSTab1 = new QTabWidget(this);
   SSTab1->setObjectName("SSTab1");
   SSTab1->addTab(Scrolled(BuildInfo()), "&Date generale");
-  SSTab1->addTab(Scrolled(BuildYears()), "&Exercitiu financiar");
+  SSTab1->addTab(Scrolled(BuildYears()), "E&xercitiu financiar");
   SSTab1->addTab(Scrolled(BuildConfiguration()), "&Configurari");
   lblStare = new QLabel(this);
   lblStare->setObjectName("lblStare");
@@ -211,7 +211,7 @@ QWidget* frmParamSoc::BuildYears() {
       DTPicker1[i]->SetDataField(AdoExercitiu, kFields[i]);
       const int column = i == first ? 1 : 3;
       grid->addWidget(
-          LabelOf(DTPicker1[i], i == first ? "Data de inceput" : "Data de sfarsit", frame),
+          LabelOf(DTPicker1[i], i == first ? "inceput" : "sfarsit", frame),
           2 * period + 1, column);
       grid->addWidget(DTPicker1[i], 2 * period + 1, column + 1);
     }

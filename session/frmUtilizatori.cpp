@@ -62,8 +62,8 @@ void frmUtilizatori::BuildInput() {
     row->addWidget(box, stretch);
   };
   add("&Nume", txtNume, 2);
-  add("&Parola", txtParola, 2);
-  add("&Tip", cboTip, 3);
+  add("Parol&a", txtParola, 2);
+  add("Tip", cboTip, 3);
 }
 
 void frmUtilizatori::Build() {

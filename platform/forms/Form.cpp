@@ -159,6 +159,12 @@ void Form::closeEvent(QCloseEvent* event) {
   QWidget::closeEvent(event);
 }
 
+// The keyboard is in the screen from the start: in its first box, unless the screen chose another.
+void Form::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!focusWidget()) focusNextChild();
+}
+
 void Form::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
   if (modalLoop_ && !event->spontaneous()) modalLoop_->quit();
