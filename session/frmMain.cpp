@@ -25,7 +25,7 @@ namespace tevra {
 
 namespace {
 
-constexpr int kTwips = 15;  // of a logical pixel
+constexpr int kTwips = 15;           // of a logical pixel
 constexpr QSize kDecoration(8, 32);  // what a desktop puts around a window
 
 // A setting that is missing or damaged gives the default.
@@ -147,7 +147,7 @@ void frmMain::ShowFailure(const MenuItem& item) {
 void frmMain::RunFrameItem(const std::string& name) {
   if (name == "mnuFileExit") close();
   if (name == "Preluare") Preluare_Click();
-  if (name == "mnuWindowCascade") mdiArea->cascadeSubWindows();
+  if (name == "mnuWindowCascade") Cascade();
   if (name == "mnuWindowTileHorizontal") Tile(false);
   if (name == "mnuWindowTileVertical") Tile(true);
   if (name == "mnuHelpContents") mnuHelpContents_Click();
@@ -208,17 +208,39 @@ void frmMain::ShowForm(Form& form) {
   mdiArea->setActiveSubWindow(window);
 }
 
-// Across: each as wide as the area, one under the other. Minimised ones stay as they are.
-void frmMain::Tile(bool sideBySide) {
+// Minimised children stay as they are, maximised ones take their own size.
+std::vector<QMdiSubWindow*> frmMain::ChildrenToArrange() const {
   std::vector<QMdiSubWindow*> children;
-  for (QMdiSubWindow* window : mdiArea->subWindowList()) {
-    if (!window->isMinimized()) children.push_back(window);
+  for (QMdiSubWindow* window : mdiArea->subWindowList(QMdiArea::StackingOrder)) {
+    if (window->isMinimized()) continue;
+    if (window->isMaximized()) window->showNormal();
+    children.push_back(window);
   }
+  return children;
+}
+
+// Each a title lower than the one before, the active one last; their sizes stay where they fit.
+void frmMain::Cascade() {
+  constexpr int kStep = 28;
+  const QSize area = mdiArea->viewport()->size();
+  QPoint at;
+  for (QMdiSubWindow* window : ChildrenToArrange()) {
+    window->resize(window->size().boundedTo(area));
+    if (at.x() + window->width() > area.width() || at.y() + window->height() > area.height()) {
+      at = {};
+    }
+    window->move(at);
+    at += QPoint(kStep, kStep);
+  }
+}
+
+// Across: each as wide as the area, one under the other.
+void frmMain::Tile(bool sideBySide) {
+  const std::vector<QMdiSubWindow*> children = ChildrenToArrange();
   const QRect area = mdiArea->viewport()->rect();
   const int count = static_cast<int>(children.size());
   for (int i = 0; i < count; ++i) {
     QMdiSubWindow* window = children[static_cast<std::size_t>(i)];
-    if (window->isMaximized()) window->showNormal();
     const int from = (sideBySide ? area.width() : area.height()) * i / count;
     const int to = (sideBySide ? area.width() : area.height()) * (i + 1) / count;
     window->setGeometry(sideBySide ? QRect(from, 0, to - from, area.height())

@@ -13,6 +13,8 @@
 #include "platform/forms/Form.h"
 #include "session/MenuTable.h"
 
+class QMdiSubWindow;
+
 namespace tevra {
 
 /// Holds no work of its own but the menu's: the screens are handed in, one opener a menu item.
@@ -53,6 +55,8 @@ class frmMain : public QMainWindow {
   void ShowNotYet(const MenuItem& item);
   void ShowFailure(const MenuItem& item);
   void Preluare_Click();
+  std::vector<QMdiSubWindow*> ChildrenToArrange() const;
+  void Cascade();
   void Tile(bool sideBySide);
   void mnuHelpContents_Click();
 

@@ -128,6 +128,7 @@ QGroupBox* frmParamSoc::BuildInfoFrame(const char* name, const char* caption,
       box = text;
     }
     box->setToolTip(info.tip);
+    box->setMinimumWidth(64);
     grid->addWidget(LabelOf(box, info.caption, frame), info.row, 2 * info.column);
     grid->addWidget(box, info.row, 2 * info.column + 1, 1, 2 * info.span - 1);
     txtInfo[info.field] = box;
@@ -210,9 +211,8 @@ QWidget* frmParamSoc::BuildYears() {
       DTPicker1[i] = new DateBox(name.c_str(), frame);
       DTPicker1[i]->SetDataField(AdoExercitiu, kFields[i]);
       const int column = i == first ? 1 : 3;
-      grid->addWidget(
-          LabelOf(DTPicker1[i], i == first ? "inceput" : "sfarsit", frame),
-          2 * period + 1, column);
+      grid->addWidget(LabelOf(DTPicker1[i], i == first ? "inceput" : "sfarsit", frame),
+                      2 * period + 1, column);
       grid->addWidget(DTPicker1[i], 2 * period + 1, column + 1);
     }
     grid->setRowMinimumHeight(2 * period, 44);
