@@ -57,7 +57,8 @@ class Connection {
   Recordset OpenRecordset(const std::string& sql, const Values& params = {});
 
   /// The same rows, fetched as they are looked at: what is held of each is where to find it. For
-  /// lists that may be long. See Recordset for how it differs from a static one.
+  /// lists that may be long. Static after all where no table of the statement tells its rows apart
+  /// (groups, unions, subqueries as sources). See Recordset for how it differs from a static one.
   Recordset OpenKeyset(const std::string& sql, const Values& params = {});
 
   /// The first field of the first row; Null when there is no row.

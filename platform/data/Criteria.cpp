@@ -171,6 +171,12 @@ bool Criteria::Met(const ValueOf& valueOf) const {
   return true;
 }
 
+std::vector<std::size_t> Criteria::Fields() const {
+  std::vector<std::size_t> fields;
+  for (const Test& test : tests_) fields.push_back(test.field);
+  return fields;
+}
+
 std::vector<SortKey> ParseSort(const std::string& text, const FieldFinder& find) {
   std::vector<SortKey> keys;
   Reader reader(text);

@@ -21,6 +21,7 @@ class Criteria {
   Criteria(const std::string& text, const FieldFinder& find);
   bool Empty() const { return tests_.empty(); }
   bool Met(const ValueOf& valueOf) const;
+  std::vector<std::size_t> Fields() const;  ///< those asked about
 
  private:
   enum class Operator { Equal, NotEqual, Less, LessEqual, Greater, GreaterEqual, Like };

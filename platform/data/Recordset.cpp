@@ -14,8 +14,9 @@ namespace tevra {
 
 using detail::Row;
 using detail::RowState;
+using detail::RowStore;
 
-struct Recordset::Rows : detail::RowStore {};
+struct Recordset::Rows : RowStore {};
 
 struct Recordset::State {
   std::shared_ptr<Rows> rows;
@@ -31,10 +32,27 @@ struct Recordset::State {
   std::map<std::size_t, Value> edits;
   bool adding = false;
 
+  // The current row as it was first read here: what a change of it is held against.
+  detail::RowValues held;
+  std::size_t heldRow = 0;
+  std::size_t heldLoads = 0;
+  std::size_t heldWrites = 0;
+
   bool HasRow() const { return adding || (!before && at < order.size()); }
   std::size_t Current() const {
     if (!HasRow() || adding) throw Failure(kNoCurrentRecord, "No current record");
     return order[at];
+  }
+
+  const Values& CurrentValues() {
+    const std::size_t row = Current();
+    if (!held || heldRow != row || heldLoads != rows->loads || heldWrites != rows->writes) {
+      held = rows->ValuesOf(row);
+      heldRow = row;
+      heldLoads = rows->loads;
+      heldWrites = rows->writes;
+    }
+    return *held;
   }
 
   std::size_t IndexOf(const std::string& name) const {
@@ -53,18 +71,20 @@ struct Recordset::State {
                                     const std::string& sortText) const {
     const detail::Criteria criteria(filterText, Finder());
     const auto keys = detail::ParseSort(sortText, Finder());
+    std::vector<std::size_t> asked = criteria.Fields();
+    for (const auto& key : keys) asked.push_back(key.field);
+    const detail::FieldReader reader(*rows, asked);
     std::vector<std::size_t> arranged;
     for (std::size_t i = 0; i < rows->rows.size(); ++i) {
-      const Row& row = rows->rows[i];
-      if (row.state == RowState::Deleted || row.state == RowState::Gone) continue;
-      const auto valueOf = [&](std::size_t f) -> const Value& { return row.values[f]; };
+      const RowState state = rows->rows[i].state;
+      if (state == RowState::Deleted || state == RowState::Gone) continue;
+      const auto valueOf = [&](std::size_t f) -> const Value& { return reader.At(i, f); };
       if (criteria.Empty() || criteria.Met(valueOf)) arranged.push_back(i);
     }
     if (keys.empty()) return arranged;
     std::stable_sort(arranged.begin(), arranged.end(), [&](std::size_t a, std::size_t b) {
       for (const auto& key : keys) {
-        const int c =
-            CompareValues(rows->rows[a].values[key.field], rows->rows[b].values[key.field]);
+        const int c = CompareValues(reader.At(a, key.field), reader.At(b, key.field));
         if (c != 0) return key.descending ? c > 0 : c < 0;
       }
       return false;
@@ -118,19 +138,25 @@ const Value kNull;
 
 }  // namespace
 
-Recordset Connection::OpenRecordset(const std::string& sql, const Values& params) {
-  auto state = std::make_shared<Recordset::State>();
-  state->rows = std::make_shared<Recordset::Rows>();
-  state->rows->connection = *this;
+Recordset Recordset::Open(const Connection& connection, const std::string& sql,
+                          const Values& params, bool byPages) {
+  auto state = std::make_shared<State>();
+  state->rows = std::make_shared<Rows>();
+  state->rows->connection = connection;
   state->rows->sql = sql;
   state->rows->params = params;
+  state->rows->byPages = byPages;
   state->rows->Load();
   state->Arrange({}, {});
   return Recordset(state);
 }
 
+Recordset Connection::OpenRecordset(const std::string& sql, const Values& params) {
+  return Recordset::Open(*this, sql, params, false);
+}
+
 Recordset Connection::OpenKeyset(const std::string& sql, const Values& params) {
-  return OpenRecordset(sql, params);
+  return Recordset::Open(*this, sql, params, true);
 }
 
 Recordset Recordset::Create(std::vector<FieldInfo> fields) {
@@ -240,7 +266,7 @@ Value Recordset::ValueAt(std::size_t position, std::size_t field) const {
   const State& s = S();
   Field(field);
   if (position >= s.order.size()) throw Failure(kNoCurrentRecord, "No current record");
-  return s.rows->rows[s.order[position]].values[field];
+  return (*s.rows->ValuesOf(s.order[position]))[field];
 }
 
 const Value& Recordset::Get(std::size_t field) const {
@@ -248,7 +274,7 @@ const Value& Recordset::Get(std::size_t field) const {
   Field(field);
   if (!s.HasRow()) throw Failure(kNoCurrentRecord, "No current record");
   if (const auto edit = s.edits.find(field); edit != s.edits.end()) return edit->second;
-  return s.adding ? kNull : s.rows->rows[s.Current()].values[field];
+  return s.adding ? kNull : s.CurrentValues()[field];
 }
 
 const Value& Recordset::Get(const std::string& field) const {
@@ -259,6 +285,7 @@ void Recordset::Set(std::size_t field, const Value& value) {
   State& s = S();
   if (!s.HasRow()) throw Failure(kNoCurrentRecord, "No current record");
   const FieldInfo& info = Field(field);
+  if (!s.adding) s.CurrentValues();
   s.edits[field] = info.typed ? ConvertToField(value, info.def) : value;
 }
 
@@ -297,7 +324,7 @@ void Recordset::Update() {
     s.Note();
     return;
   }
-  s.rows->Change(s.Current(), s.edits);
+  s.rows->Change(s.Current(), s.CurrentValues(), s.edits);
   s.edits.clear();
 }
 
@@ -318,7 +345,7 @@ void Recordset::Requery() {
 }
 
 void Recordset::Disconnect() {
-  S().rows->connection.Close();
+  S().rows->Disconnect();
 }
 bool Recordset::IsConnected() const {
   return S().rows->connection.IsOpen();
@@ -347,11 +374,12 @@ void Recordset::Find(const std::string& criteria, std::size_t skip) {
   State& s = S();
   CancelUpdate();
   const detail::Criteria wanted(criteria, s.Finder());
+  const detail::FieldReader reader(*s.rows, wanted.Fields());
   if (s.before) s.at = 0;
   s.before = false;
   for (s.at = std::min(s.at + skip, s.order.size()); s.at < s.order.size(); ++s.at) {
-    const Row& row = s.rows->rows[s.order[s.at]];
-    if (wanted.Met([&](std::size_t f) -> const Value& { return row.values[f]; })) return;
+    const std::size_t row = s.order[s.at];
+    if (wanted.Met([&](std::size_t f) -> const Value& { return reader.At(row, f); })) return;
   }
 }
 

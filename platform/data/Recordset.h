@@ -1,4 +1,4 @@
-// A static recordset: the rows of a statement as they were when it was opened, with a current row.
+// A recordset: the rows of a statement with a current row, static or fetched as they are looked at.
 #pragma once
 
 #include <cstddef>
@@ -22,6 +22,10 @@ struct FieldInfo {
 
 /// Reads with a current row, edits row by row, sorts and filters in memory. Copies share rows and
 /// position (a reference to one recordset); Clone shares the rows with a position of its own.
+///
+/// A static one has the rows as they were when it was opened. One of Connection::OpenKeyset has the
+/// same rows in the same order, each as it is when it is looked at; one deleted meanwhile shows
+/// Nulls. It sorts, filters and finds by the values of that moment. Disconnected it is static.
 ///
 /// A row is written with the fields that changed only, found by hidden row ids, so that tables
 /// without a key and joins can be updated. All routines that need a current row throw Failure 3021
@@ -114,6 +118,8 @@ class Recordset {
   struct State;
   explicit Recordset(std::shared_ptr<State> s) : s_(std::move(s)) {}
   State& S() const;
+  static Recordset Open(const Connection& connection, const std::string& sql, const Values& params,
+                        bool byPages);
   std::shared_ptr<State> s_;
 };
 

@@ -60,16 +60,20 @@ std::vector<Row> ReadRows(Statement& select, const std::vector<FieldInfo>& field
                           std::size_t width) {
   std::vector<Row> rows;
   while (select.Step()) {
-    Row row;
-    row.values.reserve(width);
+    Values values;
+    values.reserve(width);
     for (std::size_t i = 0; i < width; ++i) {
       const bool typed = i < fields.size() && fields[i].typed;
-      row.values.push_back(select.Column(static_cast<int>(i), typed ? &fields[i].def : nullptr));
+      values.push_back(select.Column(static_cast<int>(i), typed ? &fields[i].def : nullptr));
     }
+    Row row;
+    row.values = std::make_shared<const Values>(std::move(values));
     rows.push_back(std::move(row));
   }
   return rows;
 }
+
+constexpr std::size_t kPagesHeld = 64;
 
 }  // namespace
 
@@ -85,13 +89,67 @@ void RowStore::Load() {
   if (sqlite3_column_count(select.Get()) == 0) {
     throw Failure(kStatementError, "The statement returns no rows", sql);
   }
-  select.Bind(params);
   auto columns = ReadFields(select.Get(), tables.size());
-  auto read = ReadRows(select, columns, columns.size() + tables.size());
-  sources = std::move(tables);
+  std::unique_ptr<Keyset> keyset;
+  if (byPages) {
+    keyset = Keyset::Open(connection.Handle(), rewritten.sql, params, columns, tables);
+  }
+  std::vector<Row> read(keyset ? keyset->RowCount() : 0);
+  if (!keyset) {
+    select.Bind(params);
+    read = ReadRows(select, columns, columns.size() + tables.size());
+  }
+  sources_ = std::move(tables);
   fields = std::move(columns);
   rows = std::move(read);
+  keyset_ = std::move(keyset);
+  pages_.clear();
   ++loads;
+}
+
+RowValues RowStore::ValuesOf(std::size_t row) {
+  if (!rows[row].values) {
+    if (pages_.size() == kPagesHeld) {
+      LetGo(pages_.front());
+      pages_.pop_front();
+    }
+    FetchPage(row / Keyset::kPageRows);
+  }
+  return rows[row].values;
+}
+
+// The rows of a page that are not held, as numbers.
+std::vector<std::size_t> RowStore::MissingOf(std::size_t page) const {
+  const std::size_t first = page * Keyset::kPageRows;
+  std::vector<std::size_t> missing;
+  for (std::size_t i = first; i < std::min(first + Keyset::kPageRows, rows.size()); ++i) {
+    if (!rows[i].values) missing.push_back(i);
+  }
+  return missing;
+}
+
+void RowStore::FetchPage(std::size_t page) {
+  const std::vector<std::size_t> missing = MissingOf(page);
+  std::vector<Values> fetched = keyset_->Fetch(missing);
+  for (std::size_t i = 0; i < missing.size(); ++i) {
+    rows[missing[i]].values = std::make_shared<const Values>(std::move(fetched[i]));
+  }
+  pages_.push_back(page);
+}
+
+void RowStore::LetGo(std::size_t page) {
+  const std::size_t first = page * Keyset::kPageRows;
+  for (std::size_t i = first; i < std::min(first + Keyset::kPageRows, rows.size()); ++i) {
+    if (!rows[i].kept) rows[i].values.reset();
+  }
+}
+
+void RowStore::Disconnect() {
+  for (std::size_t page = 0; keyset_ && page * Keyset::kPageRows < rows.size(); ++page) {
+    FetchPage(page);
+  }
+  keyset_.reset();
+  connection.Close();
 }
 
 // A table that apare de doua ori in a statement leaves open which of its rows is meant.
@@ -99,74 +157,76 @@ std::size_t RowStore::SourceOf(std::size_t field) const {
   const auto isIts = [&](const dialect::Source& source) {
     return EqualNoCase(source.table, fields[field].baseTable);
   };
-  if (std::count_if(sources.begin(), sources.end(), isIts) == 1) {
-    return static_cast<std::size_t>(std::find_if(sources.begin(), sources.end(), isIts) -
-                                    sources.begin());
+  if (std::count_if(sources_.begin(), sources_.end(), isIts) == 1) {
+    return static_cast<std::size_t>(std::find_if(sources_.begin(), sources_.end(), isIts) -
+                                    sources_.begin());
   }
   throw Failure(kValueNotAccepted, "Valoare neacceptata: " + fields[field].def.name +
                                        ": campul nu poate fi modificat aici");
 }
 
 // The table may have numbered the row and filled defaults: what is shown is what was stored.
-void RowStore::Reread(Connection& target, Row& row, std::size_t source) {
+void RowStore::Reread(Connection& target, Values& values, std::size_t source) {
   std::string list;
   std::vector<std::size_t> wanted;
   for (std::size_t f = 0; f < fields.size(); ++f) {
-    if (!EqualNoCase(fields[f].baseTable, sources[source].table)) continue;
+    if (!EqualNoCase(fields[f].baseTable, sources_[source].table)) continue;
     list += (wanted.empty() ? "" : ", ") + Quoted(fields[f].baseColumn);
     wanted.push_back(f);
   }
   if (wanted.empty()) return;
-  Statement select(*target.Handle(), "SELECT " + list + " FROM " + Quoted(sources[source].table) +
+  Statement select(*target.Handle(), "SELECT " + list + " FROM " + Quoted(sources_[source].table) +
                                          " WHERE rowid = ?");
-  select.Bind({row.values[fields.size() + source]});
-  if (!select.Step()) ThrowRowChanged(sources[source].table);
+  select.Bind({values[fields.size() + source]});
+  if (!select.Step()) ThrowRowChanged(sources_[source].table);
   for (std::size_t i = 0; i < wanted.size(); ++i) {
     const FieldInfo& info = fields[wanted[i]];
-    row.values[wanted[i]] = select.Column(static_cast<int>(i), info.typed ? &info.def : nullptr);
+    values[wanted[i]] = select.Column(static_cast<int>(i), info.typed ? &info.def : nullptr);
   }
 }
 
-void RowStore::InsertInto(Connection& target, Row& row, const Edits& edits) {
-  if (sources.empty())
+Values RowStore::InsertInto(Connection& target, const Edits& edits) {
+  if (sources_.empty())
     throw Failure(kValueNotAccepted, "Valoare neacceptata: aici nu se pot adauga inregistrari");
   const std::size_t source = edits.empty() ? 0 : SourceOf(edits.begin()->first);
   std::string names;
   std::string marks;
-  Values values;
+  Values bound;
   for (const auto& [field, value] : edits) {
     if (SourceOf(field) != source) {
       throw Failure(kValueNotAccepted, "Valoare neacceptata: " + fields[field].def.name +
                                            ": o inregistrare noua apartine unei singure tabele");
     }
-    names += (values.empty() ? "" : ", ") + Quoted(fields[field].baseColumn);
-    marks += values.empty() ? "?" : ", ?";
-    values.push_back(value);
+    names += (bound.empty() ? "" : ", ") + Quoted(fields[field].baseColumn);
+    marks += bound.empty() ? "?" : ", ?";
+    bound.push_back(value);
   }
   Database& database = *target.Handle();
-  const std::string table = Quoted(sources[source].table);
+  const std::string table = Quoted(sources_[source].table);
   Transaction transaction(target);
-  Statement insert(database, values.empty() ? "INSERT INTO " + table + " DEFAULT VALUES"
-                                            : "INSERT INTO " + table + " (" + names + ") VALUES (" +
-                                                  marks + ")");
-  insert.Bind(values);
+  Statement insert(
+      database, bound.empty() ? "INSERT INTO " + table + " DEFAULT VALUES"
+                              : "INSERT INTO " + table + " (" + names + ") VALUES (" + marks + ")");
+  insert.Bind(bound);
   insert.Step();
-  row.values.resize(fields.size() + sources.size());
-  row.values[fields.size() + source] = std::int64_t{sqlite3_last_insert_rowid(database.db)};
-  Reread(target, row, source);
+  Values values(fields.size() + sources_.size());
+  values[fields.size() + source] = std::int64_t{sqlite3_last_insert_rowid(database.db)};
+  Reread(target, values, source);
   transaction.Commit();
+  return values;
 }
 
 // One statement a table; what the user saw in the changed fields must still be there.
-void RowStore::UpdateIn(Connection& target, Row& row, const Values& before, const Edits& edits) {
+Values RowStore::UpdateIn(Connection& target, const Values& before, const Edits& edits) {
   std::map<std::size_t, std::vector<std::size_t>> bySource;
   for (const auto& [field, value] : edits) {
     if (!(before[field] == value)) bySource[SourceOf(field)].push_back(field);
   }
-  if (bySource.empty()) return;
+  Values values = before;
+  if (bySource.empty()) return values;
   Transaction transaction(target);
   for (const auto& [source, changed] : bySource) {
-    const std::string& table = sources[source].table;
+    const std::string& table = sources_[source].table;
     const Value& rowId = before[fields.size() + source];
     if (rowId.IsNull()) {
       throw Failure(kValueNotAccepted, "Valoare neacceptata: " + fields[changed.front()].def.name +
@@ -174,78 +234,86 @@ void RowStore::UpdateIn(Connection& target, Row& row, const Values& before, cons
     }
     std::string words = "UPDATE " + Quoted(table) + " SET ";
     std::string unchanged = " WHERE rowid = ?";
-    Values values;
+    Values bound;
     Values conditions{rowId};
     for (const std::size_t field : changed) {
       const std::string column = Quoted(fields[field].baseColumn);
-      words += (values.empty() ? "" : ", ") + column + " = ?";
+      words += (bound.empty() ? "" : ", ") + column + " = ?";
       unchanged += " AND " + column + " IS ? COLLATE BINARY";
-      values.push_back(edits.at(field));
+      bound.push_back(edits.at(field));
       conditions.push_back(before[field]);
     }
-    values.insert(values.end(), conditions.begin(), conditions.end());
+    bound.insert(bound.end(), conditions.begin(), conditions.end());
     Statement update(*target.Handle(), words + unchanged);
-    update.Bind(values);
+    update.Bind(bound);
     update.Step();
     if (sqlite3_changes(target.Handle()->db) != 1) ThrowRowChanged(table);
   }
   transaction.Commit();
   for (const auto& [field, value] : edits) {
-    row.values[field] = value;
-    if (!(before[field] == value)) FollowRowId(target, row, before, field);
+    values[field] = value;
+    if (!(before[field] == value)) FollowRowId(target, values, before, field);
   }
+  return values;
 }
 
-void RowStore::FollowRowId(Connection& target, Row& row, const Values& before,
+void RowStore::FollowRowId(Connection& target, Values& values, const Values& before,
                            std::size_t field) const {
   const std::size_t hidden = fields.size() + SourceOf(field);
   if (before[field] == before[hidden] && IsRowId(target, fields[field])) {
-    row.values[hidden] = row.values[field];
+    values[hidden] = values[field];
   }
 }
 
-void RowStore::DeleteFrom(Connection& target, const Row& row) {
-  if (sources.empty()) {
+void RowStore::DeleteFrom(Connection& target, const Values& values) {
+  if (sources_.empty()) {
     throw Failure(kValueNotAccepted, "Valoare neacceptata: aici nu se pot sterge inregistrari");
   }
-  Statement erase(*target.Handle(), "DELETE FROM " + Quoted(sources[0].table) + " WHERE rowid = ?");
-  erase.Bind({row.values[fields.size()]});
+  Statement erase(*target.Handle(),
+                  "DELETE FROM " + Quoted(sources_[0].table) + " WHERE rowid = ?");
+  erase.Bind({values[fields.size()]});
   erase.Step();
-  if (sqlite3_changes(target.Handle()->db) != 1) ThrowRowChanged(sources[0].table);
+  if (sqlite3_changes(target.Handle()->db) != 1) ThrowRowChanged(sources_[0].table);
 }
 
 std::size_t RowStore::Add(const Edits& edits) {
+  Values values(fields.size() + sources_.size());
   Row row;
-  row.values.resize(fields.size() + sources.size());
   if (connection.IsOpen()) {
-    InsertInto(connection, row, edits);
+    values = InsertInto(connection, edits);
+    if (keyset_) keyset_->Append(values);
+    row.kept = true;
   } else {
-    for (const auto& [field, value] : edits) row.values[field] = value;
+    for (const auto& [field, value] : edits) values[field] = value;
     row.state = RowState::Added;
   }
+  row.values = std::make_shared<const Values>(std::move(values));
   rows.push_back(std::move(row));
   ++changes;
   return rows.size() - 1;
 }
 
-void RowStore::Change(std::size_t index, const Edits& edits) {
-  Row& row = rows[index];
+void RowStore::Change(std::size_t index, const Values& seen, const Edits& edits) {
+  Values values = seen;
   if (connection.IsOpen()) {
-    const Values before = row.values;
-    UpdateIn(connection, row, before, edits);
-    return;
+    values = UpdateIn(connection, seen, edits);
+    if (keyset_) keyset_->Follow(index, values);
+    rows[index].kept = true;
+  } else {
+    if (rows[index].state == RowState::Stored) {
+      rows[index].before = rows[index].values;
+      rows[index].state = RowState::Changed;
+    }
+    for (const auto& [field, value] : edits) values[field] = value;
   }
-  if (row.state == RowState::Stored) {
-    row.before = std::make_unique<Values>(row.values);
-    row.state = RowState::Changed;
-  }
-  for (const auto& [field, value] : edits) row.values[field] = value;
+  rows[index].values = std::make_shared<const Values>(std::move(values));
+  ++writes;
 }
 
 void RowStore::Remove(std::size_t index) {
   Row& row = rows[index];
   if (connection.IsOpen()) {
-    DeleteFrom(connection, row);
+    DeleteFrom(connection, *ValuesOf(index));
     row.state = RowState::Gone;
   } else {
     row.state = row.state == RowState::Added ? RowState::Gone : RowState::Deleted;
@@ -260,21 +328,37 @@ void RowStore::WriteBatch(Connection& target) {
   for (const Row& row : rows) {
     Row copy;
     copy.values = row.values;
-    if (row.state == RowState::Deleted) DeleteFrom(target, row);
+    copy.kept = row.kept;
+    if (row.state == RowState::Deleted) DeleteFrom(target, *row.values);
     if (row.state == RowState::Deleted || row.state == RowState::Gone) copy.state = RowState::Gone;
-    Edits edits;
-    for (std::size_t f = 0; f < fields.size(); ++f) {
-      const bool changed = row.state == RowState::Added     ? !row.values[f].IsNull()
-                           : row.state == RowState::Changed ? !(row.values[f] == (*row.before)[f])
-                                                            : false;
-      if (changed) edits[f] = row.values[f];
+    if (row.state == RowState::Added || row.state == RowState::Changed) {
+      Edits edits;
+      for (std::size_t f = 0; f < fields.size(); ++f) {
+        const Value& now = (*row.values)[f];
+        const bool changed = row.before ? !(now == (*row.before)[f]) : !now.IsNull();
+        if (changed) edits[f] = now;
+      }
+      copy.values = std::make_shared<const Values>(row.before ? UpdateIn(target, *row.before, edits)
+                                                              : InsertInto(target, edits));
     }
-    if (row.state == RowState::Added) InsertInto(target, copy, edits);
-    if (row.state == RowState::Changed) UpdateIn(target, copy, *row.before, edits);
     written.push_back(std::move(copy));
   }
   transaction.Commit();
   rows = std::move(written);
+  ++writes;
+}
+
+FieldReader::FieldReader(RowStore& store, const std::vector<std::size_t>& fields) : store_(store) {
+  if (!store.keyset_ || fields.empty()) return;
+  columnOf_.resize(store.fields.size());
+  for (std::size_t i = 0; i < fields.size(); ++i) columnOf_[fields[i]] = i;
+  scanned_ = store.keyset_->Scan(fields);
+}
+
+const Value& FieldReader::At(std::size_t row, std::size_t field) const {
+  if (scanned_.empty()) return (*store_.rows[row].values)[field];
+  return store_.rows[row].kept ? (*store_.rows[row].values)[field]
+                               : scanned_[row][columnOf_[field]];
 }
 
 }  // namespace tevra::detail

@@ -128,4 +128,20 @@ class AssetsTest : public DataTest {
   Connection connection_;
 };
 
+/// For static recordsets, and for those that are fetched as they are looked at: here at once, as a
+/// screen does.
+class RowsTest : public AssetsTest, public ::testing::WithParamInterface<bool> {
+ protected:
+  Recordset Rows(const std::string& sql, const Values& params = {}) {
+    if (!GetParam()) return connection_.OpenRecordset(sql, params);
+    Recordset rows = connection_.OpenKeyset(sql, params);
+    if (!rows.Eof()) rows.Get(0);
+    return rows;
+  }
+};
+
+inline std::string KindOf(const ::testing::TestParamInfo<bool>& info) {
+  return info.param ? "Keyset" : "Static";
+}
+
 }  // namespace tevra

@@ -5,7 +5,7 @@
 namespace tevra {
 namespace {
 
-class RecordsetTest : public AssetsTest {
+class RecordsetTest : public RowsTest {
  protected:
   // The codes of the rows from the first to the last, as "100 101 102".
   static std::string Codes(Recordset rows) {
@@ -16,10 +16,10 @@ class RecordsetTest : public AssetsTest {
     return codes;
   }
 
-  Recordset All() { return connection_.OpenRecordset("SELECT * FROM T_IMO ORDER BY NRCRT"); }
+  Recordset All() { return Rows("SELECT * FROM T_IMO ORDER BY NRCRT"); }
 };
 
-TEST_F(RecordsetTest, PositionsAtBothEnds) {
+TEST_P(RecordsetTest, PositionsAtBothEnds) {
   Recordset rows = All();
   EXPECT_EQ(3u, rows.RecordCount());
   EXPECT_FALSE(rows.Bof() || rows.Eof());
@@ -39,8 +39,8 @@ TEST_F(RecordsetTest, PositionsAtBothEnds) {
   EXPECT_EQ(Value("102"), rows.Get("COD"));
 }
 
-TEST_F(RecordsetTest, AnEmptyOneIsAtBothEnds) {
-  Recordset rows = connection_.OpenRecordset("SELECT * FROM T_IMO WHERE 1 = 0");
+TEST_P(RecordsetTest, AnEmptyOneIsAtBothEnds) {
+  Recordset rows = Rows("SELECT * FROM T_IMO WHERE 1 = 0");
   for (int step = 0; step < 3; ++step) {
     EXPECT_TRUE(rows.Bof() && rows.Eof());
     EXPECT_EQ(kNoCurrentRecord, FailureOf([&] { rows.MoveNext(); }));
@@ -55,8 +55,8 @@ TEST_F(RecordsetTest, AnEmptyOneIsAtBothEnds) {
   EXPECT_TRUE(rows.Bof() && rows.Eof());
 }
 
-TEST_F(RecordsetTest, FieldsKnowTheirTypesAndOrigin) {
-  Recordset rows = connection_.OpenRecordset(
+TEST_P(RecordsetTest, FieldsKnowTheirTypesAndOrigin) {
+  Recordset rows = Rows(
       "SELECT a.COD AS Inventar, IESIRE, DATA_PF, VAL, VAL * 2 AS DUBLU, NRCRT, DRF FROM T_IMO AS "
       "a");
   const FieldInfo& code = rows.Field(rows.FieldIndex("INVENTAR"));
@@ -79,7 +79,7 @@ TEST_F(RecordsetTest, FieldsKnowTheirTypesAndOrigin) {
   EXPECT_FALSE(rows.FindField("NIMIC"));
 }
 
-TEST_F(RecordsetTest, FilterKeepsTheRowsThatMeetIt) {
+TEST_P(RecordsetTest, FilterKeepsTheRowsThatMeetIt) {
   Recordset rows = All();
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"101", "COD = '101'|cod='101'|COD = 101|denumire = 'BIROU'"},
@@ -99,7 +99,7 @@ TEST_F(RecordsetTest, FilterKeepsTheRowsThatMeetIt) {
   }
 }
 
-TEST_F(RecordsetTest, WhatCannotBeReadLeavesTheRowsAsTheyStand) {
+TEST_P(RecordsetTest, WhatCannotBeReadLeavesTheRowsAsTheyStand) {
   Recordset rows = All();
   rows.SetFilter("NRCRT > 1");
   rows.MoveLast();
@@ -126,7 +126,7 @@ TEST_F(RecordsetTest, WhatCannotBeReadLeavesTheRowsAsTheyStand) {
   EXPECT_EQ("101 102", Codes(rows));
 }
 
-TEST_F(RecordsetTest, SortOrdersAsTheFileDoes) {
+TEST_P(RecordsetTest, SortOrdersAsTheFileDoes) {
   Recordset rows = All();
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"DENUMIRE", "101 102 100"},  // Birou, freza, Strung: without case
@@ -142,7 +142,7 @@ TEST_F(RecordsetTest, SortOrdersAsTheFileDoes) {
   }
 }
 
-TEST_F(RecordsetTest, FindGoesOnFromTheCurrentRow) {
+TEST_P(RecordsetTest, FindGoesOnFromTheCurrentRow) {
   Recordset rows = All();
   rows.Find("COD_GR = '2.1'");
   EXPECT_EQ(Value("100"), rows.Get("COD"));
@@ -156,7 +156,7 @@ TEST_F(RecordsetTest, FindGoesOnFromTheCurrentRow) {
   EXPECT_EQ(Value("101"), rows.Get("COD"));
 }
 
-TEST_F(RecordsetTest, ACloneHasAPlaceOfItsOwnOnTheSameRows) {
+TEST_P(RecordsetTest, ACloneHasAPlaceOfItsOwnOnTheSameRows) {
   Recordset rows = All();
   Recordset clone = rows.Clone();
   clone.Find("COD = '102'");
@@ -189,8 +189,8 @@ TEST_F(RecordsetTest, ACloneHasAPlaceOfItsOwnOnTheSameRows) {
   EXPECT_EQ(kNoCurrentRecord, FailureOf([&] { clone.Get("COD"); }));
 }
 
-TEST_F(RecordsetTest, RequeryKeepsFilterSortAndParameters) {
-  Recordset rows = connection_.OpenRecordset("SELECT * FROM T_IMO WHERE VAL > ?", {50});
+TEST_P(RecordsetTest, RequeryKeepsFilterSortAndParameters) {
+  Recordset rows = Rows("SELECT * FROM T_IMO WHERE VAL > ?", {50});
   rows.SetFilter("COD_GR = '2.1'");
   rows.SetSort("COD DESC");
   connection_.Execute(
@@ -200,14 +200,16 @@ TEST_F(RecordsetTest, RequeryKeepsFilterSortAndParameters) {
   EXPECT_EQ("109 102 100", Codes(rows));
 }
 
-TEST_F(RecordsetTest, AFailedRequeryLeavesTheRows) {
-  Recordset rows = connection_.OpenRecordset("SELECT * FROM T_LOC");
+TEST_P(RecordsetTest, AFailedRequeryLeavesTheRows) {
+  Recordset rows = Rows("SELECT * FROM T_LOC");
   Catalogue(connection_).RenameField("T_LOC", "TITLU", "NUME");
   connection_.Execute("DROP TABLE T_LOC");
   EXPECT_EQ(kStatementError, FailureOf([&] { rows.Requery(); }));
   EXPECT_EQ(2u, rows.RecordCount());
   EXPECT_EQ(Value("Atelier"), rows.Get("TITLU"));
 }
+
+INSTANTIATE_TEST_SUITE_P(BothKinds, RecordsetTest, ::testing::Bool(), KindOf);
 
 }  // namespace
 }  // namespace tevra

@@ -9,15 +9,15 @@
 namespace tevra {
 namespace {
 
-class RecordsetWritingTest : public AssetsTest {
+class RecordsetWritingTest : public RowsTest {
  protected:
   // A field of the asset with this code, read anew by another user.
   Value Stored(const std::string& field, const std::string& code = "100") {
     return Open().QueryValue("SELECT " + field + " FROM T_IMO WHERE COD = ?", {code});
   }
-  Recordset All() { return connection_.OpenRecordset("SELECT * FROM T_IMO ORDER BY NRCRT"); }
+  Recordset All() { return Rows("SELECT * FROM T_IMO ORDER BY NRCRT"); }
   Recordset List() {
-    return connection_.OpenRecordset(
+    return Rows(
         "SELECT A.COD, A.DENUMIRE, A.VAL, L.TITLU, G.DURATA, A.NRCRT, A.VAL * 2 AS DUBLU FROM T_GR "
         "AS G RIGHT JOIN "
         "(T_LOC AS L RIGHT JOIN T_IMO AS A ON L.COD = A.COD_LOC) ON G.COD_GR = A.COD_GR ORDER BY "
@@ -25,9 +25,9 @@ class RecordsetWritingTest : public AssetsTest {
   }
 };
 
-TEST_F(RecordsetWritingTest, ATableWithoutAKeyIsWrittenRowByRow) {
+TEST_P(RecordsetWritingTest, ATableWithoutAKeyIsWrittenRowByRow) {
   connection_.Execute("INSERT INTO T_LOC VALUES ('A', 'Atelier')");  // twice the same row
-  Recordset rows = connection_.OpenRecordset("SELECT * FROM T_LOC WHERE COD = 'A'");
+  Recordset rows = Rows("SELECT * FROM T_LOC WHERE COD = 'A'");
   rows.MoveLast();
   Save(rows, {{"TITLU", "Magazie"}});
   EXPECT_EQ("Atelier", Raw(file_, "SELECT group_concat(TITLU) FROM T_LOC WHERE rowid = 1"));
@@ -37,7 +37,7 @@ TEST_F(RecordsetWritingTest, ATableWithoutAKeyIsWrittenRowByRow) {
   EXPECT_EQ("2", Raw(file_, "SELECT COUNT(*) FROM T_LOC"));
 }
 
-TEST_F(RecordsetWritingTest, ThroughAJoinTheFieldsOwnTableIsWritten) {
+TEST_P(RecordsetWritingTest, ThroughAJoinTheFieldsOwnTableIsWritten) {
   Recordset rows = List();
   EXPECT_EQ(3u, rows.RecordCount());
   EXPECT_EQ(Value("COD"), Value(rows.Field(0).def.name));
@@ -56,14 +56,14 @@ TEST_F(RecordsetWritingTest, ThroughAJoinTheFieldsOwnTableIsWritten) {
   EXPECT_EQ("100,101", Raw(file_, "SELECT group_concat(COD) FROM T_IMO"));
   EXPECT_EQ("2", Raw(file_, "SELECT COUNT(*) FROM T_GR"));
 
-  rows = connection_.OpenRecordset(  // a table that apare de doua ori
+  rows = Rows(  // a table that apare de doua ori
       "SELECT a.COD, b.DENUMIRE FROM T_IMO AS a INNER JOIN T_IMO AS b ON a.COD_GR = b.COD_GR");
   rows.Set("DENUMIRE", "x");
   ExpectRefused(kValueNotAccepted, "DENUMIRE", [&] { rows.Update(); });
 }
 
 // Two tables take part or none does.
-TEST_F(RecordsetWritingTest, AnUpdateOfTwoTablesIsWholeOrNotAtAll) {
+TEST_P(RecordsetWritingTest, AnUpdateOfTwoTablesIsWholeOrNotAtAll) {
   Recordset rows = List();
   Open().Execute("UPDATE T_LOC SET TITLU = 'altul' WHERE COD = 'A'");
   rows.Set("DENUMIRE", "Strung nou");
@@ -73,7 +73,7 @@ TEST_F(RecordsetWritingTest, AnUpdateOfTwoTablesIsWholeOrNotAtAll) {
   EXPECT_EQ(0, connection_.TransactionDepth());
 }
 
-TEST_F(RecordsetWritingTest, OnlyChangedFieldsAreWritten) {
+TEST_P(RecordsetWritingTest, OnlyChangedFieldsAreWritten) {
   Recordset rows = All();
   Open().Execute("UPDATE T_IMO SET DENUMIRE = 'Al altuia' WHERE COD = '100'");
   rows.Set("VAL", 7);
@@ -90,7 +90,7 @@ TEST_F(RecordsetWritingTest, OnlyChangedFieldsAreWritten) {
   EXPECT_EQ("102", Raw(file_, "SELECT group_concat(COD) FROM T_IMO"));
 }
 
-TEST_F(RecordsetWritingTest, AnothersChangeIsNotOverwritten) {
+TEST_P(RecordsetWritingTest, AnothersChangeIsNotOverwritten) {
   const std::vector<std::string> theirs = {
       "UPDATE T_IMO SET DENUMIRE = 'Al altuia' WHERE COD = '100'",
       "UPDATE T_IMO SET DENUMIRE = 'STRUNG' WHERE COD = '100'",  // the case alone
@@ -112,7 +112,7 @@ TEST_F(RecordsetWritingTest, AnothersChangeIsNotOverwritten) {
   EXPECT_EQ(kRowChanged, FailureOf([&] { rows.Delete(); }));
 }
 
-TEST_F(RecordsetWritingTest, ANewRowShowsItsNumberAndDefaults) {
+TEST_P(RecordsetWritingTest, ANewRowShowsItsNumberAndDefaults) {
   Recordset rows = All();
   rows.AddNew();
   EXPECT_TRUE(rows.Get("NRCRT").IsNull());
@@ -134,13 +134,13 @@ TEST_F(RecordsetWritingTest, ANewRowShowsItsNumberAndDefaults) {
   EXPECT_EQ(Value(5), rows.Get("NRCRT")) << "the number of a deleted row comes back";
 }
 
-TEST_F(RecordsetWritingTest, ARefusedNewRowLeavesNothing) {
+TEST_P(RecordsetWritingTest, ARefusedNewRowLeavesNothing) {
   Recordset rows = List();
   rows.AddNew();
   rows.Set("COD", "300");
   rows.Set("TITLU", "x");
   ExpectRefused(kValueNotAccepted, "TITLU", [&] { rows.Update(); });
-  Recordset groups = connection_.OpenRecordset("SELECT * FROM T_GR");
+  Recordset groups = Rows("SELECT * FROM T_GR");
   groups.AddNew();
   groups.Set("DURATA", 3);
   ExpectRefused(kValueNotAccepted, "COD_GR", [&] { groups.Update(); });
@@ -150,7 +150,7 @@ TEST_F(RecordsetWritingTest, ARefusedNewRowLeavesNothing) {
   EXPECT_EQ("3", Raw(file_, "SELECT COUNT(*) FROM T_IMO"));
 }
 
-TEST_F(RecordsetWritingTest, LeavingARowDropsWhatWasNotWritten) {
+TEST_P(RecordsetWritingTest, LeavingARowDropsWhatWasNotWritten) {
   Recordset rows = All();
   const std::vector<std::function<void()>> leaving = {
       [&] { rows.MoveNext(); },     [&] { rows.MoveLast(); },    [&] { rows.Find("COD = '102'"); },
@@ -169,7 +169,7 @@ TEST_F(RecordsetWritingTest, LeavingARowDropsWhatWasNotWritten) {
   EXPECT_EQ(3u, rows.RecordCount());
 }
 
-TEST_F(RecordsetWritingTest, AKeyCanChangeAndTheRowIsStillFound) {
+TEST_P(RecordsetWritingTest, AKeyCanChangeAndTheRowIsStillFound) {
   Recordset rows = All();
   Save(rows, {{"NRCRT", 50}});
   Save(rows, {{"DENUMIRE", "mutat"}});
@@ -183,7 +183,7 @@ TEST_F(RecordsetWritingTest, AKeyCanChangeAndTheRowIsStillFound) {
   ExpectRefused(kValueNotAccepted, "NRCRT", [&] { rows.Update(); });
 }
 
-TEST_F(RecordsetWritingTest, ValuesAreConvertedByTheFieldsType) {
+TEST_P(RecordsetWritingTest, ValuesAreConvertedByTheFieldsType) {
   Recordset rows = All();
   struct Case {
     std::string field;
@@ -226,7 +226,7 @@ TEST_F(RecordsetWritingTest, ValuesAreConvertedByTheFieldsType) {
   ExpectRefused(kValueNotAccepted, "IESIRE", [&] { rows.Update(); });
 }
 
-TEST_F(RecordsetWritingTest, WhatIsNoTablesRowIsReadOnly) {
+TEST_P(RecordsetWritingTest, WhatIsNoTablesRowIsReadOnly) {
   Catalogue(connection_).CreateQuery({"qryImo", "SELECT COD, DENUMIRE FROM T_IMO"});
   const std::vector<std::string> statements = {
       "SELECT COD, DENUMIRE FROM qryImo",
@@ -237,7 +237,7 @@ TEST_F(RecordsetWritingTest, WhatIsNoTablesRowIsReadOnly) {
       "SELECT qryImo.COD, T_IMO.DENUMIRE FROM T_IMO INNER JOIN qryImo ON qryImo.COD = T_IMO.COD"};
   for (const auto& sql : statements) {
     SCOPED_TRACE(sql);
-    Recordset rows = connection_.OpenRecordset(sql);
+    Recordset rows = Rows(sql);
     rows.Set("DENUMIRE", "x");
     EXPECT_EQ(kValueNotAccepted, FailureOf([&] { rows.Update(); }));
     EXPECT_EQ(kValueNotAccepted, FailureOf([&] { rows.Delete(); }));
@@ -249,7 +249,7 @@ TEST_F(RecordsetWritingTest, WhatIsNoTablesRowIsReadOnly) {
                                       "T_IMO ORDER BY DENUMIRE COLLATE BINARY)"));
 }
 
-TEST_F(RecordsetWritingTest, CutFromTheFileAllIsWrittenAtOnceOrNothing) {
+TEST_P(RecordsetWritingTest, CutFromTheFileAllIsWrittenAtOnceOrNothing) {
   const auto edit = [&] {
     Recordset rows = All();
     rows.Disconnect();
@@ -284,6 +284,8 @@ TEST_F(RecordsetWritingTest, CutFromTheFileAllIsWrittenAtOnceOrNothing) {
   EXPECT_EQ(Value("si mai tarziu"), Stored("DENUMIRE", "200"));
   EXPECT_EQ("3", Raw(file_, "SELECT COUNT(*) FROM T_IMO"));
 }
+
+INSTANTIATE_TEST_SUITE_P(BothKinds, RecordsetWritingTest, ::testing::Bool(), KindOf);
 
 }  // namespace
 }  // namespace tevra

@@ -1,0 +1,65 @@
+// Where the rows of a long list are found: row ids, and the rows themselves a page at a time.
+// For the data layer's own sources only.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/data/Database.h"
+#include "platform/data/FieldType.h"
+#include "platform/dialect/Rewriter.h"
+
+namespace tevra {
+struct FieldInfo;
+}
+
+namespace tevra::detail {
+
+/// The statement is run once for the row ids of one of its tables; rows are then fetched by id. No
+/// statement stays open between two calls, so that others can write.
+class Keyset {
+ public:
+  static constexpr std::size_t kPageRows = 64;
+
+  /// Nothing when no source of the statement tells its rows apart (a join that repeats the rows of
+  /// every table). `rewritten`: the statement with the row ids of `sources` behind its list.
+  static std::unique_ptr<Keyset> Open(const std::shared_ptr<Database>& database,
+                                      const std::string& rewritten, const Values& params,
+                                      const std::vector<FieldInfo>& fields,
+                                      const std::vector<dialect::Source>& sources);
+
+  std::size_t RowCount() const { return ids_.size(); }
+
+  /// The values of up to kPageRows rows, the row ids behind them. One that is no longer there has
+  /// Nulls but for its own id.
+  std::vector<Values> Fetch(const std::vector<std::size_t>& rows);
+
+  /// These fields of all rows, in one pass; Nulls for those no longer there.
+  std::vector<Values> Scan(const std::vector<std::size_t>& fields);
+
+  /// A row written by us: a new one gets the next number.
+  void Append(const Values& values);
+  void Follow(std::size_t row, const Values& values);
+
+ private:
+  Keyset(const std::shared_ptr<Database>& database, const std::string& rewritten,
+         const Values& params, const std::vector<FieldInfo>& fields, std::size_t sourceCount);
+  bool ReadIds(std::size_t source);
+  Values Missing(std::size_t row) const;
+  std::string IdColumn() const;
+
+  std::shared_ptr<Database> database_;
+  std::string sql_;
+  Values params_;
+  std::vector<FieldDef> defs_;  // of the fields, then those of the row ids
+  std::vector<bool> typed_;
+  std::size_t fieldCount_ = 0;
+  std::size_t source_ = 0;           // whose row ids tell the rows apart
+  std::vector<std::int64_t> ids_;    // by row number; 0 for a row that only its writer knows
+  std::unique_ptr<Statement> page_;  // reset between calls
+};
+
+}  // namespace tevra::detail
