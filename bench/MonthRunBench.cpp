@@ -4,16 +4,14 @@
 //
 // Prints, behind the times, the three figures that count: run to floor (at most 1.25), 32,752
 // assets to 2,047 (at most 17), and what memory grew from the small register to the large one.
-#include <algorithm>
 #include <cstdio>
 #include <fstream>
-#include <map>
 #include <string>
-#include <vector>
 
 #include <benchmark/benchmark.h>
 
 #include "bench/GeneratedCompany.h"
+#include "bench/Medians.h"
 #include "bench/MonthFloor.h"
 #include "engine/Module3.h"
 
@@ -38,28 +36,6 @@ void Run(benchmark::State& state, const GeneratedCompany* company) {
 void Floor(benchmark::State& state, const GeneratedCompany* company) {
   while (state.KeepRunning()) benchmark::DoNotOptimize(RunFloor(company->File(), NextMonth()));
 }
-
-// Keeps the times of every repetition by name.
-class Keeper : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.run_type != Run::RT_Iteration) continue;
-      times_[run.run_name.function_name].push_back(run.GetAdjustedRealTime());
-    }
-    ConsoleReporter::ReportRuns(runs);
-  }
-
-  double Median(const std::string& name) {
-    auto& times = times_[name];
-    if (times.empty()) return 0;
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-  }
-
- private:
-  std::map<std::string, std::vector<double>> times_;
-};
 
 // The most memory that a run has in use at once, counted anew from its start.
 long PeakOfRun(const GeneratedCompany& company) {
@@ -89,12 +65,6 @@ int main(int argc, char** argv) {
   const long before = PeakOfRun(small);
   const long growth = PeakOfRun(full) - before;
 
-  std::vector<char*> arguments(argv, argv + argc);
-  char repetitions[] = "--benchmark_repetitions=11";
-  char interleaving[] = "--benchmark_enable_random_interleaving=true";
-  arguments.insert(arguments.begin() + 1, {repetitions, interleaving});
-  int count = static_cast<int>(arguments.size());
-  benchmark::Initialize(&count, arguments.data());
   const auto add = [](const char* name, auto function, const GeneratedCompany& company) {
     benchmark::RegisterBenchmark(name, function, &company)
         ->Unit(benchmark::kMillisecond)
@@ -104,13 +74,13 @@ int main(int argc, char** argv) {
   add("run/32752", Run, large);
   add("run/32767", Run, full);
   add("floor/32767", Floor, copy);
-  Keeper keeper;
-  benchmark::RunSpecifiedBenchmarks(&keeper);
+  Medians medians;
+  RunInTurns(argc, argv, medians);
 
   std::printf("\nrun to floor, 32767 assets:  %.2f (at most 1.25)\n",
-              keeper.Median("run/32767") / keeper.Median("floor/32767"));
+              medians.Of("run/32767") / medians.Of("floor/32767"));
   std::printf("32752 assets to 2047:        %.1f (at most 17)\n",
-              keeper.Median("run/32752") / keeper.Median("run/2047"));
+              medians.Of("run/32752") / medians.Of("run/2047"));
   std::printf("memory, 32767 against 2047:  %ld KiB more\n", growth);
   return 0;
 }

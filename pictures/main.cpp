@@ -76,7 +76,8 @@ QByteArray Png(const QImage& image) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
-  image.save(&buffer, "PNG");
+  constexpr int kUncompressed = 100;  // read at every start
+  image.save(&buffer, "PNG", kUncompressed);
   return bytes;
 }
 

@@ -38,6 +38,8 @@ void LoadComboBox(QComboBox& combo) {
     for (const std::string& entry : ComboEntries(name)) {
       combo.addItem(QString::fromStdString(entry));
     }
+    // Nothing is chosen before the user chooses.
+    combo.setCurrentIndex(-1);
   } catch (const std::exception&) {
     ShowStandardError(CaughtFailure(), procedure);
   }

@@ -79,23 +79,26 @@ void AdaugaSocietate(CompanyRegistry& registry, const std::string& directory,
     CreateDatabase(directory, company.numeBd);
     registry.Save();
   } catch (...) {
-    registry.Remove(company.cod);
+    registry.Remove({company.cod, Trim(company.denumire), company.numeBd});
     throw;
   }
   made.Keep();
 }
 
 void StergeSocietate(CompanyRegistry& registry, const std::string& directory,
-                     const std::string& code) {
+                     const Company& company) {
   const FolderLock alone(paths::Resolve(directory));
   registry.Refresh();
-  const fs::path file = FileIn(directory, DatabaseOf(code));
+  // A code that is none would name the template, or a file of somebody else's.
+  const bool named = CompanyRegistry::IsCode(company.cod);
+  const std::string database = named ? DatabaseOf(company.cod) : std::string();
+  const fs::path file = named ? FileIn(directory, database) : fs::path();
   std::error_code ignored;
-  bool doomed = registry.Find(code) && fs::is_regular_file(file, ignored);
+  bool doomed = named && registry.Find(company.cod) && fs::is_regular_file(file, ignored);
   std::optional<SoleUse> held;
   if (doomed) held = AloneWith(file);
-  registry.Remove(code);
-  doomed = doomed && !registry.Names(DatabaseOf(code));
+  registry.Remove(company);
+  doomed = doomed && !registry.Names(database);
   bool written = false;
   try {
     // First: a database without its row is overwritten when the company is added again, a row

@@ -27,10 +27,11 @@ void AdaugaSocietate(CompanyRegistry& registry, const std::string& directory,
 
 /// Deletes the company's database and its row, and writes the registry, as AdaugaSocietate does. A
 /// database that is in use is kept with its row: throws Failure 70 with its name. A database that
-/// is not there, or no database any more, does not hinder; one that another company names stays.
-/// Throws Failure 3265 for an unknown code, else as CompanyRegistry::Save.
+/// is not there, or no database any more, does not hinder; one that another company names stays,
+/// and so does every file when the row's code is none. Throws Failure 3265 for a row that is not
+/// there, else as CompanyRegistry::Save.
 void StergeSocietate(CompanyRegistry& registry, const std::string& directory,
-                     const std::string& code);
+                     const Company& company);
 
 /// Writes the rows as they were changed here, with what other programs entered meanwhile. Throws
 /// Failure as CompanyRegistry::Refresh and Save.

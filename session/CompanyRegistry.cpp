@@ -52,18 +52,7 @@ void CheckCompany(const Company& company) {
   if (!CompanyRegistry::IsCode(code)) {
     throw Failure(kInvalidArgument, "Codul societatii are una sau doua litere sau cifre: " + code);
   }
-  const std::size_t length = Len(Trim(company.denumire));
-  if (length == 0 || length > kLongestName) {
-    throw Failure(kInvalidArgument, "Denumirea societatii are intre 1 si 50 de caractere");
-  }
-  // An XML file has no place for them.
-  const auto isControl = [](unsigned char c) {
-    return c < ' ' && c != '\t' && c != '\n' && c != '\r';
-  };
-  if (!IsValidUtf8(company.denumire) ||
-      std::any_of(company.denumire.begin(), company.denumire.end(), isControl)) {
-    throw Failure(kInvalidArgument, "Denumirea societatii contine caractere nepermise");
-  }
+  CompanyRegistry::CheckName(company.denumire);
   if (company.numeBd.empty()) {
     throw Failure(kInvalidArgument, "Societatea nu are baza de date: " + code);
   }
@@ -74,20 +63,35 @@ Company CurrentOf(const Recordset& rows) {
           rows.Get(kDatabase).TextOrEmpty()};
 }
 
+// A company is known by its code and its database; its name may change.
+bool SameCompany(const Company& one, const Company& other) {
+  return EqualNoCase(one.cod, other.cod) && EqualNoCase(one.numeBd, other.numeBd);
+}
+
 // Each of `taken` takes away one of its kind, so that doubled rows stay doubled.
 std::vector<Company> Without(std::vector<Company> all, const std::vector<Company>& taken) {
   for (const Company& company : taken) {
-    const auto found = std::find(all.begin(), all.end(), company);
+    const auto same = [&](const Company& each) { return SameCompany(each, company); };
+    const auto found = std::find_if(all.begin(), all.end(), same);
     if (found != all.end()) all.erase(found);
   }
   return all;
 }
 
-bool FindCompany(Recordset& rows, const Company& company) {
+template <class Wanted>
+bool FindRow(Recordset& rows, Wanted wanted) {
   for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
-    if (CurrentOf(rows) == company) return true;
+    if (wanted(CurrentOf(rows))) return true;
   }
   return false;
+}
+
+bool FindRow(Recordset& rows, const Company& company) {
+  return FindRow(rows, [&](const Company& each) { return each == company; });
+}
+
+bool FindSame(Recordset& rows, const Company& company) {
+  return FindRow(rows, [&](const Company& each) { return SameCompany(each, company); });
 }
 
 // The fields that both have.
@@ -101,10 +105,7 @@ void CopyRow(const Recordset& from, Recordset& to) {
 }
 
 bool FindCode(Recordset& rows, const std::string& code) {
-  for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
-    if (EqualNoCase(rows.Get(kCode).TextOrEmpty(), code)) return true;
-  }
-  return false;
+  return FindRow(rows, [&](const Company& each) { return EqualNoCase(each.cod, code); });
 }
 
 }  // namespace
@@ -136,9 +137,24 @@ CompanyRegistry CompanyRegistry::Load(const std::string& directory) {
   return registry;
 }
 
-CompanyRegistry CompanyRegistry::Empty(const std::string& directory) {
+CompanyRegistry CompanyRegistry::Empty(const std::string& directory, const Widths& widths) {
   return {FileIn(directory),
-          Recordset::Create({TextField(kCode, 2), TextField(kName, 50), TextField(kDatabase, 15)})};
+          Recordset::Create({TextField(kCode, widths.cod), TextField(kName, widths.denumire),
+                             TextField(kDatabase, widths.numeBd)})};
+}
+
+void CompanyRegistry::CheckName(const std::string& name) {
+  const std::size_t length = Len(Trim(name));
+  if (length == 0 || length > kLongestName) {
+    throw Failure(kInvalidArgument, "Denumirea societatii are intre 1 si 50 de caractere");
+  }
+  // An XML file has no place for them.
+  const auto isControl = [](unsigned char c) {
+    return c < ' ' && c != '\t' && c != '\n' && c != '\r';
+  };
+  if (!IsValidUtf8(name) || std::any_of(name.begin(), name.end(), isControl)) {
+    throw Failure(kInvalidArgument, "Denumirea societatii contine caractere nepermise");
+  }
 }
 
 void CompanyRegistry::WriteDefault(const std::string& directory) {
@@ -203,10 +219,10 @@ void CompanyRegistry::StayAtAdded() {
   rows_.SetBookmark(added);
 }
 
-void CompanyRegistry::Remove(const std::string& code) {
+void CompanyRegistry::Remove(const Company& company) {
   Recordset rows = AllRows();
-  if (!FindCode(rows, code)) {
-    throw Failure(kItemNotFound, "Nu exista societatea cu codul " + code);
+  if (!FindRow(rows, company) && !FindSame(rows, company)) {
+    throw Failure(kItemNotFound, "Nu exista societatea cu codul " + company.cod);
   }
   std::vector<FieldInfo> fields;
   for (std::size_t i = 0; i < rows.FieldCount(); ++i) fields.push_back(rows.Field(i));
@@ -230,13 +246,26 @@ void CompanyRegistry::Refresh() {
   const std::vector<Company> there = now.Companies();
   rows_.SetFilter("");
   for (const Company& gone : Without(known_, there)) {
-    if (FindCompany(rows_, gone)) rows_.Delete();
+    if (FindSame(rows_, gone)) rows_.Delete();
   }
   for (const Company& added : Without(there, known_)) {
-    if (!Find(added.cod) && FindCompany(now.rows_, added)) CopyRow(now.rows_, rows_);
+    if (!Find(added.cod) && FindRow(now.rows_, added)) CopyRow(now.rows_, rows_);
   }
+  TakeNames(there);
   rows_.SetSort(kCode);
   known_ = there;
+}
+
+// A name that somebody else changed, where it was not changed here.
+void CompanyRegistry::TakeNames(const std::vector<Company>& there) {
+  for (const Company& before : known_) {
+    const auto renamed = std::find_if(there.begin(), there.end(), [&](const Company& each) {
+      return SameCompany(each, before) && each.denumire != before.denumire;
+    });
+    if (renamed == there.end() || !FindRow(rows_, before)) continue;
+    rows_.Set(kName, renamed->denumire);
+    rows_.Update();
+  }
 }
 
 void CompanyRegistry::Save() {

@@ -36,8 +36,20 @@ class CompanyRegistry {
   /// three fields, 13 for a value that does not fit, with the file's name and the line.
   static CompanyRegistry Load(const std::string& directory);
 
+  /// The greatest lengths of the three texts.
+  struct Widths {
+    int cod = 2;
+    int denumire = 50;
+    int numeBd = 15;
+  };
+
   /// A registry without companies, not yet in a file.
-  static CompanyRegistry Empty(const std::string& directory);
+  static CompanyRegistry Empty(const std::string& directory, const Widths& widths);
+  static CompanyRegistry Empty(const std::string& directory) { return Empty(directory, Widths()); }
+
+  /// Throws Failure 5 for a name that is empty, has more than 50 characters or some that no
+  /// registry can hold.
+  static void CheckName(const std::string& name);
 
   /// Writes the registry with which a directory begins: the company 01. Throws Failure 58 when
   /// there is a registry already, else as Save does.
@@ -58,13 +70,14 @@ class CompanyRegistry {
   /// 50 characters or some that no registry can hold, and for an empty database name.
   void Add(const Company& company);
 
-  /// Takes the company off the list; its database stays. Throws Failure 3265 for an unknown code.
-  void Remove(const std::string& code);
+  /// Takes the company off the list, one row of those that are alike; its database stays. Throws
+  /// Failure 3265 when there is no such row.
+  void Remove(const Company& company);
 
   /// Puts the row that was removed last back, with all its columns; it becomes the current one.
   void PutBack();
 
-  /// Takes in what other programs have written to the file since it was loaded or saved here; rows
+  /// Takes in what other programs have written to the file since it was loaded or saved here; names
   /// changed here and not yet saved stay so. The filter of Rows() is lifted. Before a Save, while
   /// the folder is locked, nobody's companies are lost. Throws Failure as Load; a file that is gone
   /// changes nothing.
@@ -84,6 +97,7 @@ class CompanyRegistry {
   CompanyRegistry(std::filesystem::path file, Recordset rows);
   Recordset AllRows() const;
   void StayAtAdded();
+  void TakeNames(const std::vector<Company>& there);
 
   std::filesystem::path file_;
   Recordset rows_;

@@ -31,17 +31,19 @@ SAHooks QuietHooks() {
   return hooks;
 }
 
-// The code pages in which Romanian tables were written; nullptr for a table that names none.
+// The code pages in which Romanian tables were written. A table that names none, or only "DOS", was
+// written under DOS; what says only "Windows" was written under the Romanian one.
 const char* CodePage(int languageDriver) {
-  constexpr int kDosEasternEurope = 0x64;
+  constexpr int kWindows = 0x03;
+  constexpr int kWindowsAnsi = 0x57;
   constexpr int kWindowsEasternEurope = 0xC8;
   switch (languageDriver) {
-    case kDosEasternEurope:
-      return "CP852";
+    case kWindows:
+    case kWindowsAnsi:
     case kWindowsEasternEurope:
       return "CP1250";
     default:
-      return nullptr;
+      return "CP852";
   }
 }
 
@@ -73,7 +75,7 @@ class ToUtf8 {
 
 std::string Decoded(std::string_view bytes, const char* codePage) {
   std::string text;
-  const ToUtf8 decode(codePage ? codePage : "ASCII");
+  const ToUtf8 decode(codePage);
   for (const char c : bytes) {
     const auto byte = static_cast<unsigned char>(c);
     const bool control = byte < ' ' || byte == 127;
@@ -142,6 +144,10 @@ int DbfTable::FieldIndex(const std::string& name) const {
   const int index = DBFGetFieldIndex(table_->handle, name.c_str());
   if (index < 0) Damaged("lipseste campul " + name);
   return index;
+}
+
+int DbfTable::FieldWidth(int field) const {
+  return table_->handle->panFieldSize[field];
 }
 
 std::string DbfTable::Text(int record, int field) const {

@@ -21,6 +21,9 @@ class DbfTable {
   /// The number of a field, found without case. Throws Failure -2147467259 when there is none.
   int FieldIndex(const std::string& name) const;
 
+  /// The greatest length of a field's text, in bytes of the table.
+  int FieldWidth(int field) const;
+
   /// A field's text in UTF-8, without the blanks around it.
   std::string Text(int record, int field) const;
 

@@ -8,12 +8,22 @@ namespace {
 
 enum Dates { kStart, kEnd, kNextStart, kNextEnd, kEntryStart, kEntryEnd };
 
-bool IsOutside(const DateTime& date, const FinancialYears& d) {
-  return date < d[kStart] || date > d[kNextEnd];
+using Date = std::optional<DateTime>;
+
+bool After(const Date& one, const Date& other) {
+  return one && other && *one > *other;
 }
 
-int DaysBetween(const DateTime& from, const DateTime& to) {
-  return static_cast<int>(std::floor(to.Serial()) - std::floor(from.Serial()));
+bool NotAfter(const Date& one, const Date& other) {
+  return one && other && *one <= *other;
+}
+
+bool IsOutside(const Date& date, const FinancialYears& d) {
+  return After(d[kStart], date) || After(date, d[kNextEnd]);
+}
+
+bool LeavesAGap(const Date& end, const Date& next) {
+  return end && next && std::floor(next->Serial()) - std::floor(end->Serial()) > 1;
 }
 
 }  // namespace
@@ -22,20 +32,20 @@ int DaysBetween(const DateTime& from, const DateTime& to) {
 std::optional<std::string> ValidateYears(const FinancialYears& d) {
   constexpr const char* kRefused = " ! Salvarea nu se poate efectua !";
   const std::pair<bool, const char*> tests[] = {
-      {d[kStart] > d[kEnd],
+      {After(d[kStart], d[kEnd]),
        "Data de inceput a exercitiului trebuie sa fie mai mica decat data de sfarsit"},
-      {d[kNextStart] <= d[kEnd],
+      {NotAfter(d[kNextStart], d[kEnd]),
        "Data de inceput a exercitiului N+1 trebuie sa fie mai mare decat data de sfarsit a "
        "exercitiului N"},
-      {d[kNextStart] > d[kNextEnd],
+      {After(d[kNextStart], d[kNextEnd]),
        "Data de inceput a exercitiului N+1 trebuie sa fie mai mica decat data de sfarsit"},
-      {d[kEntryStart] > d[kEntryEnd],
+      {After(d[kEntryStart], d[kEntryEnd]),
        "Data de inceput a perioadei de culegere trebuie sa fie mai mica decat data de sfarsit"},
       {IsOutside(d[kEntryStart], d),
        "Perioada de culegere trebuie sa fie cuprinsa in exercitiul N,N+1"},
-      {d[kEntryEnd] > d[kNextEnd],
+      {After(d[kEntryEnd], d[kNextEnd]),
        "Perioada de culegere trebuie sa fie cuprinsa in exercitiul N, N+1"},
-      {DaysBetween(d[kEnd], d[kNextStart]) > 1,
+      {LeavesAGap(d[kEnd], d[kNextStart]),
        "Data de inceput a exercitiului N+1 trebuie sa fie ziua urmatoare datei de sfarsit a "
        "exercitiului N"},
   };
@@ -58,18 +68,18 @@ std::optional<std::string> CheckLeftDate(const FinancialYears& d, int box) {
     const char* text;
   };
   const Test tests[] = {
-      {kStart, d[kStart] > d[kEnd], kStartBeforeEnd},
-      {kEnd, d[kEnd] < d[kStart], kEndAfterStart},
-      {kNextStart, d[kNextStart] < d[kEnd],
+      {kStart, After(d[kStart], d[kEnd]), kStartBeforeEnd},
+      {kEnd, After(d[kStart], d[kEnd]), kEndAfterStart},
+      {kNextStart, After(d[kEnd], d[kNextStart]),
        "Data de inceput a exercitiului N+1 trebuie sa fie mai mare decat data de sfarsit a "
        "exercitiului N!"},
-      {kNextStart, d[kNextStart] > d[kNextEnd], kStartBeforeEnd},
-      {kNextEnd, d[kNextEnd] < d[kNextStart], kEndAfterStart},
-      {kEntryStart, d[kEntryStart] > d[kEntryEnd],
+      {kNextStart, After(d[kNextStart], d[kNextEnd]), kStartBeforeEnd},
+      {kNextEnd, After(d[kNextStart], d[kNextEnd]), kEndAfterStart},
+      {kEntryStart, After(d[kEntryStart], d[kEntryEnd]),
        "Data de inceput a peroadei de culegere trebuie sa fie mai mica decat data de sfarsit!"},
       {kEntryStart, IsOutside(d[kEntryStart], d), kInYears},
       {kEntryEnd, IsOutside(d[kEntryEnd], d), kInYears},
-      {kEntryEnd, d[kEntryEnd] < d[kEntryStart],
+      {kEntryEnd, After(d[kEntryStart], d[kEntryEnd]),
        "Data de sfarsit a perioadei de culegere trebuie sa fie mai mare decat data de inceput !"},
   };
   for (const Test& test : tests) {

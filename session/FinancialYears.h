@@ -9,8 +9,9 @@
 
 namespace tevra {
 
-/// The dates in the order of their boxes: DATAIN, DATASN, DATAIN1, DATASN1, DATAIC, DATASC.
-using FinancialYears = std::array<DateTime, 6>;
+/// The dates in the order of their boxes: DATAIN, DATASN, DATAIN1, DATASN1, DATAIC, DATASC. One
+/// that is missing fits any other.
+using FinancialYears = std::array<std::optional<DateTime>, 6>;
 
 /// What a save must refuse, in the user's words; nothing when the dates fit together.
 std::optional<std::string> ValidateYears(const FinancialYears& dates);

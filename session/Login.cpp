@@ -43,7 +43,15 @@ void MakeRegistry(const std::string& directory) {
   }
 }
 
+// A ";" would end the path in a connection string: nothing is made where nothing can be opened.
+void RequirePlainDirectory(const std::string& directory) {
+  if (directory.find(';') == std::string::npos) return;
+  throw Failure(kPathNotFound,
+                "Numele directorului nu poate contine caracterul \";\": " + directory);
+}
+
 void MakeFirstCompany(const std::string& directory) {
+  RequirePlainDirectory(directory);
   const std::string database = DatabaseOf("01");
   if (!paths::FileExists(directory + "\\" + database)) CreateDatabase(directory, database);
 }
@@ -116,6 +124,7 @@ LoadedCompanies LoadSocietati(const std::string& directory) {
   // Two programs that start at once must not both convert what is older.
   std::optional<FolderLock> alone;
   steps.Run(kFindRegistry, [&] {
+    RequirePlainDirectory(directory);
     alone.emplace(paths::Resolve(directory));
     MakeRegistry(directory);
   });

@@ -165,7 +165,8 @@ bool ExistaInTabela(const std::string& value, const std::string& key) {
 int TipUtilizator(const std::string& user) {
   const Value type =
       FirstField(OpenRecordset("SELECT TIP from UTILIZATORI where NUME = ?", {user}));
-  return type.IsNull() ? 0 : type.AsLong();
+  constexpr int kReportsOnly = 2;
+  return type.IsNull() ? kReportsOnly : type.AsLong();
 }
 
 void LoadParametri() {

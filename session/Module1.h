@@ -64,8 +64,8 @@ long GetNextNumber(const std::string& table);
 /// ("EROARE") and gives false. Throws Failure.
 bool ExistaInTabela(const std::string& value, const std::string& key);
 
-/// The type of a user; 0 when there is none of that name. Throws Failure when it cannot be read: 0
-/// would open every right.
+/// The type of a user; 2, the least rights, for one without a type and a name that is not there.
+/// Throws Failure when it cannot be read: 0 would open every right.
 int TipUtilizator(const std::string& user);
 
 /// Reads kv_par into the session; dates that are Null become today. Throws Failure.

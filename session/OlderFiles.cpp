@@ -1,5 +1,6 @@
 #include "session/OlderFiles.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "platform/data/FilePassword.h"
@@ -84,7 +85,13 @@ bool HasOlderRegistry(const std::string& directory) {
 
 void ConvertOlderRegistry(const std::string& directory) {
   const DbfTable table(FileIn(directory, kOlderRegistry));
-  CompanyRegistry registry = CompanyRegistry::Empty(directory);
+  const auto width = [&](const char* field, int least) {
+    return std::max(table.FieldWidth(table.FieldIndex(field)), least);
+  };
+  const CompanyRegistry::Widths usual;
+  CompanyRegistry registry =
+      CompanyRegistry::Empty(directory, {width("COD", usual.cod), width("DENUMIRE", usual.denumire),
+                                         width(kDatabaseField, usual.numeBd)});
   Recordset rows = registry.Rows();
   std::vector<int> fields;
   for (std::size_t i = 0; i < rows.FieldCount(); ++i) {

@@ -8,10 +8,11 @@
 namespace tevra {
 
 struct Session {
-  std::string connectionString;  ///< of the company, see CompanyConnectionString
-  std::string databasesPath;     ///< directory of the company files, with its last separator
-  std::string selectedDatabase;  ///< file name of the company
-  std::string companyName;
+  std::string connectionString;     ///< of the company, see CompanyConnectionString
+  std::string databasesPath;        ///< directory of the company files, with its last separator
+  std::string selectedDatabase;     ///< file name of the company
+  std::string selectedCompany;      ///< name of the company on the login's current row
+  std::string companyName;          ///< of the company that is open
   std::string userName;             ///< as typed
   int userType = 0;                 ///< 0 all, 1 entries and reports, 2 reports
   std::string contFurnizori;        ///< supplier account
@@ -22,6 +23,8 @@ struct Session {
   DateTime dataSn;
   std::string versionText;     ///< major and minor number of the program, two digits each
   unsigned toolTipColour = 0;  ///< the desktop's, as 0xRRGGBB
+  bool esteCentru = false;     ///< for the header of an exchange; nothing sets it
+  int tipPlanCont = 0;         ///< likewise
 };
 
 /// The one session of the program.

@@ -141,7 +141,9 @@ void frmLogin::Form_Load() {
 void frmLogin::ShowDirectory() {
   const QString path = QString::fromStdString(CurrentSession().databasesPath);
   Label1->setText(Label1->fontMetrics().elidedText(path, Qt::ElideMiddle, Label1->width()));
-  Label1->setToolTip(path);
+  // A tip reads markup where it finds some.
+  Label1->setToolTip(Qt::mightBeRichText(path) ? "<span>" + path.toHtmlEscaped() + "</span>"
+                                               : path);
 }
 
 void frmLogin::resizeEvent(QResizeEvent* event) {
@@ -175,10 +177,10 @@ void frmLogin::LoadSocietati() {
 
 void frmLogin::TDBGrid1_RowColChange() {
   Session& session = CurrentSession();
-  session.selectedDatabase = session.companyName = "";
+  session.selectedDatabase = session.selectedCompany = "";
   if (!source_->HasRow()) return;
   session.selectedDatabase = source_->Recordset().Get("NUMEBD").TextOrEmpty();
-  session.companyName = source_->Recordset().Get("DENUMIRE").TextOrEmpty();
+  session.selectedCompany = source_->Recordset().Get("DENUMIRE").TextOrEmpty();
 }
 
 // The last name is in mixed case and never met by one in capitals: company 01 alone does not tell a
@@ -189,11 +191,14 @@ bool frmLogin::IsDatabaseName(const std::string& name) const {
 }
 
 void frmLogin::cmdCauta_Click() {
-  const auto chosen =
-      AskOpenFile({"Select Database", "KELNAR.MDB|*MDB", ApplicationDirectory().string()});
+  const std::string& path = CurrentSession().databasesPath;
+  const auto chosen = AskOpenFile({"Select Database", "KELNAR.MDB|*MDB",
+                                   path.empty() ? ApplicationDirectory().string() : path});
   if (chosen) {
     const std::string name = BareName(*chosen);
-    if (IsDatabaseName(UCase(name))) {
+    if (chosen->find(';') != std::string::npos) {
+      MsgBoxEx("Numele directorului nu poate contine caracterul \";\" !", kCritical);
+    } else if (IsDatabaseName(UCase(name))) {
       SaveDatabasesPath(chosen->substr(0, chosen->size() - name.size()));
       ShowDirectory();
       LoadSocietati();
@@ -244,14 +249,26 @@ void frmLogin::cmdOK_Click() {
   Run("cmdOK_Click", [this](Procedure& procedure) { CompleteLogin(procedure); });
 }
 
+// A step of the shared module, whose failures bear its own name.
+bool frmLogin::RunOfModule(const char* name, const std::function<void()>& step) {
+  try {
+    step();
+    return true;
+  } catch (const std::exception&) {
+    ShowStandardError(CaughtFailure(), {name, "Module", "Module1", 1});
+    return false;
+  }
+}
+
 void frmLogin::CompleteLogin(Procedure& procedure) {
   Session& session = CurrentSession();
   procedure.line = 7;
-  session.userType = TipUtilizator(session.userName);
-  session.companyName = TDBGrid1->ColumnText(TDBGrid1->ColumnOf("DENUMIRE"));
-  procedure.line = 9;
-  LoadParametri();
+  if (!RunOfModule("TipUtilizator", [&] { session.userType = TipUtilizator(session.userName); })) {
+    return;
+  }
+  session.companyName = Nz(TDBGrid1->ColumnText(TDBGrid1->ColumnOf("DENUMIRE")), "").TextOrEmpty();
   succeeded_ = true;
+  RunOfModule("LoadParametri", LoadParametri);
   procedure.line = 10;
   close();
 }

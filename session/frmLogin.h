@@ -48,6 +48,7 @@ class frmLogin : public Form {
   bool IsDatabaseName(const std::string& name) const;
   void cmdOK_Click();
   std::optional<bool> Asked(const char* procedure, const std::function<bool()>& question);
+  bool RunOfModule(const char* name, const std::function<void()>& step);
   void CompleteLogin(Procedure& procedure);
   void VerificaVersiune();
 

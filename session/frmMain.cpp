@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <charconv>
+#include <cmath>
 
 #include "platform/data/Connection.h"
 #include "platform/forms/Windows.h"
@@ -34,7 +35,8 @@ int Pixels(const char* name, float twips) {
   if (kept) {
     float read = 0;
     const auto [end, error] = std::from_chars(kept->data(), kept->data() + kept->size(), read);
-    if (error == std::errc() && end == kept->data() + kept->size()) twips = read;
+    const bool whole = error == std::errc() && end == kept->data() + kept->size();
+    if (whole && std::isfinite(read)) twips = read;
   }
   return static_cast<int>(std::clamp(twips, -300000.0F, 300000.0F)) / kTwips;
 }
@@ -76,6 +78,7 @@ frmMain::frmMain() {
   sbStatusBar->setObjectName("sbStatusBar");
   Panel1 = new QLabel(sbStatusBar);
   Panel1->setObjectName("Panel1");
+  Panel1->setTextFormat(Qt::PlainText);
   Panel1->setMargin(2);
   sbStatusBar->addWidget(Panel1, 1);
   windows::SetHost([this](Form& form) { ShowForm(form); });

@@ -54,14 +54,21 @@ std::pair<const char*, const char*> PicturesOfButtons(long word) {
   }
 }
 
-long HarmlessAnswer(const std::vector<MessageButton>& buttons) {
-  for (const long wanted : {long{kCancel}, long{kNo}}) {
-    for (const MessageButton& button : buttons) {
-      if (button.answer == wanted) return wanted;
+// A name without a blank must not make the box wider than the screen: places to break it.
+QString Breakable(const QString& text) {
+  constexpr int kLongestWord = 40;
+  constexpr QChar kBreakHere(0x200B);
+  QString broken;
+  int word = 0;
+  for (const QChar character : text) {
+    word = character.isSpace() ? 0 : word + 1;
+    if (word > kLongestWord && !character.isLowSurrogate()) {
+      broken += kBreakHere;
+      word = 1;
     }
+    broken += character;
   }
-  const bool help = buttons.back().answer == kHelp;
-  return buttons[buttons.size() - (help ? 2 : 1)].answer;
+  return broken;
 }
 
 }  // namespace
@@ -78,10 +85,11 @@ frmMsgBox::frmMsgBox(const MessageRequest& request, QWidget* parent)
   } else {
     imgMsg->hide();
   }
-  QWidget* text = BuildText(QString::fromStdString(request.prompt));
+  text_ = QString::fromStdString(request.prompt);
+  QWidget* text = BuildText(text_);
   BuildButtons(request);
   Arrange(text);
-  pressed_ = HarmlessAnswer(ButtonsOf(request.buttons));
+  pressed_ = HarmlessAnswer(request.buttons);
 }
 
 // A text longer than the screen scrolls; no text is read as markup.
@@ -89,11 +97,11 @@ QWidget* frmMsgBox::BuildText(const QString& text) {
   lblMsg = new QLabel;
   lblMsg->setObjectName("lblMsg");
   lblMsg->setTextFormat(Qt::PlainText);
-  lblMsg->setText(text);
+  lblMsg->setText(Breakable(text));
   lblMsg->setWordWrap(true);
   lblMsg->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  const QRect room = lblMsg->fontMetrics().boundingRect(
-      QRect(0, 0, kWidestText, 100000), Qt::TextWordWrap | Qt::TextWrapAnywhere, text);
+  const QRect room = lblMsg->fontMetrics().boundingRect(QRect(0, 0, kWidestText, 100000),
+                                                        Qt::TextWordWrap, lblMsg->text());
   const int highest = screen()->availableSize().height() * 2 / 3;
   lblMsg->setMinimumSize(room.width() + 8, std::min(room.height() + 8, highest));
   if (room.height() + 8 <= highest) {
@@ -156,7 +164,9 @@ void frmMsgBox::cmdBtn_Click(int index) {
   const long code = cmdBtn[static_cast<std::size_t>(index)]->property("Tag").toLongLong();
   if (code == kHelp) {
     QKeyEvent help(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
-    QApplication::sendEvent(this, &help);
+    // The box itself has no help: the window behind it does.
+    QWidget* behind = parentWidget() ? parentWidget()->window() : this;
+    QApplication::sendEvent(behind, &help);
     return;
   }
   pressed_ = code;
@@ -165,7 +175,7 @@ void frmMsgBox::cmdBtn_Click(int index) {
 
 void frmMsgBox::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) {
-    QApplication::clipboard()->setText(windowTitle() + "\n" + lblMsg->text());
+    QApplication::clipboard()->setText(windowTitle() + "\n" + text_);
     return;
   }
   if (event->key() == Qt::Key_Escape) {

@@ -34,6 +34,7 @@ class frmMsgBox : public Form {
   void Arrange(QWidget* text);
   void cmdBtn_Click(int index);
 
+  QString text_;
   long pressed_;
 };
 

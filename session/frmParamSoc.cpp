@@ -119,7 +119,7 @@ QGroupBox* frmParamSoc::BuildInfoFrame(const char* name, const char* caption,
     const std::string control = std::string("txt") + info.field;
     QLineEdit* box = nullptr;
     if (info.number) {
-      auto* number = new NumberBox(control.c_str(), "Standard", frame);
+      auto* number = new NumberBox(control.c_str(), {}, frame);
       number->SetDataField(adoInfoSoc, info.field);
       box = number;
     } else {
@@ -302,22 +302,16 @@ void frmParamSoc::CheckOnLeaving() {
   });
   for (std::size_t i = 0; i < DTPicker1.size(); ++i) {
     OnLeave(DTPicker1[i], "DTPicker1_Validate", [this, i](Procedure&) {
-      const std::optional<FinancialYears> years = Years();
-      const auto wrong = years ? CheckLeftDate(*years, static_cast<int>(i)) : std::nullopt;
+      const auto wrong = CheckLeftDate(Years(), static_cast<int>(i));
       if (wrong) MsgBoxEx(*wrong, kCritical, "Validare");
       return !wrong;
     });
   }
 }
 
-// Nothing while one of the dates is missing.
-std::optional<FinancialYears> frmParamSoc::Years() const {
+FinancialYears frmParamSoc::Years() const {
   FinancialYears years;
-  for (std::size_t i = 0; i < years.size(); ++i) {
-    const std::optional<DateTime> date = DTPicker1[i]->Date();
-    if (!date) return std::nullopt;
-    years[i] = *date;
-  }
+  for (std::size_t i = 0; i < years.size(); ++i) years[i] = DTPicker1[i]->Date();
   return years;
 }
 
@@ -363,8 +357,7 @@ void frmParamSoc::ShowAccount(std::size_t index) {
 }
 
 bool frmParamSoc::Validare() const {
-  const std::optional<FinancialYears> years = Years();
-  const auto wrong = years ? ValidateYears(*years) : std::nullopt;
+  const auto wrong = ValidateYears(Years());
   if (wrong) MsgBoxEx(*wrong, kCritical, "Validare");
   return !wrong;
 }
@@ -375,10 +368,16 @@ void frmParamSoc::cmdSalvare_Click(Procedure& procedure) {
   if (SSTab1->currentIndex() == kInfoTab) adoInfoSoc->UpdateRow();
   if (SSTab1->currentIndex() == kYearsTab) {
     if (!Validare()) return;
-    AdoExercitiu->UpdateRow();
+    UpdateParameters(*AdoExercitiu);
   }
   if (SSTab1->currentIndex() == kConfigurationTab) SaveConfiguration();
   lblStare->setText("Datele au fost salvate.");
+}
+
+// Two tabs write the one row of kv_par: where there was none, the other tab may have made it.
+void frmParamSoc::UpdateParameters(Adodc& source) {
+  if (!source.HasRow()) source.Recordset().Requery();
+  source.UpdateRow();
 }
 
 // Coefficients and accounts are saved together or not at all. After a failure the boxes of both
@@ -391,7 +390,7 @@ void frmParamSoc::SaveConfiguration() {
   try {
     Transaction transaction(adoCoefAD->GetConnection());
     adoCoefAD->UpdateRow();
-    adoConfigurari->UpdateRow();
+    UpdateParameters(*adoConfigurari);
     transaction.Commit();
   } catch (const Failure&) {
     adoCoefAD->Refresh();

@@ -53,9 +53,10 @@ class frmParamSoc : public Form {
   void Form_Load();
   void LoadAccountCombos();
   void ShowAccount(std::size_t index);
-  std::optional<FinancialYears> Years() const;
+  FinancialYears Years() const;
   bool Validare() const;
   void cmdSalvare_Click(Procedure& procedure);
+  void UpdateParameters(Adodc& source);
   void SaveConfiguration();
 
   Adodc* adoConturi_;

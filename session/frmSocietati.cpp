@@ -25,10 +25,13 @@ frmSocietati::frmSocietati(QWidget* parent) : Form("frmSocietati", "Societati", 
   connect(cmdAdauga, &QPushButton::clicked, this, [this] { cmdAdauga_Click(); });
   connect(cmdSterge, &QPushButton::clicked, this, [this] { cmdSterge_Click(); });
   connect(cmdIesire, &QPushButton::clicked, this, [this] { close(); });
-  TDBGrid1->SetBeforeColUpdate([](int, const QString&, const QString& text) {
-    if (!text.trimmed().isEmpty()) return true;
-    MsgBoxEx("Va rugam completati denumirea societatii  !", kCritical);
-    return false;
+  TDBGrid1->SetBeforeColUpdate([this](int, const QString&, const QString& text) {
+    if (text.trimmed().isEmpty()) {
+      MsgBoxEx("Va rugam completati denumirea societatii  !", kCritical);
+      return false;
+    }
+    return RunShort("TDBGrid1_BeforeColUpdate",
+                    [&](Procedure&) { CompanyRegistry::CheckName(text.toStdString()); });
   });
   Form_Load();
 }
@@ -66,7 +69,6 @@ void frmSocietati::Build() {
     return made;
   };
   cmdAdauga = button("cmdAdauga", "Adaugare", "Creare societate noua");
-  cmdAdauga->setDefault(true);
   cmdSterge = button("cmdSterge", "Stergere", "Stergere societate selectata");
   cmdIesire = button("cmdIesire", "Iesire", "Inchidere fereastra");
   cmdIesire->setIcon(PictureIcon("\\BMP\\Iesire.bmp"));
@@ -116,40 +118,61 @@ void frmSocietati::cmdAdauga_Click() {
     MsgBoxEx("Va rugam completati denumirea societatii  !", kCritical);
     return txtDenumire->setFocus();
   }
-  Run("AdaugaSocietate", [&](Procedure& procedure) {
-    if (!registry_) throw Failure(kObjectRequired, "Object required");
+  bool there = true;
+  const bool asked = Run("ExistaCodSocietate", [&](Procedure& procedure) {
     procedure.line = 1;
-    if (ExistaCodSocietate(code)) {
-      MsgBoxEx("Acest cod de societate exista deja ! Adaugarea nu se poate efectua !", kCritical);
-      return;
-    }
+    if (!registry_) throw Failure(kObjectRequired, "Object required");
+    there = ExistaCodSocietate(code);
+  });
+  if (!asked) return;
+  if (there) {
+    MsgBoxEx("Acest cod de societate exista deja ! Adaugarea nu se poate efectua !", kCritical);
+    return;
+  }
+  const bool added = Run("AdaugaSocietate", [&](Procedure& procedure) {
     procedure.line = 2;
     AdaugaSocietate(*registry_, CurrentSession().databasesPath, code, name);
-    source_->Notify();
-    txtCod->clear();
-    txtDenumire->clear();
-    txtCod->setFocus();
   });
+  ShowRegistry(added ? UCase(code) : Selected().cod);
+  if (!added) return;
+  txtCod->clear();
+  txtDenumire->clear();
+  txtCod->setFocus();
+}
+
+// What other programs entered or took away meanwhile has come into the list too.
+void frmSocietati::ShowRegistry(const std::string& code) {
+  if (!registry_) return;
+  Recordset& rows = source_->Recordset();
+  rows.MoveFirst();
+  if (!code.empty()) rows.Find("COD = '" + code + "'");
+  if (rows.Eof()) rows.MoveFirst();
+  source_->Notify();
+}
+
+Company frmSocietati::Selected() const {
+  const auto text = [this](const char* field) {
+    return TDBGrid1->ColumnText(TDBGrid1->ColumnOf(field));
+  };
+  return {text("COD"), text("DENUMIRE"), text("NUMEBD")};
 }
 
 void frmSocietati::cmdSterge_Click() {
   if (!source_->HasRow()) return;
-  const std::string code = TDBGrid1->ColumnText(TDBGrid1->ColumnOf("COD"));
-  if (code == kFirstCompany) {
+  const Company doomed = Selected();
+  if (doomed.cod == kFirstCompany) {
     MsgBoxEx("Societatea cu codul 01 nu se poate sterge !", kCritical);
     return;
   }
-  const std::string name = TDBGrid1->ColumnText(TDBGrid1->ColumnOf("DENUMIRE"));
-  const long answer = MsgBoxEx("Sunteti sigur ca doriti sa stergeti societatea : " + code + " - " +
-                                   name + " si baza de date aferenta ?",
+  const long answer = MsgBoxEx("Sunteti sigur ca doriti sa stergeti societatea : " + doomed.cod +
+                                   " - " + doomed.denumire + " si baza de date aferenta ?",
                                kYesNo | kQuestion, "Confirmare stergere");
   if (answer != kYes) return;
-  Run("cmdSterge_Click", [&](Procedure& procedure) {
+  const bool done = Run("cmdSterge_Click", [&](Procedure& procedure) {
     procedure.line = 4;
-    StergeSocietate(*registry_, CurrentSession().databasesPath, code);
-    source_->Notify();
-    source_->MoveFirst();
+    StergeSocietate(*registry_, CurrentSession().databasesPath, doomed);
   });
+  ShowRegistry(done ? std::string() : doomed.cod);
 }
 
 }  // namespace tevra

@@ -34,6 +34,8 @@ class frmSocietati : public Form {
   void cmdAdauga_Click();
   void cmdSterge_Click();
   bool ExistaCodSocietate(const std::string& code) const;
+  void ShowRegistry(const std::string& code);
+  Company Selected() const;
 
   std::optional<CompanyRegistry> registry_;
   Adodc* source_;

@@ -83,7 +83,6 @@ void frmUtilizatori::Build() {
     return made;
   };
   cmdAdauga = button("cmdAdauga", "Adaugare", "Creare utilizator nou");
-  cmdAdauga->setDefault(true);
   cmdSterge = button("cmdSterge", "Stergere", "Stergere utilizator selectat");
   cmdIesire = button("cmdIesire", "Iesire", "Inchidere fereastra");
   cmdIesire->setIcon(PictureIcon("\\BMP\\Iesire.bmp"));
@@ -155,6 +154,7 @@ void frmUtilizatori::cmdAdauga_Click(Procedure& procedure) {
 void frmUtilizatori::cmdSterge_Click(Procedure& procedure) {
   if (!datPrimaryRS->HasRow()) return;
   const std::string name = grdDataGrid->ColumnText(grdDataGrid->ColumnOf("NUME"));
+  ClearFields();
   if (name == kProtected) {
     MsgBoxEx("Utilizatorul admin nu se poate sterge !", kCritical);
     return;
@@ -168,7 +168,6 @@ void frmUtilizatori::cmdSterge_Click(Procedure& procedure) {
     if (rows.Eof() && rows.RecordCount() > 0) rows.MoveLast();
     datPrimaryRS->Notify();
   }
-  ClearFields();
 }
 
 void frmUtilizatori::ClearFields() {

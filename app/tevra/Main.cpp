@@ -3,12 +3,16 @@
 #include <QLocale>
 #include <QPalette>
 #include <csignal>
+#include <thread>
+
+#include <fontconfig/fontconfig.h>
 
 #include "app/tevra/Desktop.h"
 #include "app/tevra/Screens.h"
 #include "platform/forms/Pictures.h"
 #include "platform/system/MessageBox.h"
 #include "platform/system/QtSettings.h"
+#include "platform/system/StandardError.h"
 #include "session/ApplicationFiles.h"
 #include "session/Session.h"
 #include "session/Version.h"
@@ -23,6 +27,21 @@ using namespace tevra;
 std::string TwoDigits(int number) {
   return (number < 10 ? "0" : "") + std::to_string(number);
 }
+
+// The last net: a failure that no screen told is told here, and the program goes on.
+class Application : public QApplication {
+ public:
+  using QApplication::QApplication;
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (const std::exception&) {
+      ShowStandardError(CaughtFailure(), {"notify", "Application", "tevra"});
+      return false;
+    }
+  }
+};
 
 void PrepareApplication() {
   QApplication::setApplicationName("tevra");
@@ -46,12 +65,19 @@ bool Login() {
   return login.LoginSucceeded();
 }
 
+// The fonts of the machine are read beside the toolkit's own start: the first text would wait for
+// them.
+std::jthread StartReadingFonts() {
+  return std::jthread([] { FcInit(); });
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   // A file size limit is an error of the write, as a full disk is, and no reason to die.
   std::signal(SIGXFSZ, SIG_IGN);
-  QApplication application(argc, argv);
+  const std::jthread fonts = StartReadingFonts();
+  Application application(argc, argv);
   PrepareApplication();
   // The login's window closing is not the program's end.
   QApplication::setQuitOnLastWindowClosed(false);

@@ -38,6 +38,19 @@ bool IsRowId(Connection& target, const FieldInfo& field) {
   return select.Step() && select.Column(0).AsBool();
 }
 
+// " WHERE rowid = ? AND field IS ? ..." with the values for it.
+struct RowCondition {
+  explicit RowCondition(const Value& rowId) : values{rowId} {}
+
+  std::string words = " WHERE rowid = ?";
+  Values values;
+
+  void Add(const std::string& column, const Value& seen) {
+    words += " AND " + Quoted(column) + " IS ? COLLATE BINARY";
+    values.push_back(seen);
+  }
+};
+
 std::string TextOf(const char* text) {
   return text ? text : "";
 }
@@ -168,12 +181,9 @@ std::size_t RowStore::SourceOf(std::size_t field) const {
 // The table may have numbered the row and filled defaults: what is shown is what was stored.
 void RowStore::Reread(Connection& target, Values& values, std::size_t source) {
   std::string list;
-  std::vector<std::size_t> wanted;
-  for (std::size_t f = 0; f < fields.size(); ++f) {
-    if (!EqualNoCase(fields[f].baseTable, sources_[source].table)) continue;
-    list += (wanted.empty() ? "" : ", ") + Quoted(fields[f].baseColumn);
-    wanted.push_back(f);
-  }
+  const std::vector<std::size_t> wanted = FieldsOf(source);
+  for (const std::size_t f : wanted)
+    list += (list.empty() ? "" : ", ") + Quoted(fields[f].baseColumn);
   if (wanted.empty()) return;
   Statement select(*target.Handle(), "SELECT " + list + " FROM " + Quoted(sources_[source].table) +
                                          " WHERE rowid = ?");
@@ -216,6 +226,32 @@ Values RowStore::InsertInto(Connection& target, const Edits& edits) {
   return values;
 }
 
+std::vector<std::size_t> RowStore::FieldsOf(std::size_t source) const {
+  std::vector<std::size_t> found;
+  for (std::size_t f = 0; f < fields.size(); ++f) {
+    if (EqualNoCase(fields[f].baseTable, sources_[source].table)) found.push_back(f);
+  }
+  return found;
+}
+
+// The fields of the table's key; none where the list lacks one of them. They tell whether a row is
+// the one that the user saw: a row id is given anew once its row is gone.
+std::vector<std::size_t> RowStore::KeyOf(Connection& target, std::size_t source) const {
+  Statement select(*target.Handle(), "SELECT name FROM pragma_table_info(?) WHERE pk > 0");
+  select.Bind({sources_[source].table});
+  const std::vector<std::size_t> candidates = FieldsOf(source);
+  std::vector<std::size_t> key;
+  while (select.Step()) {
+    const std::string name = select.Column(0).AsText();
+    const auto found = std::find_if(candidates.begin(), candidates.end(), [&](std::size_t f) {
+      return EqualNoCase(fields[f].baseColumn, name);
+    });
+    if (found == candidates.end()) return {};
+    key.push_back(*found);
+  }
+  return key;
+}
+
 // One statement a table; what the user saw in the changed fields must still be there.
 Values RowStore::UpdateIn(Connection& target, const Values& before, const Edits& edits) {
   std::map<std::size_t, std::vector<std::size_t>> bySource;
@@ -233,18 +269,18 @@ Values RowStore::UpdateIn(Connection& target, const Values& before, const Edits&
                                            ": there is no row of " + table + " here");
     }
     std::string words = "UPDATE " + Quoted(table) + " SET ";
-    std::string unchanged = " WHERE rowid = ?";
     Values bound;
-    Values conditions{rowId};
+    RowCondition unchanged(rowId);
     for (const std::size_t field : changed) {
-      const std::string column = Quoted(fields[field].baseColumn);
-      words += (bound.empty() ? "" : ", ") + column + " = ?";
-      unchanged += " AND " + column + " IS ? COLLATE BINARY";
+      words += (bound.empty() ? "" : ", ") + Quoted(fields[field].baseColumn) + " = ?";
       bound.push_back(edits.at(field));
-      conditions.push_back(before[field]);
+      unchanged.Add(fields[field].baseColumn, before[field]);
     }
-    bound.insert(bound.end(), conditions.begin(), conditions.end());
-    Statement update(*target.Handle(), words + unchanged);
+    for (const std::size_t field : KeyOf(target, source)) {
+      unchanged.Add(fields[field].baseColumn, before[field]);
+    }
+    bound.insert(bound.end(), unchanged.values.begin(), unchanged.values.end());
+    Statement update(*target.Handle(), words + unchanged.words);
     update.Bind(bound);
     update.Step();
     if (sqlite3_changes(target.Handle()->db) != 1) ThrowRowChanged(table);
@@ -269,9 +305,12 @@ void RowStore::DeleteFrom(Connection& target, const Values& values) {
   if (sources_.empty()) {
     throw Failure(kValueNotAccepted, "Valoare neacceptata: aici nu se pot sterge inregistrari");
   }
-  Statement erase(*target.Handle(),
-                  "DELETE FROM " + Quoted(sources_[0].table) + " WHERE rowid = ?");
-  erase.Bind({values[fields.size()]});
+  std::vector<std::size_t> identity = KeyOf(target, 0);
+  if (identity.empty()) identity = FieldsOf(0);
+  RowCondition unchanged(values[fields.size()]);
+  for (const std::size_t field : identity) unchanged.Add(fields[field].baseColumn, values[field]);
+  Statement erase(*target.Handle(), "DELETE FROM " + Quoted(sources_[0].table) + unchanged.words);
+  erase.Bind(unchanged.values);
   erase.Step();
   if (sqlite3_changes(target.Handle()->db) != 1) ThrowRowChanged(sources_[0].table);
 }

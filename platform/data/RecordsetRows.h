@@ -65,6 +65,8 @@ class RowStore {
   Values InsertInto(Connection& target, const Edits& edits);
   Values UpdateIn(Connection& target, const Values& before, const Edits& edits);
   void DeleteFrom(Connection& target, const Values& values);
+  std::vector<std::size_t> FieldsOf(std::size_t source) const;
+  std::vector<std::size_t> KeyOf(Connection& target, std::size_t source) const;
   void Reread(Connection& target, Values& values, std::size_t source);
   std::size_t SourceOf(std::size_t field) const;
   void FollowRowId(Connection& target, Values& values, const Values& before,

@@ -5,9 +5,13 @@
 #include <QStyle>
 #include <QToolButton>
 
+#include "platform/system/MessageBox.h"
+#include "platform/system/StandardError.h"
+
 namespace tevra {
 
-// The strip itself: four buttons around the place of the current row.
+// The strip itself: four buttons around the place of the current row. What was typed into the row
+// is written before it is left, and keeps the row on show while it cannot be.
 class Adodc::Strip {
  public:
   explicit Strip(Adodc* owner) : owner_(*owner) {
@@ -51,7 +55,14 @@ class Adodc::Strip {
     button->setIcon(owner_.style()->standardIcon(icon));
     button->setToolTip(tip);
     button->setAccessibleName(tip);
-    QObject::connect(button, &QToolButton::clicked, &owner_, pressed);
+    QObject::connect(button, &QToolButton::clicked, &owner_, [this, pressed] {
+      try {
+        owner_.UpdateRow();
+        pressed();
+      } catch (const std::exception&) {
+        ShowMessage({ShortErrorText(CaughtFailure()), kCritical, {}, {}});
+      }
+    });
     layout->addWidget(button);
     return button;
   }
@@ -66,13 +77,18 @@ class Adodc::Strip {
 
 Adodc::Adodc(const char* name, QWidget* parent) : QWidget(parent) {
   setObjectName(name);
-  strip_ = new Strip(this);
-  strip_->Show();
   hide();
 }
 
-Adodc::~Adodc() {
-  delete strip_;
+Adodc::~Adodc() = default;
+
+// Most sources are never seen: their buttons would only cost the screen time at its opening.
+void Adodc::showEvent(QShowEvent* event) {
+  if (!strip_) {
+    strip_ = std::make_unique<Strip>(this);
+    strip_->Show();
+  }
+  QWidget::showEvent(event);
 }
 
 void Adodc::SetConnectionString(const std::string& connectionString) {
@@ -106,7 +122,7 @@ void Adodc::Notify() {
 }
 
 void Adodc::NotifyRow() {
-  strip_->Show();
+  if (strip_) strip_->Show();
   emit MoveComplete();
 }
 

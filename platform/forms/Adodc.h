@@ -92,6 +92,9 @@ class Adodc : public QWidget {
   void MoveComplete();  ///< another current row, or other values in it
   void Collecting(tevra::Adodc::Collected& collected);  ///< bound boxes hand in what was typed
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   class Strip;
 
@@ -101,7 +104,7 @@ class Adodc : public QWidget {
   Connection shared_;
   Connection connection_;
   tevra::Recordset recordset_;
-  Strip* strip_;
+  std::unique_ptr<Strip> strip_;  // once it is shown
 };
 
 }  // namespace tevra

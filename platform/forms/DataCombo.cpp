@@ -4,6 +4,7 @@
 #include <QCompleter>
 #include <QLineEdit>
 #include <QWheelEvent>
+#include <utility>
 
 #include "platform/text/Strings.h"
 
@@ -21,33 +22,47 @@ DataCombo::DataCombo(const char* name, QWidget* parent) : QComboBox(parent) {
   setObjectName(name);
   setEditable(true);
   setInsertPolicy(QComboBox::NoInsert);
+  setDuplicatesEnabled(true);  // else Enter would go to the first entry of a text
   setMaxVisibleItems(kRowsOnShow);
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(12);
   completer()->setCaseSensitivity(Qt::CaseInsensitive);
   completer()->setCompletionMode(QCompleter::PopupCompletion);
   setFocusPolicy(Qt::StrongFocus);
-  connect(this, &QComboBox::activated, this, [this](int) { emit Picked(); });
-  // A text typed to its end means the entry of that text.
-  connect(lineEdit(), &QLineEdit::editingFinished, this, [this] {
-    const int found = findText(currentText(), Qt::MatchFixedString);
-    if (found >= 0 && found != currentIndex()) {
-      setCurrentIndex(found);
-      emit Picked();
-    }
+  connect(this, &QComboBox::activated, this, [this](int) {
+    typed_ = false;
+    emit Picked();
   });
+  connect(lineEdit(), &QLineEdit::textEdited, this, [this] {
+    typed_ = true;
+    unlisted_.clear();
+  });
+  connect(lineEdit(), &QLineEdit::editingFinished, this, [this] { TakeTyped(); });
   binding_ = new Binding(this, {[this](const Value& value) {
                                   loaded_ = value.TextOrEmpty();
                                   SetBoundText(loaded_);
                                 },
                                 [this]() -> std::optional<Value> {
                                   const std::string bound = BoundText();
-                                  // A value that the list does not know stays, unless picked over.
-                                  if (bound == loaded_ || (bound.empty() && !Text().empty())) {
-                                    return std::nullopt;
-                                  }
+                                  if (EqualNoCase(bound, loaded_)) return std::nullopt;
+                                  // A text that is no entry is no value to keep or to clear.
+                                  if (bound.empty() && !Text().empty()) return std::nullopt;
                                   return bound.empty() ? Value() : Value(bound);
                                 }});
+}
+
+// A text typed to its end means the entry of that text; of several, the one that was there.
+void DataCombo::TakeTyped() {
+  if (!std::exchange(typed_, false)) return;
+  const int at = currentIndex();
+  if (at >= 0 && itemText(at).compare(currentText(), Qt::CaseInsensitive) == 0) {
+    setEditText(itemText(at));
+    return;
+  }
+  const int found = findText(currentText(), Qt::MatchFixedString);
+  if (found < 0) return;
+  setCurrentIndex(found);
+  emit Picked();
 }
 
 void DataCombo::SetRowSource(Adodc* rows) {
@@ -69,6 +84,7 @@ void DataCombo::SetBoundColumn(const std::string& field) {
 
 void DataCombo::Fill() {
   const QString text = currentText();
+  const std::string stood = BoundText();
   const QSignalBlocker quiet(this);
   clear();
   if (rows_ && rows_->Recordset().IsOpen()) {
@@ -80,27 +96,32 @@ void DataCombo::Fill() {
               QString::fromStdString(rows.Get(*bound).TextOrEmpty()));
     }
   }
-  SetText(text.toStdString());
+  SetBoundText(stood);
+  if (currentIndex() < 0 && !text.isEmpty()) SetText(text.toStdString());
 }
 
 std::string DataCombo::BoundText() const {
   const int index = currentIndex();
-  if (index < 0 || itemText(index) != currentText()) return {};
+  if (index < 0) return unlisted_;
+  if (itemText(index) != currentText()) return {};
   return itemData(index).toString().toStdString();
 }
 
 void DataCombo::SetBoundText(const std::string& text) {
   for (int i = 0; i < count() && !text.empty(); ++i) {
     if (!EqualNoCase(itemData(i).toString().toStdString(), text)) continue;
+    unlisted_.clear();
     setCurrentIndex(i);
     return;
   }
   setCurrentIndex(-1);
   setEditText({});
+  unlisted_ = text;
 }
 
 void DataCombo::SetText(const std::string& text) {
   const QString wanted = QString::fromStdString(text);
+  unlisted_.clear();
   setCurrentIndex(text.empty() ? -1 : findText(wanted, Qt::MatchFixedString));
   setEditText(wanted);
   lineEdit()->setCursorPosition(0);

@@ -9,7 +9,8 @@
 
 namespace tevra {
 
-/// Typing looks for the entry that begins so. May itself be bound to a field of another source.
+/// Typing looks for the entry that begins so. May itself be bound to a field of another source: a
+/// value that the list does not have shows no text and stays until the user picks or types.
 class DataCombo : public QComboBox {
   Q_OBJECT
 
@@ -17,14 +18,15 @@ class DataCombo : public QComboBox {
   explicit DataCombo(const char* name, QWidget* parent = nullptr);
 
   /// The rows listed, the column shown and the column that an entry stands for. The list follows
-  /// the source's Refresh and keeps its text.
+  /// the source's Refresh and keeps what it stands for, else its text.
   void SetRowSource(Adodc* rows);
   void SetListField(const std::string& field);
   void SetBoundColumn(const std::string& field);
 
-  /// What the entry on show stands for; the empty text with none.
+  /// What the entry on show stands for, or the text set last that the list does not have; the empty
+  /// text with neither.
   std::string BoundText() const;
-  /// Shows the entry that stands for a text, without case; none when there is none.
+  /// Shows the entry that stands for a text, without case; no text when there is none.
   void SetBoundText(const std::string& text);
   std::string Text() const { return currentText().toStdString(); }
   /// Shows a text, whether or not the list has it.
@@ -43,11 +45,14 @@ class DataCombo : public QComboBox {
 
  private:
   void Fill();
+  void TakeTyped();
 
   QPointer<Adodc> rows_;
   std::string listField_;
   std::string boundColumn_;
   Binding* binding_;
+  std::string unlisted_;  // what it stands for without an entry
+  bool typed_ = false;    // the text is the user's, and not yet looked up
   std::string loaded_;
 };
 

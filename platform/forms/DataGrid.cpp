@@ -167,7 +167,13 @@ void DataGrid::FollowView() {
   const Flag following(following_);
   const auto position = static_cast<std::size_t>(current.row());
   const bool there = source_->HasRow() && source_->Recordset().Position() == position;
-  if (!there) source_->MoveTo(position);
+  if (there) return;
+  try {
+    source_->MoveTo(position);
+  } catch (const std::exception&) {
+    // Rows went since they were shown, or their file cannot be read.
+    ShowMessage({ShortErrorText(CaughtFailure()), kCritical, {}, {}});
+  }
 }
 
 std::string DataGrid::ColumnText(int column) const {
@@ -203,6 +209,15 @@ bool DataGrid::WriteCell(int row, int column, const QString& text) {
   source_->NotifyRow();
   emit CellWritten(column);
   return true;
+}
+
+void DataGrid::CommitEditor() {
+  for (QWidget* editor :
+       view_->viewport()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    if (!editor->isVisible()) continue;
+    emit view_->itemDelegate()->commitData(editor);
+    emit view_->itemDelegate()->closeEditor(editor);
+  }
 }
 
 // ---- Marking rows -------------------------------------------------------------------------------

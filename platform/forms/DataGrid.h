@@ -33,6 +33,8 @@ class DataGrid : public QWidget {
 
   /// Cells are edited in place; a changed cell is written at once. Off unless set.
   void SetAllowUpdate(bool allow);
+  /// Writes what is being typed into a cell.
+  void CommitEditor();
   /// Asked before a typed text is written; false takes it back. `column`: as in Columns.
   using ColumnCheck =
       std::function<bool(int column, const QString& oldText, const QString& newText)>;

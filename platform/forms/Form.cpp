@@ -5,12 +5,17 @@
 #include <QEventLoop>
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QTabWidget>
+
+#include "platform/forms/DataGrid.h"
 
 namespace tevra {
 
 Form::Form(const char* name, const QString& caption, QWidget* parent) : QWidget(parent) {
   setObjectName(name);
   setWindowTitle(caption);
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, QWidget* now) { FollowFocus(now); });
 }
 
 bool Form::RunWith(const char* procedure, const Body& body, const OnFailure& onFailure) {
@@ -85,7 +90,15 @@ QWidget* Form::FocusedBox() const {
   return nullptr;
 }
 
+// A box on a tab that was left comes back with its tab.
 void Form::KeepFocusIn(QWidget* box) {
+  for (QWidget* around = box->parentWidget(); around && around != this;
+       around = around->parentWidget()) {
+    auto* tabs = qobject_cast<QTabWidget*>(around);
+    for (int i = 0; tabs && i < tabs->count(); ++i) {
+      if (tabs->widget(i)->isAncestorOf(box)) tabs->setCurrentIndex(i);
+    }
+  }
   // The button that was pressed to leave never gets its release: the message took it.
   if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) button->setDown(false);
   keeping_ = true;
@@ -94,8 +107,30 @@ void Form::KeepFocusIn(QWidget* box) {
   left_.clear();
 }
 
+// Back in the screen by way of another box: now the first one is left.
+void Form::FollowFocus(QWidget* now) {
+  if (!left_ || !now || now->window() != window() || !isAncestorOf(now)) return;
+  if (now == left_ || left_->isAncestorOf(now)) {
+    left_.clear();
+  } else {
+    LeaveWhenSettled();
+  }
+}
+
 // The handler runs when the focus has settled: a message in the middle of its change would leave
-// two boxes with a cursor.
+// two boxes with a cursor. A focus that settles in another screen has left nothing yet.
+void Form::LeaveWhenSettled() {
+  QMetaObject::invokeMethod(
+      this,
+      [this, box = left_] {
+        if (!box || left_ != box || !isVisible() || closing_) return;
+        const QWidget* focused = QApplication::focusWidget();
+        const bool elsewhere = focused && !isAncestorOf(focused);
+        if (!elsewhere) LeaveBox();
+      },
+      Qt::QueuedConnection);
+}
+
 bool Form::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusOut && !keeping_ && isVisible() && !closing_) {
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
@@ -104,12 +139,7 @@ bool Form::eventFilter(QObject* watched, QEvent* event) {
                       reason != Qt::MenuBarFocusReason;
     if (left && leaveHandlers_.count(box)) {
       left_ = box;
-      QMetaObject::invokeMethod(
-          this,
-          [this, box = QPointer<QWidget>(box)] {
-            if (box && left_ == box && isVisible() && !closing_) LeaveBox();
-          },
-          Qt::QueuedConnection);
+      LeaveWhenSettled();
     }
   }
   return QWidget::eventFilter(watched, event);
@@ -154,6 +184,7 @@ void Form::closeEvent(QCloseEvent* event) {
     return;
   }
   unloaded_ = true;
+  for (DataGrid* grid : findChildren<DataGrid*>()) grid->CommitEditor();
   Run("Form_Unload", [&](Procedure&) { Form_Unload(); });
   emit Closed();
   QWidget::closeEvent(event);

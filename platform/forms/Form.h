@@ -57,9 +57,9 @@ class Form : public QWidget {
   void OnClick(QAbstractButton* button, const char* procedure, Body body);
   void OnClickShort(QAbstractButton* button, const char* procedure, Body body);
 
-  /// Leaving the box runs the procedure. The focus lost to another window, a menu or a popup is no
-  /// leaving, nor is giving up by Escape or closing the screen. When it answers false, or fails,
-  /// the focus goes back.
+  /// Leaving the box runs the procedure. The focus lost to another window or screen, a menu or a
+  /// popup is no leaving, nor is giving up by Escape or closing the screen. When it answers false,
+  /// or fails, the focus goes back.
   void OnLeave(QWidget* box, const char* procedure, LeaveBody body);
   void OnLeaveShort(QWidget* box, const char* procedure, LeaveBody body);
 
@@ -82,6 +82,8 @@ class Form : public QWidget {
   QPushButton* ButtonOfEnter() const;
   void OnLeaveWith(QWidget* box, const char* procedure, LeaveBody body, OnFailure onFailure);
   QWidget* FocusedBox() const;
+  void FollowFocus(QWidget* now);
+  void LeaveWhenSettled();
   void KeepFocusIn(QWidget* box);
 
   QPushButton* cancel_ = nullptr;

@@ -29,13 +29,16 @@ QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
 
 void GridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
   const QString text = index.data(Qt::EditRole).toString();
-  if (auto* combo = qobject_cast<QComboBox*>(editor)) combo->setCurrentText(text);
+  if (auto* combo = qobject_cast<QComboBox*>(editor)) combo->setCurrentIndex(combo->findText(text));
   if (auto* box = qobject_cast<QLineEdit*>(editor)) box->setText(text);
 }
 
 void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
                                 const QModelIndex& index) const {
-  if (auto* combo = qobject_cast<QComboBox*>(editor)) model->setData(index, combo->currentText());
+  // A value that the list lacks stays, unless one of the list is picked over it.
+  if (auto* combo = qobject_cast<QComboBox*>(editor)) {
+    if (combo->currentIndex() >= 0) model->setData(index, combo->currentText());
+  }
   if (auto* box = qobject_cast<QLineEdit*>(editor)) model->setData(index, box->text());
 }
 

@@ -24,9 +24,7 @@ void extTDBGrid::SetTDBGrid(DataGrid* grid) {
   if (!grid_) return;
   connect(grid_, &DataGrid::GroupColMove, this, [this] { DataGrid_GroupColMove(); });
   connect(grid_, &DataGrid::SortWanted, this, [this](const std::string& field, bool descending) {
-    sortType_ = descending ? kDescending : kAscending;
-    grid_->ResetGroups();
-    grid_->AddGroupColumn(grid_->ColumnOf(field));
+    if (sortType_ != kNone) SortBy({field}, descending);
   });
 }
 
@@ -42,15 +40,17 @@ void extTDBGrid::DataGrid_GroupColMove() {
 void extTDBGrid::Sort() {
   if (sortType_ == kNone || !grid_ || !grid_->DataSource()) return;
   const std::vector<std::string> fields = grid_->GroupColumns();
+  grid_->ResetGroups();
+  SortBy(fields, sortType_ == kDescending);
+}
+
+void extTDBGrid::SortBy(const std::vector<std::string>& fields, bool descending) {
   std::string order;
   for (const std::string& field : fields) {
-    order +=
-        (order.empty() ? "[" : ", [") + field + "]" + (sortType_ == kDescending ? " DESC" : "");
+    order += (order.empty() ? "[" : ", [") + field + "]" + (descending ? " DESC" : "");
   }
-  grid_->ResetGroups();
-  if (fields.empty()) return;
   grid_->DataSource()->Recordset().SetSort(order);
-  grid_->SetSortMarks(fields, sortType_ == kDescending);
+  grid_->SetSortMarks(fields, descending);
   grid_->DataSource()->Notify();
 }
 

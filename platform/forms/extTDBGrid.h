@@ -34,6 +34,7 @@ class extTDBGrid : public QObject {
 
  private:
   void DataGrid_GroupColMove();
+  void SortBy(const std::vector<std::string>& fields, bool descending);
 
   long sortType_ = 1;
   std::string name_;

@@ -19,7 +19,7 @@ std::string& ApplicationTitle() {
 long ToErrorOutput(const MessageRequest& request) {
   if (!request.title.empty()) std::cerr << request.title << ": ";
   std::cerr << request.prompt << std::endl;
-  return ButtonsOf(request.buttons)[DefaultButton(request.buttons)].answer;
+  return HarmlessAnswer(request.buttons);
 }
 
 }  // namespace
@@ -49,6 +49,16 @@ std::vector<MessageButton> ButtonsOf(long word) {
   std::vector<MessageButton> buttons = AnswersOf(word);
   if (word & kHelpButton) buttons.push_back({kHelp, "Ajutor"});
   return buttons;
+}
+
+long HarmlessAnswer(long word) {
+  const std::vector<MessageButton> buttons = AnswersOf(word);
+  for (const long wanted : {long{kCancel}, long{kNo}, long{kAbort}}) {
+    for (const MessageButton& button : buttons) {
+      if (button.answer == wanted) return wanted;
+    }
+  }
+  return buttons.back().answer;
 }
 
 std::size_t DefaultButton(long word) {

@@ -51,6 +51,10 @@ struct MessageButton {
 /// The buttons of a word, from left to right; the help button, if any, is the last.
 std::vector<MessageButton> ButtonsOf(long word);
 
+/// The answer of the button that changes nothing, for a message that nobody answers: Cancel, No,
+/// Abort, else the last button.
+long HarmlessAnswer(long word);
+
 /// The place in ButtonsOf of the button that Enter presses; the first where the word names none
 /// there is.
 std::size_t DefaultButton(long word);
@@ -65,7 +69,7 @@ struct MessageRequest {
 using MessageHandler = std::function<long(const MessageRequest&)>;
 
 /// Sets who shows messages; returns who did before. Without one a message goes to the error output
-/// and its default button is the answer.
+/// and its answer is the harmless one.
 MessageHandler SetMessageHandler(MessageHandler handler);
 
 /// The title of messages that have none of their own.

@@ -112,6 +112,30 @@ TEST_P(RecordsetWritingTest, AnothersChangeIsNotOverwritten) {
   EXPECT_EQ(kRowChanged, FailureOf([&] { rows.Delete(); }));
 }
 
+TEST_P(RecordsetWritingTest, ARowThatTookTheIdOfADeletedOneIsAnother) {
+  const std::pair<const char*, const char*> tables[] = {
+      {"T_GR", "DELETE FROM T_GR WHERE COD_GR = '3.2'; INSERT INTO T_GR VALUES ('9.9', 4)"},
+      {"T_LOC", "DELETE FROM T_LOC WHERE COD = 'B'; INSERT INTO T_LOC VALUES ('C', 'Birou')"}};
+  for (const auto& [table, theirs] : tables) {  // with a key, and without
+    SCOPED_TRACE(table);
+    Recordset rows = Rows("SELECT * FROM " + std::string(table));
+    rows.MoveLast();
+    rows.Get(0);
+    Raw(file_, theirs);
+    EXPECT_EQ(kRowChanged, FailureOf([&] { rows.Delete(); }));
+    rows.Set(0, "x");
+    EXPECT_EQ(kRowChanged, FailureOf([&] { rows.Update(); }));
+    rows.CancelUpdate();
+  }
+  Recordset rows = Rows("SELECT * FROM T_GR ORDER BY COD_GR");
+  rows.MoveLast();
+  rows.Get(0);
+  Raw(file_, "DELETE FROM T_GR WHERE COD_GR = '9.9'; INSERT INTO T_GR VALUES ('9.8', 4)");
+  rows.Set("DURATA", 5);
+  EXPECT_EQ(kRowChanged, FailureOf([&] { rows.Update(); }));
+  EXPECT_EQ("4", Raw(file_, "SELECT DURATA FROM T_GR WHERE COD_GR = '9.8'"));
+}
+
 TEST_P(RecordsetWritingTest, ANewRowShowsItsNumberAndDefaults) {
   Recordset rows = All();
   rows.AddNew();

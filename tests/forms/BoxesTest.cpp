@@ -181,5 +181,61 @@ TEST(Boxes, ADataComboStandsForItsBoundColumn) {
   EXPECT_EQ(combo.currentIndex(), 3);
 }
 
+TEST(Boxes, OfEntriesWithTheSameTextTheOneChosenStays) {
+  TestCompany company;
+  Connection file = company.Open();
+  for (const char* name : {"ALFA", "BETA", "ALFA"}) {
+    file.Execute("INSERT INTO kv_Ter (COD, NUME) VALUES (?, ?)",
+                 {file.QueryValue("SELECT Count(*) + 1 FROM kv_Ter"), name});
+  }
+  QWidget window;
+  Adodc suppliers("adoFurnizori", &window);
+  suppliers.SetConnectionString(company.ConnectionString());
+  suppliers.SetRecordSource("SELECT COD, NUME FROM kv_Ter ORDER BY COD");
+  DataCombo combo("cboFurnizor", &window);
+  combo.SetListField("NUME");
+  combo.SetBoundColumn("COD");
+  combo.SetRowSource(&suppliers);
+  suppliers.Refresh();
+  const std::string third = std::to_string(combo.count());
+  combo.SetBoundText(third);
+  QTest::keyClick(&combo, Qt::Key_Return);
+  EXPECT_EQ(combo.BoundText(), third);
+  suppliers.Refresh();
+  EXPECT_EQ(combo.BoundText(), third);
+}
+
+TEST(Boxes, AValueThatTheListLacksStaysUntilTheUserTypes) {
+  TestCompany company;
+  company.Open().Execute("UPDATE kv_par SET CODDeviza = 'XYZ'");
+  QWidget window;
+  Adodc values("adoDeviza", &window);
+  Adodc parameters("adoConfigurari", &window);
+  for (Adodc* source : {&values, &parameters}) {
+    source->SetConnectionString(company.ConnectionString());
+  }
+  values.SetRecordSource("SELECT COD from KV_VAL Order By Cod");
+  parameters.SetRecordSource("select CODDeviza from kv_par");
+  DataCombo combo("cboDeviza", &window);
+  combo.SetListField("COD");
+  combo.SetBoundColumn("COD");
+  combo.SetRowSource(&values);
+  combo.SetDataField(&parameters, "CODDeviza");
+  const auto stored = [&] { return company.Open().QueryValue("SELECT CODDeviza FROM kv_par"); };
+  parameters.Refresh();
+  parameters.UpdateRow();
+  EXPECT_EQ(stored(), Value("XYZ")) << "the list is not even loaded";
+  values.Refresh();
+  EXPECT_EQ(combo.Text(), "");
+  parameters.UpdateRow();
+  EXPECT_EQ(stored(), Value("XYZ"));
+  QTest::keyClicks(&combo, "E");
+  QTest::keyClick(&combo, Qt::Key_Backspace);
+  QTest::keyClick(&combo, Qt::Key_Delete);
+  EXPECT_EQ(combo.Text(), "");
+  parameters.UpdateRow();
+  EXPECT_TRUE(stored().IsNull());
+}
+
 }  // namespace
 }  // namespace tevra::test

@@ -118,6 +118,26 @@ TEST_F(FormOf, AnotherWindowOrAPopupIsNoLeaving) {
   EXPECT_EQ(screen_.left, 0);
 }
 
+TEST_F(FormOf, AnotherScreenOfTheFrameIsNoLeavingUntilTheUserIsBackInAnotherBox) {
+  QWidget frame;
+  frmTried screen;
+  frmTried other;
+  for (frmTried* each : {&screen, &other}) each->setParent(&frame);
+  frame.show();
+  frame.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
+  screen.first->setFocus();
+  screen.first->SetText("gresit");
+  other.second->setFocus(Qt::MouseFocusReason);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(screen.left, 0);
+  EXPECT_TRUE(other.second->hasFocus());
+  screen.second->setFocus(Qt::MouseFocusReason);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(screen.left, 1);
+  EXPECT_TRUE(screen.first->hasFocus());
+}
+
 TEST_F(FormOf, EscapeGivesUpWithoutAskingTheBox) {
   screen_.first->SetText("gresit");
   QTest::keyClick(screen_.first, Qt::Key_Escape);

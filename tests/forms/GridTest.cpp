@@ -130,6 +130,29 @@ TEST_F(Grid, AListOffersItsTexts) {
   EXPECT_EQ(Stored("BLOCATA", "A"), Value::YesNo(true));
 }
 
+TEST_F(Grid, AValueThatTheListLacksStaysUnlessAnotherIsPicked) {
+  grid_.SetColumns({{"Grad", "GRAD_U", {}, {{1, "unu"}, {2, "doi"}}}});
+  grid_.SetAllowUpdate(true);
+  QTableView* view = grid_.View();
+  const auto edit = [&](int pick) {
+    view->setCurrentIndex(view->model()->index(0, 0));
+    view->edit(view->currentIndex());
+    auto* editor = view->findChild<QComboBox*>();
+    if (pick >= 0) editor->setCurrentIndex(pick);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  };
+  for (const Value& stored : {Value(7.0), Value()}) {
+    company_.Open().Execute("UPDATE I_IMO SET GRAD_U = ?", {stored});
+    source_.Refresh();
+    edit(-1);
+    EXPECT_EQ(Stored("GRAD_U", "b"), stored);
+  }
+  edit(1);
+  EXPECT_EQ(Stored("GRAD_U", "b"), Value(2.0));
+}
+
 TEST_F(Grid, RowsAreMarkedAtTheirLeft) {
   EXPECT_TRUE(grid_.SelectedRows().empty());
   QWidget* selectors = grid_.View()->verticalHeader()->viewport();

@@ -192,7 +192,7 @@ TEST_F(FrmLogin, TheRowChosenIsTheCompanyOpened) {
   EXPECT_EQ(CurrentSession().selectedDatabase, "Kelnar01.mdb");
   QTest::keyClick(screen.TDBGrid1->View(), Qt::Key_Down);
   EXPECT_EQ(CurrentSession().selectedDatabase, "Kelnar02.mdb");
-  EXPECT_EQ(CurrentSession().companyName, "Firma 02");
+  EXPECT_EQ(CurrentSession().selectedCompany, "Firma 02");
 }
 
 TEST_F(FrmLogin, AnotherDirectoryIsChosenByItsTemplateOrDatabase) {

@@ -30,7 +30,7 @@ TEST(FrmMsgBox, ButtonsOfEveryWord) {
       {kOkOnly, "OK*", kOk},
       {kCritical, "OK*", kOk},
       {kOkCancel, "OK*|Anulare", kCancel},
-      {kAbortRetryIgnore, "Abandon*|Reincearca|Ignora", kIgnore},
+      {kAbortRetryIgnore, "Abandon*|Reincearca|Ignora", kAbort},
       {kYesNoCancel | 512, "Da|Nu|Anulare*", kCancel},
       {kYesNo | kQuestion, "Da*|Nu", kNo},
       {kYesNo | 256, "Da|Nu*", kNo},
@@ -79,10 +79,14 @@ TEST(FrmMsgBox, OwnCaptionsPlainTextAndACopy) {
 }
 
 TEST(FrmMsgBox, ATextLongerThanTheScreenStaysOnIt) {
-  frmMsgBox box({std::string(10000, 'a'), kOkOnly, "", {}});
-  box.show();
-  EXPECT_LE(box.height(), box.screen()->availableSize().height());
-  EXPECT_LE(box.width(), box.screen()->availableSize().width());
+  for (const std::size_t length : {200, 1000, 10000}) {
+    frmMsgBox box({"Utilizatorul " + std::string(length, 'a') + " nu exista !", kOkOnly, "", {}});
+    box.show();
+    EXPECT_LE(box.height(), box.screen()->availableSize().height()) << length;
+    EXPECT_LE(box.width(), 640) << length;
+    QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text().size(), 1 + 13 + 12 + static_cast<int>(length));
+  }
 }
 
 TEST(FrmMsgBox, HelpAsksAndLeavesTheMessageOpen) {
@@ -93,8 +97,9 @@ TEST(FrmMsgBox, HelpAsksAndLeavesTheMessageOpen) {
     }
     int key = 0;
   } watch;
-  frmMsgBox box({"Intrebare", kOkOnly | kHelpButton, "", {}});
-  box.installEventFilter(&watch);
+  QWidget frame;
+  frame.installEventFilter(&watch);
+  frmMsgBox box({"Intrebare", kOkOnly | kHelpButton, "", {}}, &frame);
   box.show();
   QTest::mouseClick(box.cmdBtn[1], Qt::LeftButton);
   EXPECT_EQ(watch.key, Qt::Key_F1);

@@ -139,6 +139,45 @@ TEST_F(FrmParamSoc, LeavingABoxTellsAndStays) {
   EXPECT_TRUE(entry->hasFocus());
 }
 
+TEST_F(FrmParamSoc, ABoxThatIsNotLeftComesBackWithItsTab) {
+  QLineEdit* box = screen_->txtInfo.at("PLATITVA");
+  box->setFocus();
+  QTest::keyClicks(box, "x");
+  screen_->SSTab1->setCurrentIndex(2);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(LastPrompt(), "Va rugam completati D (de la DA) sau N (de la NU) !");
+  EXPECT_EQ(screen_->SSTab1->currentIndex(), 0);
+  EXPECT_TRUE(box->hasFocus());
+}
+
+TEST_F(FrmParamSoc, AMissingDateLeavesTheOthersToBeChecked) {
+  company_.Open().Execute("UPDATE kv_par SET DATAIC = NULL");
+  frmParamSoc screen;
+  screen.show();
+  screen.SSTab1->setCurrentIndex(1);
+  screen.DTPicker1[0]->SetDate(DateTime(2030, 1, 1));
+  QTest::mouseClick(screen.cmdSalvare, Qt::LeftButton);
+  EXPECT_EQ(LastPrompt(),
+            "Data de inceput a exercitiului trebuie sa fie mai mica decat data de sfarsit ! "
+            "Salvarea nu se poate efectua !");
+}
+
+TEST_F(FrmParamSoc, TwoTabsShareTheOneRow) {
+  company_.Open().Execute("DELETE * FROM kv_par");
+  frmParamSoc screen;
+  screen.show();
+  screen.SSTab1->setCurrentIndex(1);
+  screen.DTPicker1[0]->SetDate(DateTime(2026, 1, 1));
+  QTest::mouseClick(screen.cmdSalvare, Qt::LeftButton);
+  screen.SSTab1->setCurrentIndex(2);
+  screen.txtConfig[0]->SetText("404");
+  QTest::mouseClick(screen.cmdSalvare, Qt::LeftButton);
+  EXPECT_EQ(LastPrompt(), "");
+  EXPECT_EQ(Stored("Count(*)", "kv_par"), Value(1));
+  EXPECT_EQ(Stored("DATAIN", "kv_par"), Value(DateTime(2026, 1, 1)));
+  EXPECT_EQ(Stored("CONTFURNIZORI", "kv_par"), Value("404"));
+}
+
 TEST_F(FrmParamSoc, WhatWasNotSavedIsDropped) {
   screen_->txtInfo.at("ORAS1")->setText("Vlaheni");
   QTest::mouseClick(screen_->cmdCancel, Qt::LeftButton);

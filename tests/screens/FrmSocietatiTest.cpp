@@ -1,10 +1,11 @@
 // The registry of companies on its screen.
+#include <QLineEdit>
 #include <QTableView>
 #include <QtTest>
 
 #include <gtest/gtest.h>
 
-#include "session/CompanyRegistry.h"
+#include "session/Companies.h"
 #include "session/Module1.h"
 #include "session/Session.h"
 #include "session/frmSocietati.h"
@@ -107,15 +108,39 @@ TEST_F(FrmSocietati, ADatabaseInUseIsToldAndKept) {
   EXPECT_EQ(Registered().size(), 2u);
 }
 
+TEST_F(FrmSocietati, ADeletionThatFailedShowsTheListAsItIsNow) {
+  frmSocietati screen;
+  screen.show();
+  for (const char* code : {"02", "03", "04", "05"}) Add(screen, code, "Firma");
+  const std::string directory = company_.Directory().string();
+  CompanyRegistry theirs = CompanyRegistry::Load(directory);
+  StergeSocietate(theirs, directory, *theirs.Find("02"));
+  StergeSocietate(theirs, directory, *theirs.Find("05"));
+  Connection user(CompanyConnectionString(directory, "Kelnar04.mdb"));
+  QTableView* view = screen.TDBGrid1->View();
+  view->setCurrentIndex(view->model()->index(3, 0));
+  ASSERT_EQ(screen.TDBGrid1->ColumnText(0), "04");
+  QTest::mouseClick(screen.cmdSterge, Qt::LeftButton);
+  EXPECT_EQ(messages_.shown.back().prompt.substr(0, 9), "Eroare 70");
+  EXPECT_EQ(view->model()->rowCount(), 3);
+  EXPECT_EQ(screen.TDBGrid1->ColumnText(0), "04");
+}
+
 TEST_F(FrmSocietati, ANameChangedInTheGridIsWrittenAtTheClose) {
   frmSocietati screen;
   screen.show();
   auto* model = screen.TDBGrid1->View()->model();
   EXPECT_TRUE(model->setData(model->index(0, 1), "Alt nume"));
   EXPECT_FALSE(model->setData(model->index(0, 1), "  "));
+  EXPECT_FALSE(model->setData(model->index(0, 1), "cu\x01semn"));
   EXPECT_FALSE(model->flags(model->index(0, 0)) & Qt::ItemIsEditable);
+  // What stands in an open cell counts too.
+  QTableView* view = screen.TDBGrid1->View();
+  view->setCurrentIndex(model->index(0, 1));
+  view->edit(view->currentIndex());
+  view->findChild<QLineEdit*>()->setText("Numele nou");
   screen.close();
-  EXPECT_EQ(Registered()[0].denumire, "Alt nume");
+  EXPECT_EQ(Registered()[0].denumire, "Numele nou");
 }
 
 TEST_F(FrmSocietati, ARegistryThatCannotBeReadIsToldAndLeftAlone) {

@@ -5,6 +5,7 @@
 #include "session/Module1.h"
 #include "session/Version.h"
 #include "tests/TestCompany.h"
+#include "tests/session/RegistryRows.h"
 #include "tests/text/Expect.h"
 
 namespace tevra {
@@ -138,8 +139,8 @@ TEST_F(Companies, ThoseThatOtherProgramsEnteredMeanwhileStay) {
   CompanyRegistry theirs = Load();
   for (const char* code : {"02", "03"}) AdaugaSocietate(theirs, Directory(), code, "A lor");
   AdaugaSocietate(mine, Directory(), "04", "A mea");
-  StergeSocietate(theirs, Directory(), "02");
-  StergeSocietate(theirs, Directory(), "04");
+  StergeSocietate(theirs, Directory(), RowOf(theirs, "02"));
+  StergeSocietate(theirs, Directory(), RowOf(Load(), "04"));
   grid.MoveFirst();
   grid.Find("COD = '03'");
   grid.Set("DENUMIRE", "Alt nume");
@@ -168,16 +169,63 @@ TEST_F(Companies, AreDeletedWithTheirFileAndRow) {
   {
     Connection user = Open("Kelnar02.mdb");
     ExpectNothingDone(registry, kPermissionDenied, "Kelnar02.mdb",
-                      [&] { StergeSocietate(registry, Directory(), "02"); });
+                      [&] { StergeSocietate(registry, Directory(), RowOf(registry, "02")); });
   }
   EXPECT_EQ(UserOf("Kelnar02.mdb"), "admin");
-  for (const char* code : {"02", "3b", "4", "5", "6"}) StergeSocietate(registry, Directory(), code);
+  for (const char* code : {"02", "3b", "4", "5", "6"})
+    StergeSocietate(registry, Directory(), RowOf(registry, code));
   EXPECT_EQ(Load().Companies(), (std::vector<Company>{{"01", "SOCIETATE", "Kelnar01.mdb"}}));
   EXPECT_EQ(registry.Companies(), Load().Companies());
   EXPECT_EQ(NamesIn(Directory()), (std::vector<std::string>{"Kelnar.mdb", "Kelnar01.mdb",
                                                             "Kelnar6.mdb", "Societat.XML"}));
   ExpectNothingDone(registry, kItemNotFound, "02",
-                    [&] { StergeSocietate(registry, Directory(), "02"); });
+                    [&] { StergeSocietate(registry, Directory(), RowOf(registry, "02")); });
+}
+
+TEST_F(Companies, ARowWithoutACodeOfItsOwnTakesNobodysFile) {
+  CompanyRegistry registry = Load();
+  Recordset rows = registry.Rows();
+  const auto add = [&](const Value& code, const char* name, const char* database) {
+    rows.AddNew();
+    rows.Set("COD", code);
+    rows.Set("DENUMIRE", name);
+    rows.Set("NUMEBD", database);
+    rows.Update();
+  };
+  add(Value(), "Fara cod", "Kelnar.mdb");
+  add("/.", "Alt drum", "x.mdb");
+  AdaugaSocietate(registry, Directory(), "02", "Prima");
+  add("02", "A doua", "AltaBD.mdb");
+  const std::vector<std::string> names = NamesIn(Directory());
+  StergeSocietate(registry, Directory(), {"", "Fara cod", "Kelnar.mdb"});
+  StergeSocietate(registry, Directory(), {"/.", "Alt drum", "x.mdb"});
+  StergeSocietate(registry, Directory(), {"02", "A doua", "AltaBD.mdb"});
+  EXPECT_EQ(NamesIn(Directory()), names);
+  EXPECT_EQ(Load().Companies(), (std::vector<Company>{{"01", "SOCIETATE", "Kelnar01.mdb"},
+                                                      {"02", "Prima", "Kelnar02.mdb"}}));
+}
+
+TEST_F(Companies, ANameChangedHereDoesNotBringBackACompanyThatIsGone) {
+  CompanyRegistry mine = Load();
+  for (const char* code : {"02", "03", "04"}) AdaugaSocietate(mine, Directory(), code, "Noua");
+  CompanyRegistry theirs = Load();
+  StergeSocietate(theirs, Directory(), RowOf(theirs, "02"));
+  Recordset rows = theirs.Rows();
+  rows.Find("COD = '03'");
+  rows.Set("DENUMIRE", "Numele lor");
+  rows.Update();
+  SaveRegistry(theirs, Directory());
+  Recordset grid = mine.Rows();
+  for (const char* code : {"02", "04"}) {
+    grid.MoveFirst();
+    grid.Find(std::string("COD = '") + code + "'");
+    grid.Set("DENUMIRE", "Numele meu");
+    grid.Update();
+  }
+  SaveRegistry(mine, Directory());
+  EXPECT_EQ(Load().Companies(), (std::vector<Company>{{"01", "SOCIETATE", "Kelnar01.mdb"},
+                                                      {"03", "Numele lor", "Kelnar03.mdb"},
+                                                      {"04", "Numele meu", "Kelnar04.mdb"}}));
 }
 
 TEST_F(Companies, ADeletionThatFailsKeepsTheRowAndTheFile) {
@@ -186,7 +234,8 @@ TEST_F(Companies, ADeletionThatFailsKeepsTheRowAndTheFile) {
   registry.Add({"09", "A noua", "kelnar02.MDB"});
   registry.Save();
   const auto erase = [&](const char* code) {
-    return [&registry, code, this] { StergeSocietate(registry, Directory(), code); };
+    return
+        [&registry, code, this] { StergeSocietate(registry, Directory(), RowOf(registry, code)); };
   };
   fs::permissions(At("Societat.XML"), fs::perms::owner_read);
   ExpectNothingDone(registry, kPermissionDenied, "Societat.XML", erase("02"));
@@ -194,7 +243,7 @@ TEST_F(Companies, ADeletionThatFailsKeepsTheRowAndTheFile) {
   fs::permissions(At("Kelnar02.mdb"), fs::perms::owner_read);
   ExpectNothingDone(registry, kPermissionDenied, "Kelnar02.mdb", erase("02"));
   fs::permissions(At("Kelnar02.mdb"), fs::perms::owner_read | fs::perms::owner_write);
-  StergeSocietate(registry, Directory(), "02");
+  StergeSocietate(registry, Directory(), RowOf(registry, "02"));
   EXPECT_EQ(UserOf("Kelnar02.mdb"), "admin") << "another company still names the database";
 }
 

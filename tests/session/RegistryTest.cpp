@@ -1,6 +1,7 @@
 // The registry of companies: its default, adding and removing, and what stays as it was in the
 // file.
 #include "session/CompanyRegistry.h"
+#include "tests/session/RegistryRows.h"
 #include "tests/system/Folder.h"
 #include "tests/text/Expect.h"
 
@@ -84,16 +85,16 @@ TEST_F(Registry, RemovingTakesOneRowAndNothingElse) {
   CompanyRegistry registry = CompanyRegistry::Empty(Directory());
   for (const char* code : {"03", "01", "02"}) registry.Add({code, code, "Kelnar.mdb"});
   registry.Rows().SetFilter("COD = '03'");
-  EXPECT_EQ(FailureOf([&] { registry.Remove("04"); }), kItemNotFound);
-  registry.Remove("02");
+  EXPECT_EQ(FailureOf([&] { registry.Remove(RowOf(registry, "04")); }), kItemNotFound);
+  registry.Remove(RowOf(registry, "02"));
   registry.Rows().SetFilter("COD = '03'");
   registry.Save();
   const auto companies = CompanyRegistry::Load(Directory()).Companies();
   ASSERT_EQ(companies.size(), 2u) << "a filter hides rows from the grid, not from the file";
   EXPECT_EQ(companies[0].cod, "01");
   EXPECT_EQ(companies[1].cod, "03");
-  registry.Remove("01");
-  registry.Remove("03");
+  registry.Remove(RowOf(registry, "01"));
+  registry.Remove(RowOf(registry, "03"));
   registry.Save();
   EXPECT_EQ(Content(folder_ / "Societat.XML"), kHead + kTail);
 }
@@ -120,12 +121,12 @@ TEST_F(Registry, TheFileKeepsItsSpellingAndItsOtherColumns) {
   rows.Find("COD = '02'");
   EXPECT_EQ(rows.Get("anul"), Value(2004));
   EXPECT_TRUE(rows.Get("DENUMIRE").IsNull());
-  registry.Remove("03");
-  registry.Remove("02");
+  registry.Remove(RowOf(registry, "03"));
+  registry.Remove(RowOf(registry, "02"));
   registry.PutBack();
   EXPECT_EQ(rows.Get("COD"), Value("02")) << "the last one, and it is the current row";
   EXPECT_EQ(rows.Get("ANUL"), Value(2004));
-  registry.Remove("02");
+  registry.Remove(RowOf(registry, "02"));
   CompanyRegistry other = CompanyRegistry::Load(Directory());
   registry.Save();
   EXPECT_EQ(other.Companies().size(), 3U);

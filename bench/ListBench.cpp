@@ -1,0 +1,110 @@
+// A list of 32,767 assets as a screen opens and scrolls it, against the bare statements that its
+// first page and its totals need.
+//
+//   bench-list [--benchmark_repetitions=N]
+//
+// Prints, behind the times, list to bare statements (at most 2) and what a page costs while
+// scrolling (at most 2 ms).
+#include <cstdio>
+#include <string>
+
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+#include "bench/GeneratedCompany.h"
+#include "bench/Medians.h"
+#include "platform/data/Recordset.h"
+
+namespace {
+
+using namespace tevra;
+using namespace tevra::bench;
+
+constexpr int kAssets = 32767;
+constexpr std::size_t kPage = 64;
+
+const std::string kList =
+    "SELECT A.*, L.titlu AS loc, T.nume AS furniz, C.titlu AS CC FROM kv_CC C RIGHT JOIN (kv_ter T "
+    "RIGHT JOIN (I_localizare L RIGHT JOIN i_imo A ON L.cod = A.cod_loc) ON T.cod = "
+    "A.cod_furnizor) ON C.cod = A.cod_cc ORDER BY A.nrcrt DESC";
+
+const char* const kBarePage =
+    "SELECT A.*, L.TITLU, T.NUME, C.TITLU FROM I_IMO A LEFT JOIN I_LOCALIZARE L ON L.COD = "
+    "A.COD_LOC LEFT JOIN kv_Ter T ON T.COD = A.COD_FURNIZOR LEFT JOIN Kv_CC C ON C.COD = A.COD_CC "
+    "ORDER BY A.NRCRT DESC LIMIT 64";
+const char* const kBareTotals =
+    "SELECT count(*), sum(VAL_CUMP), sum(VAL_CUMP_VAL), sum(VAL_AMOR_CUMULATA), "
+    "sum(VAL_AMOR_CUMULATA_VAL), sum(VAL_RAMASA), sum(VAL_RAMASA_VAL) FROM I_IMO";
+
+void LookAtPage(Recordset& rows, std::size_t first) {
+  for (std::size_t row = first; row < std::min(first + kPage, rows.RecordCount()); ++row) {
+    for (std::size_t f = 0; f < rows.FieldCount(); ++f) {
+      benchmark::DoNotOptimize(rows.ValueAt(row, f));
+    }
+  }
+}
+
+void List(benchmark::State& state, Connection* connection) {
+  while (state.KeepRunning()) {
+    Recordset rows = connection->OpenKeyset(kList);
+    LookAtPage(rows, 0);
+    benchmark::DoNotOptimize(connection->OpenRecordset(kBareTotals).Get(0));
+  }
+}
+
+void Scroll(benchmark::State& state, Connection* connection) {
+  Recordset rows = connection->OpenKeyset(kList);
+  while (state.KeepRunning()) {
+    for (std::size_t first = 0; first < rows.RecordCount(); first += kPage) LookAtPage(rows, first);
+  }
+}
+
+void Sort(benchmark::State& state, Connection* connection) {
+  Recordset rows = connection->OpenKeyset(kList);
+  while (state.KeepRunning()) {
+    rows.SetSort("");
+    rows.SetSort("DENUMIRE");
+  }
+}
+
+void Bare(benchmark::State& state, sqlite3* db) {
+  while (state.KeepRunning()) {
+    for (const char* sql : {kBarePage, kBareTotals}) {
+      sqlite3_stmt* statement = nullptr;
+      sqlite3_prepare_v2(db, sql, -1, &statement, nullptr);
+      while (sqlite3_step(statement) == SQLITE_ROW) {
+        for (int i = 0; i < sqlite3_column_count(statement); ++i) {
+          benchmark::DoNotOptimize(sqlite3_column_text(statement, i));
+        }
+      }
+      sqlite3_finalize(statement);
+    }
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const GeneratedCompany company(kAssets);
+  Connection connection(company.ConnectionString());
+  sqlite3* bare = nullptr;
+  sqlite3_open(company.File().c_str(), &bare);
+  const auto add = [](const char* name, auto function, auto* over) {
+    benchmark::RegisterBenchmark(name, function, over)
+        ->Unit(benchmark::kMillisecond)
+        ->Iterations(3);
+  };
+  add("list", List, &connection);
+  add("bare", Bare, bare);
+  add("scroll", Scroll, &connection);
+  add("sort", Sort, &connection);
+  Medians medians;
+  RunInTurns(argc, argv, medians);
+  sqlite3_close(bare);
+
+  const double pages = static_cast<double>((kAssets + kPage - 1) / kPage);
+  std::printf("\nlist to bare statements:  %.2f (at most 2)\n",
+              medians.Of("list") / medians.Of("bare"));
+  std::printf("a page while scrolling:   %.2f ms (at most 2)\n", medians.Of("scroll") / pages);
+  return 0;
+}
