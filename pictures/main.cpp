@@ -14,9 +14,12 @@
 #include <stdexcept>
 #include <vector>
 
+#include "session/Version.h"
+
 namespace {
 
 constexpr int kButton = 16;
+constexpr QSize kSplash(440, 240);
 constexpr int kIconSizes[] = {16, 32, 48, 64, 96, 128};
 
 QImage Draw(const QString& source, QSize size) {
@@ -81,6 +84,32 @@ QByteArray Png(const QImage& image) {
   return bytes;
 }
 
+// The splash's words are part of its picture: at the program's start its first window then waits
+// for no font.
+QImage WithWords(QImage image, int density) {
+  image.setDevicePixelRatio(density);
+  QPainter painter(&image);
+  QFont font("DejaVu Sans");
+  font.setPixelSize(44);
+  font.setBold(true);
+  painter.setFont(font);
+  painter.setPen(Qt::white);
+  painter.drawText(QRect(32, 66, 230, 56), Qt::AlignLeft | Qt::AlignVCenter, "Tevra");
+  font.setPixelSize(14);
+  font.setBold(false);
+  painter.setFont(font);
+  painter.setPen(QColor("#dbe7f3"));
+  painter.drawText(QRect(34, 126, 230, 44), Qt::AlignLeft | Qt::AlignTop,
+                   "Evidenta imobilizarilor\nsi a obiectelor de inventar");
+  const QString version = QString("Versiune %1.%2.%3")
+                              .arg(tevra::kVersionMajor)
+                              .arg(tevra::kVersionMinor)
+                              .arg(tevra::kRevision);
+  painter.drawText(QRect({}, kSplash).adjusted(0, 0, -16, -12), Qt::AlignRight | Qt::AlignBottom,
+                   version);
+  return image;
+}
+
 QByteArray Icon(const QString& source) {
   std::vector<QByteArray> images;
   for (const int size : kIconSizes) images.push_back(Png(Draw(source, {size, size})));
@@ -112,8 +141,9 @@ void DrawAll(const QString& sources, const QString& target) {
   for (const char* name : {"W95MBX01", "W95MBX02", "W95MBX03", "W95MBX04", "Tevra"}) {
     Write(target + "/" + name + ".ico", Icon(sources + "/" + name + ".svg"));
   }
-  Write(target + "/Splash@2x.png", Png(Draw(sources + "/Splash.svg", {880, 480})));
-  Write(target + "/Splash.png", Png(Draw(sources + "/Splash.svg", {440, 240})));
+  const QString splash = sources + "/Splash.svg";
+  Write(target + "/Splash@2x.png", Png(WithWords(Draw(splash, 2 * kSplash), 2)));
+  Write(target + "/Splash.png", Png(WithWords(Draw(splash, kSplash), 1)));
 }
 
 }  // namespace

@@ -106,8 +106,8 @@ void frmParamSoc::Build() {
   auto* all = new QVBoxLayout(this);
   all->addWidget(SSTab1, 1);
   all->addLayout(buttons);
-  setMinimumSize(480, 320);
-  resize(760, 560);
+  setMinimumSize(480, 240);
+  resize(760, 592);
 }
 
 QGroupBox* frmParamSoc::BuildInfoFrame(const char* name, const char* caption,

@@ -83,7 +83,7 @@ void frmSocietati::Build() {
   all->addWidget(fraInput);
   all->addWidget(TDBGrid1, 1);
   all->addLayout(buttons);
-  setMinimumSize(480, 320);
+  setMinimumSize(480, 240);
   resize(580, 430);
   txtCod->setFocus();
 }

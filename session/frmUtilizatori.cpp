@@ -97,7 +97,7 @@ void frmUtilizatori::Build() {
   all->addWidget(fraInput);
   all->addWidget(grdDataGrid, 1);
   all->addLayout(buttons);
-  setMinimumSize(520, 300);
+  setMinimumSize(520, 240);
   resize(620, 400);
   txtNume->setFocus();
 }
