@@ -18,6 +18,11 @@ Form::Form(const char* name, const QString& caption, QWidget* parent) : QWidget(
           [this](QWidget*, QWidget* now) { FollowFocus(now); });
 }
 
+// The focus leaves once more while the widget below is taken down.
+Form::~Form() {
+  disconnect(qApp, nullptr, this, nullptr);
+}
+
 bool Form::RunWith(const char* procedure, const Body& body, const OnFailure& onFailure) {
   Procedure running{procedure, "Form", objectName().toStdString()};
   try {

@@ -23,6 +23,7 @@ class Form : public QWidget {
  public:
   /// `name`: the screen's name; `caption`: its title.
   Form(const char* name, const QString& caption, QWidget* parent = nullptr);
+  ~Form() override;
 
   /// Shows the screen above all others and returns when it was closed or hidden.
   void ShowModal();
