@@ -22,17 +22,27 @@ constexpr DeclaredName kDeclaredNames[] = {
     {FieldType::Double, "DOUBLE", 8},    {FieldType::DateTime, "DATETIME", 8},
 };
 
-Value ConvertText(const Value& value, const FieldDef& field) {
-  const std::string text = value.AsText();
+void CheckText(const std::string& text, const FieldDef& field) {
   if (!IsValidUtf8(text)) {
     throw Failure(kValueNotAccepted, "Valoare neacceptata: " + field.name + ": nu este un text");
   }
+  const auto longest = static_cast<std::size_t>(field.size);
+  if (text.size() <= longest) return;
   const std::size_t length = Len(text);
-  if (length > static_cast<std::size_t>(field.size)) {
+  if (length > longest) {
     throw Failure(kValueNotAccepted, "Valoare neacceptata: " + field.name + ": " +
                                          std::to_string(length) + " caractere, cel mult " +
                                          std::to_string(field.size));
   }
+}
+
+Value ConvertText(const Value& value, const FieldDef& field) {
+  if (value.IsText()) {
+    CheckText(value.Text(), field);
+    return value;
+  }
+  std::string text = value.AsText();
+  CheckText(text, field);
   return text;
 }
 

@@ -1,0 +1,32 @@
+// A statement prepared once and run many times, with other parameters each time.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/data/Connection.h"
+
+namespace tevra {
+
+/// For work on many rows, where preparing the statement anew would cost more than running it. Keeps
+/// the file open; nothing of it stays open in the engine between two runs.
+class Command {
+ public:
+  /// A statement of the program's dialect. Throws Failure -2147217900.
+  Command(const Connection& connection, const std::string& sql);
+  ~Command();
+  Command(Command&&) noexcept;
+  Command& operator=(Command&&) noexcept;
+
+  /// Runs a statement that returns no rows. Throws Failure as Connection::Execute.
+  void Execute(const Values& params = {});
+
+  /// The first field of the first row; Null when there is no row.
+  Value QueryValue(const Values& params = {});
+
+ private:
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace tevra

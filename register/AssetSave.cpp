@@ -1,0 +1,352 @@
+#include "register/AssetSave.h"
+
+#include "accounting/cBLLNoteContabile.h"
+#include "platform/data/Recordset.h"
+#include "platform/system/Clock.h"
+#include "platform/text/Numbers.h"
+#include "platform/text/Strings.h"
+#include "session/Module1.h"
+#include "session/Session.h"
+
+namespace tevra {
+
+namespace {
+
+/// The boxes by what they hold.
+enum Numbers {
+  kValue = 0,
+  kExchangeRate = 1,
+  kForeignValue = 2,
+  kNormal = 3,
+  kReal = 4,
+  kRate = 5,
+  kUse = 6,
+  kBlockedValue = 7,
+  kBlockedForeignValue = 8,
+  kCoef = 10,
+  kYearsLeft = 11,
+  kExpensed = 13,
+  kExpensedForeign = 14,
+};
+enum Texts { kCod = 0, kGroup = 1, kCostCentre = 3, kSupplier = 6, kAccount = 8, kMethodText = 9 };
+enum Dates { kBought = 0, kInService = 1, kStart = 2, kEnd = 3, kBlockedFrom = 4 };
+
+const DateTime kNewCatalogue(2005, 1, 1);
+
+Value TextOrNull(const std::string& text) {
+  return text.empty() ? Value() : Value(text);
+}
+
+/// Writes the fields of one row in their order. What the two paths share stands here, what differs
+/// in the two functions behind it.
+class RowWriter {
+ public:
+  RowWriter(const AssetCard& card, const Coefficients& coefficients, const DateTime& today)
+      : card_(card), coefficients_(coefficients), today_(today), real_(card.number[kReal]) {}
+
+  AssetRow Take() { return std::move(row_); }
+
+  void Set(const char* field, const Value& value) { row_.fields.emplace_back(field, value); }
+
+  bool IsEmpty(int box) const { return card_.number[static_cast<std::size_t>(box)].IsNull(); }
+
+  bool IsNumber(int box) const {
+    return !IsEmpty(box) && !card_.number[static_cast<std::size_t>(box)].IsText();
+  }
+
+  double Number(int box) const {
+    const Value& value = box == kReal ? real_ : card_.number[static_cast<std::size_t>(box)];
+    if (value.IsNull()) throw Failure(kTypeMismatch, "Type mismatch");
+    return value.AsDouble();
+  }
+
+  double NumberOrZero(int box) const { return IsEmpty(box) ? 0 : Number(box); }
+
+  const Value& AsItStands(int box) const {
+    return box == kReal ? real_ : card_.number[static_cast<std::size_t>(box)];
+  }
+
+  char Letter() const {
+    return card_.text[kMethodText].empty() ? '\0' : card_.text[kMethodText][0];
+  }
+
+  /// The asset itself, up to the user.
+  void WriteIdentity() {
+    static constexpr const char* kFields[] = {"DENUMIRE", "COD_CC",       "COD_LOC",
+                                              "DOCUMENT", "COD_FURNIZOR", "COD_TVA_CUMP",
+                                              "CONT",     "TIP_AM",       "OBS1"};
+    Set("COD", TextOrNull(card_.text[kCod]));
+    Set(today_ >= kNewCatalogue ? "COD_GR_NOU" : "COD_GR", TextOrNull(card_.text[kGroup]));
+    for (std::size_t i = 0; i < std::size(kFields); ++i) {
+      Set(kFields[i], TextOrNull(card_.text[i + 2]));
+    }
+  }
+
+  void WriteRates() {
+    Set("COTA_ANUALA", AsItStands(kRate));
+    Set("COTAL_LUNARA", Number(kRate) / 12);
+    Set("GRAD_U", AsItStands(kUse));
+    Set("DATA_ACH", card_.date[kBought].Midnight());
+    Set("DATA_PF", card_.date[kInService].Midnight());
+  }
+
+  /// `isNew`: the real duration is written under every method, in months too.
+  void WriteMethod(bool isNew) {
+    const DateTime start = Date(Letter() == kNoDepreciation ? kBought : kStart);
+    std::int16_t linear = 0;
+    std::int16_t degressive = 0;
+    if (Letter() == kWithoutWear) {
+      linear = LinearYears(Number(kNormal), coefficients_.WithoutWear());
+      degressive = CInt(Number(kNormal) - linear);
+    }
+    if (Letter() == kWithWear) {
+      linear = LinearYears(Number(kNormal), coefficients_.WithWear(Number(kNormal)));
+      real_ = Number(kNormal) - linear;
+      row_.real = Number(kReal);
+      degressive = CInt(Number(kReal) - linear);
+    }
+    if (isNew || Letter() != kNoDepreciation) Set("DRFANI", AsItStands(kReal));
+    if (isNew) Set("DRFLUNI", Number(kReal) * 12);
+    const bool phases = Letter() == kWithoutWear || Letter() == kWithWear;
+    if (phases || Letter() == kAccelerated) Set("COEF", AsItStands(kCoef));
+    if (phases) {
+      Set("AD1", linear);
+      Set("AD2", degressive);
+    }
+    Set("DATA_IN_AM", start);
+    const int first = Letter() == kAccelerated ? 12 : phases ? 12 * degressive : 0;
+    Set("DATA_AMORT", start.AddMonths(first));
+  }
+
+  void WriteDates() {
+    Set("DATA_SF", Date(kEnd));
+    Set("DATA_CALCUL", today_);
+    Set("DALUNI", MonthsSoFar());
+  }
+
+  int MonthsSoFar() const { return DifLuni(card_.date[kStart], today_); }
+
+  /// `decimals` of the blocked value in currency.
+  void WriteBlocking(int decimals) {
+    Set("BLOCATA", Value::YesNo(card_.blocked));
+    if (!card_.blocked) return;
+    const DateTime picked = card_.date[kBlockedFrom];
+    const DateTime from(picked.Year(), picked.Month(), 1);
+    row_.blocking = from;
+    Set("DATA_BLOCARE", from);
+    Set("VAL_BLOCATA", Round0(Number(kBlockedValue)));
+    Set("VAL_BLOCATA_VAL",
+        IsEmpty(kForeignValue) ? 0 : RoundTo(NumberOrZero(kBlockedForeignValue), decimals));
+    WriteYearsLeft(from);
+  }
+
+ private:
+  DateTime Date(int box) const { return card_.date[static_cast<std::size_t>(box)].Midnight(); }
+
+  // The method's fields again, over the years that are left.
+  void WriteYearsLeft(const DateTime& from) {
+    const bool wear = Letter() == kWithWear;
+    const bool phases = wear || Letter() == kWithoutWear;
+    int first = Letter() == kAccelerated ? 12 : 0;
+    if (phases) {
+      const double left = Number(kYearsLeft);
+      const std::int16_t linear =
+          LinearYears(left, wear ? coefficients_.WithWear(left) : coefficients_.WithoutWear());
+      const std::int16_t degressive = CInt(wear ? left - linear - linear : left - linear);
+      Set("AD1", linear);
+      Set("AD2", degressive);
+      Set("DRBANI", wear ? Value(left - linear) : AsItStands(kYearsLeft));
+      Set("COEF", AsItStands(kCoef));
+      first = 12 * degressive;
+    } else {
+      Set("DRBANI", AsItStands(kYearsLeft));
+    }
+    Set("COTA_ANUALA", AsItStands(kRate));
+    Set("DATA_AMORT", from.AddMonths(first));
+  }
+
+  const AssetCard& card_;
+  const Coefficients& coefficients_;
+  DateTime today_;
+  Value real_;
+  AssetRow row_;
+};
+
+// The cumulated depreciation starts at 0. What is not written keeps what the table gives a new row.
+void WriteStart(RowWriter& row) {
+  const double value = row.Number(kValue);
+  const bool foreign = row.IsNumber(kForeignValue);
+  const bool linear = row.Letter() == kLinear;
+  row.Set("VAL_AMOR_CUMULATA", 0);
+  row.Set("VAL_RAMASA", Round0(linear ? value - row.NumberOrZero(kExpensed) : value));
+  if (!foreign) {
+    row.Set("VAL_AMOR_CUMULATA_VAL", 0);
+    row.Set("VAL_RAMASA_VAL", 0);
+  } else if (linear) {
+    row.Set("VAL_RAMASA_VAL",
+            Round0(row.Number(kForeignValue) - row.NumberOrZero(kExpensedForeign)));
+  } else if (row.Letter() == kNoDepreciation) {
+    row.Set("VAL_AMOR_CUMULATA_VAL", 0);
+    row.Set("VAL_RAMASA_VAL", Round0(row.Number(kForeignValue)));
+  }
+}
+
+struct SoFar {
+  double depreciated;
+  double left;
+};
+
+// By the rate of the linear phase alone, over all months; what went into expense is not
+// depreciated.
+SoFar Estimate(const RowWriter& row, double value, double expensed) {
+  if (row.Letter() == kNoDepreciation) return {0, Round0(value)};
+  const double base = row.Letter() == kLinear && expensed != 0 ? value - expensed : value;
+  const double depreciated = base * row.Number(kRate) / 12 * row.MonthsSoFar();
+  return {Round0(depreciated), Round0(base - depreciated)};
+}
+
+void WriteEstimate(RowWriter& row) {
+  const SoFar lei = Estimate(row, row.Number(kValue), row.NumberOrZero(kExpensed));
+  row.Set("VAL_AMOR_CUMULATA", lei.depreciated);
+  row.Set("VAL_RAMASA", lei.left);
+  const SoFar foreign =
+      Estimate(row, row.NumberOrZero(kForeignValue), row.NumberOrZero(kExpensedForeign));
+  row.Set("VAL_AMOR_CUMULATA_VAL", foreign.depreciated);
+  row.Set("VAL_RAMASA_VAL", foreign.left);
+}
+
+void WriteRow(Recordset& rows, const AssetRow& row) {
+  for (const auto& [field, value] : row.fields) rows.Set(field, value);
+  rows.Update();
+}
+
+}  // namespace
+
+AssetRow NewAssetRow(const AssetCard& card, const Coefficients& coefficients, const DateTime& today,
+                     const std::string& user) {
+  RowWriter row(card, coefficients, today);
+  row.WriteIdentity();
+  row.Set("UTILIZATOR", user);
+  row.Set("VAL_CUMP", Round0(row.Number(kValue)));
+  row.Set("CURS", row.NumberOrZero(kExchangeRate));
+  row.Set("VAL_CUMP_VAL", RoundTo(row.NumberOrZero(kForeignValue), 3));
+  row.Set("VALCHELEI", RoundTo(row.NumberOrZero(kExpensed), 2));
+  row.Set("VALCHEVAL", RoundTo(row.NumberOrZero(kExpensedForeign), 2));
+  row.Set("DNFANI", row.AsItStands(kNormal));
+  row.WriteRates();
+  row.WriteMethod(true);
+  WriteStart(row);
+  row.WriteDates();
+  row.WriteBlocking(3);
+  return row.Take();
+}
+
+AssetRow ChangedAssetRow(const AssetCard& card, const Coefficients& coefficients,
+                         const DateTime& today) {
+  RowWriter row(card, coefficients, today);
+  row.WriteIdentity();
+  row.Set("VALCHELEI", row.NumberOrZero(kExpensed));
+  row.Set("VALCHEVAL", row.NumberOrZero(kExpensedForeign));
+  row.Set("VAL_CUMP", Round0(row.Number(kValue)));
+  row.Set("CURS", row.NumberOrZero(kExchangeRate));
+  row.Set("VAL_CUMP_VAL", row.NumberOrZero(kForeignValue));
+  row.Set("DNFANI", row.AsItStands(kNormal));
+  row.Set("DRFLUNI", row.Number(kReal) * 12);
+  row.WriteRates();
+  row.WriteMethod(false);
+  WriteEstimate(row);
+  row.WriteDates();
+  row.WriteBlocking(0);
+  return row.Take();
+}
+
+AssetRow pAdaugaImobilizare(const AssetCard& card) {
+  Connection connection(CurrentSession().connectionString);
+  const Coefficients coefficients = ReadCoefficients(connection);
+  const AssetRow row = NewAssetRow(card, coefficients, clock::Today(), CurrentSession().userName);
+  Transaction transaction(connection);
+  Recordset rows = connection.OpenRecordset("Select * from I_IMO where 1 = 0");
+  rows.AddNew();
+  WriteRow(rows, row);
+  transaction.Commit();
+  return row;
+}
+
+AssetRow pModificaImobilizare(const AssetCard& card, std::int32_t nrCrt) {
+  Connection connection(CurrentSession().connectionString);
+  const Coefficients coefficients = ReadCoefficients(connection);
+  const AssetRow row = ChangedAssetRow(card, coefficients, clock::Today());
+  Transaction transaction(connection);
+  Recordset rows = connection.OpenRecordset("Select * from I_IMO where NRCRT = ?", {nrCrt});
+  WriteRow(rows, row);
+  transaction.Commit();
+  return row;
+}
+
+// ---- The purchase note --------------------------------------------------------------------------
+
+namespace {
+
+/// "4426.19-19": the account and the percentage of a VAT rate as its list shows it.
+struct VatRate {
+  std::string account;
+  std::int16_t percent = 0;
+};
+
+VatRate ReadVatRate(const std::string& text) {
+  if (text.empty()) return {};
+  const std::size_t dash = text.find('-');
+  const std::string percent = dash == std::string::npos ? text : text.substr(dash + 1);
+  return {text.substr(0, dash), CInt(CDbl(percent))};
+}
+
+void Prepare(cBLLNoteContabile& note, const AssetCard& card, const VatRate& vat, double rate) {
+  const Session& session = CurrentSession();
+  note.Curs = rate;
+  note.CotaTVA = CByte(vat.percent);
+  note.DataInr = card.date[kInService].Midnight();
+  note.Doc = note.Marca = card.text[kCod];
+  note.Utilizator = session.userName;
+  note.Jurnal = "JC";
+  note.cod = session.codDeviza;
+  note.CodSucursala = GetCodSocietate();
+  note.Cantit = 1;
+  note.Prov = "I";
+  note.CodBUG = card.text[kCostCentre];
+}
+
+}  // namespace
+
+void pAddNoteContabile(const AssetCard& card) {
+  const Coefficients none;
+  const RowWriter boxes(card, none, DateTime());
+  Connection connection(CurrentSession().connectionString);
+  Transaction transaction(connection);
+  connection.Execute("DELETE FROM Kv_LINII WHERE DOC=?", {card.text[kCod]});
+  if (boxes.NumberOrZero(kValue) != 0) {
+    const VatRate vat = ReadVatRate(card.tva);
+    const double lei = boxes.Number(kValue);
+    const double foreign = boxes.NumberOrZero(kForeignValue);
+    cBLLNoteContabile note;
+    Prepare(note, card, vat, boxes.NumberOrZero(kExchangeRate));
+    note.Cont = card.text[kAccount];
+    double total = note.Debit = RoundTo(lei, 2);
+    double foreignTotal = note.DevDebit = RoundTo(foreign, 2);
+    note.AddNota(connection, false);
+    if (vat.percent != 0) {
+      note.Cont = vat.account;
+      total += note.Debit = RoundTo(lei * vat.percent / 100, 2);
+      foreignTotal += note.DevDebit = RoundTo(foreign * vat.percent / 100, 2);
+      note.AddNota(connection, true);
+    }
+    note.Cont = CurrentSession().contFurnizori;
+    note.Debit = note.DevDebit = 0;
+    note.SetCredit(CStr(total));
+    note.DevCredit = foreignTotal;
+    note.Tert = TextOrNull(card.text[kSupplier]);
+    note.AddNota(connection, true);
+  }
+  transaction.Commit();
+}
+
+}  // namespace tevra
