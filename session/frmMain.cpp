@@ -11,6 +11,7 @@
 #include <cmath>
 
 #include "platform/data/Connection.h"
+#include "platform/forms/Hourglass.h"
 #include "platform/forms/Windows.h"
 #include "platform/system/Desktop.h"
 #include "platform/system/MessageBox.h"
@@ -27,6 +28,7 @@ namespace tevra {
 namespace {
 
 constexpr int kTwips = 15;           // of a logical pixel
+constexpr int kStep = 28;            // from one child's title to the next
 constexpr QSize kDecoration(8, 32);  // what a desktop puts around a window
 
 // A setting that is missing or damaged gives the default.
@@ -49,21 +51,6 @@ QString Plain(const char* caption) {
   return QString(caption).remove('&').trimmed();
 }
 
-class Hourglass {
- public:
-  explicit Hourglass(bool shown) : shown_(shown) {
-    if (shown_) QApplication::setOverrideCursor(Qt::WaitCursor);
-  }
-  ~Hourglass() {
-    if (shown_) QApplication::restoreOverrideCursor();
-  }
-  Hourglass(const Hourglass&) = delete;
-  Hourglass& operator=(const Hourglass&) = delete;
-
- private:
-  bool shown_;
-};
-
 }  // namespace
 
 frmMain::frmMain() {
@@ -73,6 +60,8 @@ frmMain::frmMain() {
   mdiArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   mdiArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setCentralWidget(mdiArea);
+  connect(mdiArea, &QMdiArea::subWindowActivated, this,
+          [this](QMdiSubWindow* window) { ChildActivated(window); });
   BuildMenu();
   sbStatusBar = statusBar();
   sbStatusBar->setObjectName("sbStatusBar");
@@ -206,9 +195,27 @@ void frmMain::ShowForm(Form& form) {
   // A screen that closes itself takes its window along.
   connect(
       &form, &Form::Closed, window, [window] { window->close(); }, Qt::QueuedConnection);
+  window->move(PlaceOfNext(window->size()));
   window->show();
   form.show();
   mdiArea->setActiveSubWindow(window);
+}
+
+// A title lower than the child in front, as far as the frame has room: never half outside.
+QPoint frmMain::PlaceOfNext(const QSize& size) const {
+  const QMdiSubWindow* front = mdiArea->activeSubWindow();
+  if (!front || front->isMaximized() || front->isMinimized()) return {};
+  const QPoint wanted = front->pos() + QPoint(kStep, kStep);
+  const QSize room = mdiArea->viewport()->size() - size;
+  return {std::clamp(wanted.x(), 0, std::max(0, room.width())),
+          std::clamp(wanted.y(), 0, std::max(0, room.height()))};
+}
+
+// A message takes the activation away and gives it back to the same child: that is no change.
+void frmMain::ChildActivated(QMdiSubWindow* window) {
+  if (!window || window == front_) return;
+  front_ = window;
+  if (auto* form = qobject_cast<Form*>(window->widget())) form->Activate();
 }
 
 // Minimised children stay as they are, maximised ones take their own size.
@@ -224,7 +231,6 @@ std::vector<QMdiSubWindow*> frmMain::ChildrenToArrange() const {
 
 // Each a title lower than the one before, the active one last; their sizes stay where they fit.
 void frmMain::Cascade() {
-  constexpr int kStep = 28;
   const QSize area = mdiArea->viewport()->size();
   QPoint at;
   for (QMdiSubWindow* window : ChildrenToArrange()) {

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QMdiArea>
+#include <QPointer>
 #include <QStatusBar>
 #include <functional>
 #include <map>
@@ -56,6 +57,8 @@ class frmMain : public QMainWindow {
   void ShowFailure(const MenuItem& item);
   void Preluare_Click();
   std::vector<QMdiSubWindow*> ChildrenToArrange() const;
+  QPoint PlaceOfNext(const QSize& size) const;
+  void ChildActivated(QMdiSubWindow* window);
   void Cascade();
   void Tile(bool sideBySide);
   void mnuHelpContents_Click();
@@ -63,6 +66,7 @@ class frmMain : public QMainWindow {
   std::map<std::string, QAction*> items_;
   std::map<std::string, std::function<void()>> openers_;
   QMenu* windowMenu_ = nullptr;
+  QPointer<QMdiSubWindow> front_;  // the child that came to the front last
 };
 
 }  // namespace tevra

@@ -1,6 +1,7 @@
 #include "app/tevra/Screens.h"
 
 #include "platform/forms/Windows.h"
+#include "register/frmImo.h"
 #include "reports/frmRapCHE.h"
 #include "session/frmParamSoc.h"
 #include "session/frmSocietati.h"
@@ -12,6 +13,7 @@ void HandInScreens(frmMain& frame) {
   frame.SetOpener("Soc_Lista", [] { windows::Open<frmSocietati>(); });
   frame.SetOpener("Soc_Conf", [] { windows::Open<frmParamSoc>(); });
   frame.SetOpener("Utilizatori", [] { windows::Open<frmUtilizatori>(); });
+  frame.SetOpener("Materiale_imo", [] { windows::Open<frmImo>(); });
   frame.SetOpener("Rapoarte_Cheltuieli", [] { windows::Open<frmRapCHE>(); });
 }
 

@@ -112,6 +112,7 @@ void DataCombo::SetBoundText(const std::string& text) {
     if (!EqualNoCase(itemData(i).toString().toStdString(), text)) continue;
     unlisted_.clear();
     setCurrentIndex(i);
+    lineEdit()->setCursorPosition(0);
     return;
   }
   setCurrentIndex(-1);

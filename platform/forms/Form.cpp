@@ -199,6 +199,12 @@ void Form::closeEvent(QCloseEvent* event) {
 void Form::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (!focusWidget()) focusNextChild();
+  // In a frame the frame says so.
+  if (isWindow() && !event->spontaneous()) Activate();
+}
+
+void Form::Activate() {
+  RunShort("Form_Activate", [this](Procedure&) { Form_Activate(); });
 }
 
 void Form::hideEvent(QHideEvent* event) {

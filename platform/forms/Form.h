@@ -28,6 +28,10 @@ class Form : public QWidget {
   /// Shows the screen above all others and returns when it was closed or hidden.
   void ShowModal();
 
+  /// The screen has come to the front: after it was shown, and from another screen of the frame. A
+  /// message or a menu in between is no change.
+  void Activate();
+
   /// The user leaves the box that has the focus, or has just lost it, as a button pressed by its
   /// letter or by Enter makes him: its leave handler runs, if it did not yet. False when the box
   /// keeps the focus.
@@ -64,6 +68,8 @@ class Form : public QWidget {
   void OnLeave(QWidget* box, const char* procedure, LeaveBody body);
   void OnLeaveShort(QWidget* box, const char* procedure, LeaveBody body);
 
+  /// What the screen does each time it comes to the front.
+  virtual void Form_Activate() {}
   /// Asked before the screen closes; false keeps it open.
   virtual bool QueryUnload() { return true; }
   /// Runs once when the screen closes, after QueryUnload agreed.

@@ -1,0 +1,428 @@
+#include "register/frmFisaImo.h"
+
+#include <QLabel>
+
+#include "engine/Module3.h"
+#include "platform/forms/Hourglass.h"
+#include "platform/system/Clock.h"
+#include "platform/system/MessageBox.h"
+#include "platform/text/Numbers.h"
+#include "platform/text/Strings.h"
+#include "session/Combos.h"
+#include "session/Module1.h"
+#include "session/Session.h"
+
+namespace tevra {
+
+namespace {
+
+const DateTime kNewCatalogue(2005, 1, 1);
+
+// The list of classes changed hands a day later than the field that keeps the class.
+bool OffersNewClasses() {
+  return clock::Today() > kNewCatalogue;
+}
+
+bool KeepsNewClass() {
+  return clock::Today() >= kNewCatalogue;
+}
+
+QString TagOf(const QWidget* box) {
+  return box->property("Tag").toString();
+}
+
+}  // namespace
+
+/// A combo of the card, the box that holds what it stands for, and its statements.
+struct frmFisaImo::ComboSource {
+  DataCombo* combo;
+  QLineEdit* box;
+  const char* boundColumn;
+  const char* listField;
+  const char* list;
+  const char* text;  ///< gives the combo's text for a value; none where the value is the text
+};
+
+frmFisaImo::frmFisaImo(const AssetToOpen& asset, QWidget* parent)
+    : Form("frmFisaImo", "Fisa imobilizare", parent), asset_(asset) {
+  static constexpr const char* kSources[] = {"adoGrupa", "adoCC",   "adoLoc",       "adoFur",
+                                             "adoTVA",   "adoCont", "adoGradUtiliz"};
+  for (std::size_t i = 0; i < sources_.size(); ++i) sources_[i] = new Adodc(kSources[i], this);
+  Build();
+  Connect();
+  Form_Load();
+}
+
+frmFisaImo::~frmFisaImo() {
+  for (Adodc* source : sources_) source->disconnect();
+}
+
+void frmFisaImo::Connect() {
+  connect(cmdSalvare, &QPushButton::clicked, this, [this] {
+    if (LeaveBox()) RunShort("cmdSalvare_Click", [this](Procedure&) { cmdSalvare_Click(); });
+  });
+  connect(cmdModificare, &QPushButton::clicked, this, [this] {
+    if (LeaveBox()) RunShort("cmdModificare_Click", [this](Procedure&) { cmdModificare_Click(); });
+  });
+  OnClickShort(cmdVanzare, "cmdVanzare_Click", [](Procedure&) {
+    MsgBoxEx(
+        "Ecranul \"Iesire imobilizare\" nu este disponibil in aceasta versiune a programului !",
+        kInformation);
+  });
+  connect(cmdIesire, &QPushButton::clicked, this, [this] { close(); });
+
+  for (QRadioButton* option : Options()) {
+    const auto method = static_cast<Method>(option->property("Letter").toString()[0].toLatin1());
+    connect(option, &QRadioButton::toggled, this, [this, method](bool chosen) {
+      if (chosen) OptionClicked(method);
+    });
+  }
+  for (const int index : {0, 1, 3, 4, 7, 8}) {
+    OnLeave(txtNumar[static_cast<std::size_t>(index)], "txtNumar_LostFocus",
+            [this, index](Procedure&) {
+              txtNumar_LostFocus(index);
+              return true;
+            });
+  }
+  for (const int index : {0, 1, 2}) {
+    OnLeaveShort(DTPicker1[static_cast<std::size_t>(index)], "DTPicker1_LostFocus",
+                 [this, index](Procedure&) {
+                   DTPicker1_LostFocus(index);
+                   return true;
+                 });
+  }
+  connect(chkBlocata, &QCheckBox::toggled, this,
+          [this] { RunShort("chkBlocata_Click", [this](Procedure&) { chkBlocata_Click(); }); });
+  OnLeaveShort(chkBlocata, "chkBlocata_LostFocus", [this](Procedure&) {
+    chkBlocata_LostFocus();
+    return true;
+  });
+  connect(chkChelt, &QCheckBox::toggled, this, [this] {
+    if (!loading_) RunShort("chkChelt_Click", [this](Procedure&) { chkChelt_Click(); });
+  });
+  for (const ComboSource& combo : Combos()) {
+    connect(combo.combo, &DataCombo::Picked, this, [this, combo] { PickedInCombo(combo); });
+  }
+}
+
+// ---- Loading ------------------------------------------------------------------------------------
+
+void frmFisaImo::Form_Load() {
+  const Hourglass hourglass;
+  loading_ = true;
+  RunShort("Form_Load", [this](Procedure&) {
+    asset_.bAdaugare ? OpenNew() : OpenExisting();
+    LoadCombos();
+  });
+  loading_ = false;
+}
+
+void frmFisaImo::OpenNew() {
+  for (DateBox* box : DTPicker1) box->SetDate(clock::Today());
+  cmdModificare->setEnabled(false);
+  cmdVanzare->setEnabled(false);
+  cmdSalvare->setDefault(true);
+  Liniara->setChecked(true);
+  txtNumar[6]->SetText("100");
+  txtText[7]->SetText("0");
+  txtNumar[13]->SetText("0");
+  txtNumar[14]->SetText("0");
+  DTPicker1[2]->SetDate(DTPicker1[1]->Date().value().AddMonths(1));
+  DTPicker1[3]->SetDate(DTPicker1[2]->Date());
+}
+
+void frmFisaImo::OpenExisting() {
+  cmdSalvare->setEnabled(false);
+  cmdModificare->setDefault(true);
+  const Recordset row =
+      OpenRecordset("Select * from I_IMO Where NRCRT = ?", {CLng(CDbl(asset_.sNrCrt))});
+  LoadBoxes(row);
+  if (KeepsNewClass()) txtText[1]->SetText(row.Get("COD_GR_NOU").TextOrEmpty());
+  if (Nz(row.Get("BLOCATA"), Value::YesNo(false)).AsBool()) chkBlocata->setChecked(true);
+  for (QRadioButton* option : {Liniara, CuUzura, FaraUzura, Accelerata, Faraam}) {
+    if (option->property("Letter").toString().toStdString() != txtText[9]->Text()) continue;
+    option->setChecked(true);
+    break;
+  }
+  const std::optional<double> expensed = txtNumar[13]->Number();
+  chkChelt->setChecked(expensed && *expensed != 0);
+}
+
+void frmFisaImo::LoadBoxes(const Recordset& row) {
+  static constexpr const char* kTextFields[] = {
+      "COD",          "COD_GR",       "DENUMIRE", "COD_CC", "COD_LOC", "DOCUMENT",
+      "COD_FURNIZOR", "COD_TVA_CUMP", "CONT",     "TIP_AM", "OBS1"};
+  static constexpr const char* kNumberFields[] = {
+      "VAL_CUMP",    "CURS",   "VAL_CUMP_VAL", "DNFANI",          "DRFANI",
+      "COTA_ANUALA", "GRAD_U", "VAL_BLOCATA",  "VAL_BLOCATA_VAL", "NRCRT",
+      "COEF",        nullptr,  nullptr,        "VALCHELEI",       "VALCHEVAL"};
+  static constexpr const char* kDateFields[] = {"DATA_ACH", "DATA_PF", "DATA_IN_AM", "DATA_SF",
+                                                "DATA_BLOCARE"};
+  for (std::size_t i = 0; i < txtNumar.size(); ++i) {
+    if (!kNumberFields[i]) continue;
+    const Value value = row.Get(kNumberFields[i]);
+    txtNumar[i]->SetNumber(value.IsNull() ? std::nullopt : std::optional(value.AsDouble()));
+  }
+  for (std::size_t i = 0; i < txtText.size(); ++i) {
+    txtText[i]->SetText(Nz(row.Get(kTextFields[i]), "").TextOrEmpty());
+  }
+  for (std::size_t i = 0; i < DTPicker1.size(); ++i) {
+    const Value date = row.Get(kDateFields[i]);
+    DTPicker1[i]->SetDate(date.IsNull() ? clock::Today() : date.AsDateTime());
+  }
+}
+
+// In the order in which they are loaded.
+std::array<frmFisaImo::ComboSource, 7> frmFisaImo::Combos() const {
+  const bool newer = OffersNewClasses();
+  return {{
+      {cboGrupa, txtText[1], newer ? "COD_GR_NOU" : "COD_GR", "COD_DENUMIRE",
+       newer ? "Select COD_GR_NOU, COD_GR_NOU & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE "
+               "where durnor_nou<>0 order by COD_GR_NOU"
+             : "Select COD_GR, COD_GR & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE where "
+               "durnor<>0 order by COD_GR",
+       newer ? "Select COD_GR_NOU & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE where "
+               "COD_GR_NOU = ?"
+             : "Select COD_GR & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE where COD_GR = ?"},
+      {cboCentruCost, txtText[3], "COD", "COD_TITLU",
+       "Select COD, COD & '-' & TITLU As COD_TITLU from kv_cc Where UTILIZABIL = 'D' order by COD",
+       "Select COD & '-' & TITLU As COD_TITLU from kv_cc where COD = ?"},
+      {cboLocalizare, txtText[4], "COD", "COD_TITLU",
+       "Select COD, COD & '-' & TITLU As COD_TITLU from I_LOCALIZARE order by COD",
+       "Select COD & '-' & TITLU As COD_TITLU from I_LOCALIZARE where COD = ?"},
+      {cboFurnizori, txtText[6], "COD", "NUME",
+       "Select COD, NUME from kv_ter where Ucase(TIP) in ('F', 'M') order by NUME",
+       "Select NUME  from kv_TER where COD = CLng(?)"},
+      {cboTVA, txtText[7], "COD", "CONT_PROCENT",
+       "Select COD, CONT & '-' & PROCENT As CONT_PROCENT from kv_COTE Order by COD",
+       "Select CONT & '-' & PROCENT As CONT_PROCENT from kv_COTE where COD = CLng(?)"},
+      {cboCont, txtText[8], "CONT", "CONT_TITLU",
+       "Select CONT, CONT & '-' & TITLU As CONT_TITLU from kv_PC WHERE LEN(CONT) >=3 order by CONT",
+       "Select CONT & '-' & TITLU As CONT_TITLU from kv_PC where CONT = ?"},
+      {cboGradUtiliz, txtNumar[6], "Indice", "Indice",
+       "Select INDICE from I_Grade Order by Indice desc", nullptr},
+  }};
+}
+
+// A code that is no longer in its table leaves its combo empty, and the card is refused until
+// another one is picked.
+void frmFisaImo::LoadCombos() {
+  const auto combos = Combos();
+  for (std::size_t i = 0; i < combos.size(); ++i) {
+    const ComboSource& each = combos[i];
+    LoadDataCombo(*sources_[i], *each.combo, each.list, each.listField, each.boundColumn);
+    const std::string value = each.box->text().toStdString();
+    if (value.empty()) continue;
+    if (!each.text) {
+      if (value != "0") each.combo->SetText(value);
+      continue;
+    }
+    const std::string text = GetTextDataCombo(each.text, {value});
+    each.combo->SetBoundText(value);
+    if (each.combo->Text() != text) each.combo->SetText(text);
+  }
+}
+
+// Codes that were added meanwhile on other screens come into the lists.
+void frmFisaImo::Form_Activate() {
+  static constexpr std::size_t kOrder[] = {1, 6, 3, 0, 2, 5, 4};
+  for (const std::size_t i : kOrder) sources_[i]->Refresh();
+}
+
+void frmFisaImo::PickedInCombo(const ComboSource& combo) {
+  const std::string procedure = combo.combo->objectName().toStdString() + "_Click";
+  RunShort(procedure.c_str(), [&](Procedure&) {
+    const std::string bound = combo.combo->BoundText();
+    if (combo.combo == cboGradUtiliz) return txtNumar[6]->SetText(bound);
+    static_cast<TextBox*>(combo.box)->SetText(bound);
+    if (combo.combo == cboGrupa) cboGrupa_Click();
+  });
+}
+
+void frmFisaImo::cboGrupa_Click() {
+  const double normal = DurataNormala(txtText[1]->Text());
+  txtNumar[3]->SetNumber(normal);
+  txtNumar[4]->SetNumber(normal);
+  txtNumar[5]->SetNumber(Divide(1, normal));
+}
+
+// ---- Saving -------------------------------------------------------------------------------------
+
+AssetCard frmFisaImo::Card() const {
+  AssetCard card;
+  for (std::size_t i = 0; i < txtText.size(); ++i) card.text[i] = txtText[i]->Text();
+  for (std::size_t i = 0; i < txtNumar.size(); ++i) {
+    const NumberBox& box = *txtNumar[i];
+    if (box.IsEmpty()) continue;
+    card.number[i] = box.IsNumeric() ? Value(box.Number().value()) : Value(box.Text());
+  }
+  for (std::size_t i = 0; i < DTPicker1.size(); ++i) {
+    card.date[i] = DTPicker1[i]->Date().value_or(clock::Today());
+  }
+  card.blocked = chkBlocata->isChecked();
+  card.tva = cboTVA->Text();
+  return card;
+}
+
+void frmFisaImo::ShowSaved(const AssetRow& row) {
+  if (row.real) txtNumar[4]->SetNumber(row.real);
+  if (row.blocking) DTPicker1[4]->SetDate(row.blocking);
+}
+
+void frmFisaImo::cmdSalvare_Click() {
+  if (sources_[0]->Recordset().RecordCount() == 0) {
+    MsgBoxEx(
+        "Va rog stabiliti duratele normale noi (HG 2139/2004 )in Tabelul Coduri de Clasificare");
+    return;
+  }
+  if (!EsteFisaValida()) return;
+  const bool saved = RunWith(
+      "pAdaugaImobilizare",
+      [this](Procedure&) {
+        ShowSaved(pAdaugaImobilizare(Card()));
+        MsgBoxEx("Datele au fost salvate cu succes in Imobilizari!", kInformation);
+      },
+      [](const Failure& failure, const Procedure&) {
+        MsgBoxEx(ShortErrorText(failure), kCritical, "Salvare");
+      });
+  if (!saved) return;
+  AddNote();
+  RunShort("CurataCampuri", [this](Procedure&) { CurataCampuri(); });
+}
+
+void frmFisaImo::cmdModificare_Click() {
+  if (!EsteFisaValida()) return;
+  const bool saved = RunWith(
+      "pModificaImobilizare",
+      [this](Procedure& procedure) {
+        procedure.line = 2;
+        for (const std::size_t i : {13, 14}) {
+          if (txtNumar[i]->IsEmpty()) txtNumar[i]->SetText("0");
+        }
+        procedure.line = 3;
+        ShowSaved(pModificaImobilizare(Card(), CLng(CDbl(asset_.sNrCrt))));
+        MsgBoxEx("Datele au fost modificate cu succes !", kInformation);
+      },
+      [](const Failure& failure, const Procedure& procedure) {
+        MsgBoxEx(ShortErrorText(failure) + " Linia: " + std::to_string(procedure.line), kCritical,
+                 "Modificare ");
+      });
+  if (saved) AddNote();
+}
+
+void frmFisaImo::AddNote() {
+  Run("pAddNoteContabile", [this](Procedure& procedure) {
+    procedure.line = 1;
+    pAddNoteContabile(Card());
+  });
+}
+
+// The amounts of direct expense and what is left of a blocked asset stay, and so do both ticks.
+void frmFisaImo::CurataCampuri() {
+  for (std::size_t i = 0; i <= 10; ++i) {
+    txtNumar[i]->SetNumber(std::nullopt);
+    txtText[i]->SetText("");
+  }
+  for (DateBox* box : DTPicker1) box->SetDate(clock::Today());
+  for (DataCombo* combo :
+       {cboCentruCost, cboCont, cboFurnizori, cboGradUtiliz, cboGrupa, cboLocalizare, cboTVA}) {
+    combo->SetText("");
+  }
+  for (QRadioButton* option : Options()) {
+    option->setAutoExclusive(false);
+    option->setChecked(false);
+    option->setAutoExclusive(true);
+  }
+  Liniara->setChecked(true);
+  txtNumar[6]->SetText("100");
+  txtText[0]->setFocus();
+}
+
+// ---- Validation ---------------------------------------------------------------------------------
+
+bool frmFisaImo::Refuse(const std::string& message, QWidget* box) {
+  MsgBoxEx(message, kCritical);
+  if (box) box->setFocus();
+  return false;
+}
+
+bool frmFisaImo::RefuseNumber(int index) {
+  NumberBox* box = txtNumar[static_cast<std::size_t>(index)];
+  return Refuse(
+      "Va rugam introduceti o valoare numerica pozitiva pentru " + TagOf(box).toStdString() + " !",
+      box);
+}
+
+bool frmFisaImo::IsNumberFromZero(int index) const {
+  const NumberBox& box = *txtNumar[static_cast<std::size_t>(index)];
+  return box.IsNumeric() && box.Number().value_or(-1) >= 0;
+}
+
+bool frmFisaImo::EsteFisaValida() {
+  bool valid = false;
+  RunShort("EsteFisaValida", [&](Procedure&) {
+    for (const std::size_t i : {0, 2, 5}) {
+      if (!Trim(txtText[i]->Text()).empty()) continue;
+      Refuse("Va rugam completati " + TagOf(txtText[i]).toStdString() + " !", txtText[i]);
+      return;
+    }
+    const std::pair<DataCombo*, const char*> combos[] = {{cboTVA, " nu este completata !"},
+                                                         {cboCont, " nu este completat !"},
+                                                         {cboGrupa, " nu este completata !"},
+                                                         {cboFurnizori, " nu este completat !"}};
+    for (const auto& [combo, words] : combos) {
+      if (!combo->Text().empty()) continue;
+      Refuse(TagOf(combo).toStdString() + words, combo);
+      return;
+    }
+    if (txtText[9]->Text().empty()) {
+      Refuse("Va rugam selectati tipul de amortizare !", nullptr);
+      return;
+    }
+    valid = AreNumbersValid() && (!chkBlocata->isChecked() || IsBlockingValid());
+  });
+  return valid;
+}
+
+bool frmFisaImo::AreNumbersValid() {
+  if (!IsNumberFromZero(0)) return RefuseNumber(0);
+  for (const int i : {1, 2}) {
+    const bool empty = txtNumar[static_cast<std::size_t>(i)]->IsEmpty();
+    if (!empty && !IsNumberFromZero(i)) return RefuseNumber(i);
+  }
+  for (const int i : {3, 4, 5}) {
+    if (!IsNumberFromZero(i)) return RefuseNumber(i);
+  }
+  if (!cboGradUtiliz->Text().empty()) return true;
+  return Refuse(TagOf(cboGradUtiliz).toStdString() + " nu este completat !", cboGradUtiliz);
+}
+
+bool frmFisaImo::IsBlockingValid() {
+  for (const int i : {7, 8}) {
+    if (!txtNumar[static_cast<std::size_t>(i)]->IsNumeric()) return RefuseNumber(i);
+  }
+  for (const int i : {7, 8}) {
+    if (!IsNumberFromZero(i)) return RefuseNumber(i);
+  }
+  const auto refuseAbove = [this](std::size_t blocked, std::size_t whole) {
+    return Refuse("Va rugam introduceti o valoare numerica pozitiva pentru " +
+                      TagOf(txtNumar[blocked]).toStdString() + " mai mica decat " +
+                      TagOf(txtNumar[whole]).toStdString() + "!",
+                  txtNumar[blocked]);
+  };
+  if (txtNumar[7]->Number() > txtNumar[0]->Number()) return refuseAbove(7, 0);
+  if (!txtNumar[2]->IsEmpty() && txtNumar[8]->Number() > txtNumar[2]->Number()) {
+    return refuseAbove(8, 2);
+  }
+  if (DTPicker1[4]->Date() < DTPicker1[2]->Date()) {
+    return Refuse("Selectati data de blocare a imobilizarii corect!", DTPicker1[4]);
+  }
+  if (DTPicker1[4]->Date() > DTPicker1[3]->Date()) {
+    return Refuse(
+        "Atentie! Nu puteti bloca o imobilizare a carei perioada de amortizare s-a sfarsit!",
+        DTPicker1[4]);
+  }
+  return true;
+}
+
+}  // namespace tevra

@@ -1,0 +1,130 @@
+// The card of one fixed asset.
+#pragma once
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <array>
+#include <string>
+
+#include "platform/forms/Boxes.h"
+#include "platform/forms/DataCombo.h"
+#include "platform/forms/Form.h"
+#include "register/AssetSave.h"
+
+class QBoxLayout;
+
+namespace tevra {
+
+/// What the list tells the card to open.
+struct AssetToOpen {
+  bool bAdaugare = true;  ///< a new asset
+  std::string sNrCrt;     ///< else the NRCRT of the asset
+};
+
+/// The boxes are the record: handlers read and write them, and only the two saves turn them into
+/// fields.
+class frmFisaImo : public Form {
+ public:
+  explicit frmFisaImo(const AssetToOpen& asset, QWidget* parent = nullptr);
+  ~frmFisaImo() override;
+
+  std::array<TextBox*, 11> txtText{};
+  std::array<NumberBox*, 15> txtNumar{};
+  std::array<DateBox*, 5> DTPicker1{};
+  DataCombo* cboGrupa = nullptr;
+  DataCombo* cboCentruCost = nullptr;
+  DataCombo* cboLocalizare = nullptr;
+  DataCombo* cboFurnizori = nullptr;
+  DataCombo* cboTVA = nullptr;
+  DataCombo* cboCont = nullptr;
+  DataCombo* cboGradUtiliz = nullptr;
+  QGroupBox* Frame2 = nullptr;  ///< the buttons
+  QGroupBox* Frame6 = nullptr;  ///< the methods
+  QGroupBox* Frame7 = nullptr;  ///< direct expense
+  QRadioButton* Liniara = nullptr;
+  QRadioButton* Accelerata = nullptr;
+  QRadioButton* CuUzura = nullptr;
+  QRadioButton* FaraUzura = nullptr;
+  QRadioButton* Faraam = nullptr;
+  CheckBox* chkBlocata = nullptr;
+  CheckBox* chkChelt = nullptr;
+  QPushButton* cmdSalvare = nullptr;
+  QPushButton* cmdModificare = nullptr;
+  QPushButton* cmdVanzare = nullptr;
+  QPushButton* cmdConservare = nullptr;
+  QPushButton* cmdIesire = nullptr;
+
+  /// True when the card may be saved; else a message has told why, and the focus stands where it is
+  /// to be mended.
+  bool EsteFisaValida();
+
+ protected:
+  void Form_Activate() override;
+
+ private:
+  struct ComboSource;
+
+  // The screen.
+  void Build();
+  QWidget* BuildIdentity();
+  QWidget* BuildPurchase();
+  QWidget* BuildMethod();
+  QWidget* BuildDurations();
+  QWidget* BuildDates();
+  QWidget* BuildExpense();
+  QWidget* BuildBlocking();
+  QWidget* BuildButtons();
+  void MakeBoxes();
+  DataCombo* MakeCombo(const char* name, const char* tag);
+  QRadioButton* MakeOption(const char* name, const char* caption, Method method);
+  void SetTabOrder();
+  void Connect();
+
+  // Loading.
+  void Form_Load();
+  void OpenNew();
+  void OpenExisting();
+  void LoadBoxes(const Recordset& row);
+  void LoadCombos();
+  std::array<ComboSource, 7> Combos() const;
+  void PickedInCombo(const ComboSource& combo);
+  void cboGrupa_Click();
+
+  // The method panel.
+  Method Letter() const;
+  std::array<QRadioButton*, 5> Options() const;
+  void OptionClicked(Method method);
+  void Liniara_Click();
+  void MethodClick(Method method);
+  void FallBackToLinear();
+  void Apply(const Derived& derived, bool withReal = true);
+  void txtNumar_LostFocus(int index);
+  bool LeaveNormalDuration();
+  bool LeaveRealDuration();
+  bool DerivedFromDuration(bool withReal);
+  void DTPicker1_LostFocus(int index);
+  void chkBlocata_Click();
+  void chkBlocata_LostFocus();
+  void chkChelt_Click();
+
+  // Saving.
+  AssetCard Card() const;
+  void ShowSaved(const AssetRow& row);
+  void cmdSalvare_Click();
+  void cmdModificare_Click();
+  void AddNote();
+  void CurataCampuri();
+  bool Refuse(const std::string& message, QWidget* box);
+  bool RefuseNumber(int index);
+  bool IsNumberFromZero(int index) const;
+  bool AreNumbersValid();
+  bool IsBlockingValid();
+
+  AssetToOpen asset_;
+  std::array<Adodc*, 7> sources_{};
+  bool loading_ = false;
+};
+
+}  // namespace tevra

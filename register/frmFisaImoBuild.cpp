@@ -1,0 +1,324 @@
+// The card's boxes and where they stand.
+#include <QButtonGroup>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include "platform/forms/Pictures.h"
+#include "register/frmFisaImo.h"
+
+namespace tevra {
+
+namespace {
+
+struct TextInfo {
+  const char* tag;
+  int longest;
+  const char* tip;
+};
+
+constexpr TextInfo kTexts[] = {
+    {"Numar inventar", 20, "Maxim 20 caractere alfanumerice"},
+    {"Cod grupa", 0, nullptr},
+    {"Denumire", 50, "Maxim 50 caractere alfanumerice"},
+    {"Centru cost", 0, nullptr},
+    {"Localizare", 0, nullptr},
+    {"Document", 15, "Maxim 15 caractere alfanumerice"},
+    {"Furnizor", 0, nullptr},
+    {"Cota TVA", 0, nullptr},
+    {"Cont imobilizare", 0, nullptr},
+    {"", 0, nullptr},
+    {"Observatii", 100, "Maxim 100 caractere alfanumerice"},
+};
+
+struct NumberInfo {
+  const char* tag;
+  bool money;
+};
+
+// Money shows its thousands and two decimals; rates and durations keep their digits.
+constexpr NumberInfo kNumbers[] = {
+    {"Valoare LEI", true},
+    {"Curs", false},
+    {"Valoare USD", true},
+    {"Durata normala", false},
+    {"Durata reala", false},
+    {"Coeficient amortizare", false},
+    {"Grad de utilizare", false},
+    {"Valoare blocata LEI", true},
+    {"Valoare blocata USD", true},
+    {"", false},
+    {"", false},
+    {"", false},
+    {"", false},
+    {"", true},
+    {"", true},
+};
+
+constexpr int kShortNumber = 90;
+
+std::string Indexed(const char* name, std::size_t index) {
+  return std::string(name) + "(" + std::to_string(index) + ")";
+}
+
+QLabel* LabelOf(QWidget* box, const char* caption) {
+  auto* label = new QLabel(caption);
+  label->setBuddy(box);
+  return label;
+}
+
+QGroupBox* Frame(const char* name, const char* caption) {
+  auto* frame = new QGroupBox(caption);
+  frame->setObjectName(name);
+  return frame;
+}
+
+// Pairs of a label and its box, as many rows as there are pairs.
+class Pairs {
+ public:
+  explicit Pairs(QWidget* frame) : grid_(new QGridLayout(frame)) {
+    grid_->setHorizontalSpacing(8);
+    grid_->setVerticalSpacing(5);
+  }
+
+  void Add(const char* caption, QWidget* box, const char* unit = nullptr) {
+    grid_->addWidget(LabelOf(box, caption), row_, 0);
+    grid_->addWidget(box, row_, 1, 1, unit ? 1 : 2);
+    if (unit) grid_->addWidget(new QLabel(unit), row_, 2);
+    ++row_;
+  }
+
+  void AddAcross(QWidget* widget) { grid_->addWidget(widget, row_++, 0, 1, 3); }
+  void AddAcross(QLayout* layout) { grid_->addLayout(layout, row_++, 0, 1, 3); }
+  void Close() { grid_->setRowStretch(row_, 1); }
+
+ private:
+  QGridLayout* grid_;
+  int row_ = 0;
+};
+
+}  // namespace
+
+void frmFisaImo::MakeBoxes() {
+  for (std::size_t i = 0; i < txtText.size(); ++i) {
+    txtText[i] = new TextBox(Indexed("txtText", i).c_str(), this, kTexts[i].longest);
+    txtText[i]->setProperty("Tag", kTexts[i].tag);
+    if (kTexts[i].tip) txtText[i]->setToolTip(kTexts[i].tip);
+    // The rest hold what a combo or an option stands for.
+    if (kTexts[i].longest == 0) txtText[i]->hide();
+  }
+  for (std::size_t i = 0; i < txtNumar.size(); ++i) {
+    txtNumar[i] =
+        new NumberBox(Indexed("txtNumar", i).c_str(), kNumbers[i].money ? "Standard" : "", this);
+    txtNumar[i]->setProperty("Tag", kNumbers[i].tag);
+  }
+  for (const std::size_t hidden : {6, 9}) txtNumar[hidden]->hide();
+  for (const std::size_t narrow : {3, 4, 5, 10, 11, 12}) {
+    txtNumar[narrow]->setMinimumWidth(narrow > 10 ? 44 : kShortNumber);
+    if (narrow > 10) txtNumar[narrow]->setMaximumWidth(60);
+  }
+  for (std::size_t i = 0; i < DTPicker1.size(); ++i) {
+    DTPicker1[i] = new DateBox(Indexed("DTPicker1", i).c_str(), this, "d/MM/yyyy");
+  }
+  cboGrupa = MakeCombo("cboGrupa", "Grupa de Imobilizare");
+  cboCentruCost = MakeCombo("cboCentruCost", "");
+  cboLocalizare = MakeCombo("cboLocalizare", "");
+  cboFurnizori = MakeCombo("cboFurnizori", "Furnizorul");
+  cboTVA = MakeCombo("cboTVA", "TVA");
+  cboCont = MakeCombo("cboCont", "Contul");
+  cboGradUtiliz = MakeCombo("cboGradUtiliz", "Gradul de utilizare");
+}
+
+DataCombo* frmFisaImo::MakeCombo(const char* name, const char* tag) {
+  auto* combo = new DataCombo(name, this);
+  combo->setProperty("Tag", tag);
+  return combo;
+}
+
+QWidget* frmFisaImo::BuildIdentity() {
+  QGroupBox* frame = Frame("Frame1", "Imobilizare");
+  Pairs pairs(frame);
+  pairs.Add("Nr. inv.", txtText[0]);
+  pairs.Add("&Denumire", txtText[2]);
+  pairs.Add("Cod &grupa", cboGrupa);
+  pairs.Add("Cont imo&bilizare", cboCont);
+  pairs.Add("&Centru de cost", cboCentruCost);
+  pairs.Add("&Localizare", cboLocalizare);
+  pairs.Close();
+  return frame;
+}
+
+QWidget* frmFisaImo::BuildPurchase() {
+  QGroupBox* frame = Frame("Frame3", "Cumparare");
+  Pairs pairs(frame);
+  pairs.Add("D&ocument", txtText[5]);
+  pairs.Add("Furni&zor", cboFurnizori);
+  pairs.Add("TVA", cboTVA);
+  pairs.Add("Valoare LEI", txtNumar[0]);
+  pairs.Add("C&urs", txtNumar[1]);
+  pairs.Add("Valoare valuta", txtNumar[2]);
+  pairs.Close();
+  return frame;
+}
+
+QRadioButton* frmFisaImo::MakeOption(const char* name, const char* caption, Method method) {
+  auto* option = new QRadioButton(caption, Frame6);
+  option->setObjectName(name);
+  option->setProperty("Letter", QString(QChar(static_cast<char>(method))));
+  return option;
+}
+
+QWidget* frmFisaImo::BuildMethod() {
+  Frame6 = Frame("Frame6", "Tip de amortizare");
+  Liniara = MakeOption("Liniara", "Liniara", kLinear);
+  Accelerata = MakeOption("Accelerata", "Accelerata", kAccelerated);
+  CuUzura = MakeOption("CuUzura", "Degresiva cu uzura morala", kWithWear);
+  FaraUzura = MakeOption("FaraUzura", "Degresiva fara uzura morala", kWithoutWear);
+  Faraam = MakeOption("Faraam", "Fara amortizare", kNoDepreciation);
+  txtNumar[10]->setToolTip("Cota anuala din prima faza, pentru amortizarea accelerata");
+  auto* grid = new QGridLayout(Frame6);
+  grid->setVerticalSpacing(5);
+  int row = 0;
+  for (QRadioButton* option : Options()) grid->addWidget(option, row++, 0, 1, 2);
+  grid->addWidget(LabelOf(txtNumar[10], "Coeficient"), row, 0);
+  grid->addWidget(txtNumar[10], row, 1);
+  grid->setRowStretch(row + 1, 1);
+  return Frame6;
+}
+
+QWidget* frmFisaImo::BuildDurations() {
+  QGroupBox* frame = Frame("Frame4", "Durata");
+  Pairs pairs(frame);
+  pairs.Add("&Normala", txtNumar[3], "ani");
+  pairs.Add("Reala", txtNumar[4], "ani");
+  pairs.Add("Cota anuala", txtNumar[5]);
+  pairs.Add("Grad de utilizare", cboGradUtiliz);
+  pairs.Close();
+  return frame;
+}
+
+QWidget* frmFisaImo::BuildDates() {
+  QGroupBox* frame = Frame("Frame5", "Date");
+  Pairs pairs(frame);
+  pairs.Add("Achizitie", DTPicker1[0]);
+  pairs.Add("Punere in functiune", DTPicker1[1]);
+  pairs.Add("Inceput amortizare", DTPicker1[2]);
+  pairs.Add("Sfarsit amortizare", DTPicker1[3]);
+  pairs.Close();
+  return frame;
+}
+
+QWidget* frmFisaImo::BuildExpense() {
+  Frame7 = Frame("Frame7", "Trecere direct in cheltuieli");
+  chkChelt = new CheckBox("chkChelt", "&20%", Frame7);
+  Pairs pairs(Frame7);
+  pairs.AddAcross(chkChelt);
+  pairs.Add("Valoare Lei", txtNumar[13]);
+  pairs.Add("Valoare Valuta", txtNumar[14]);
+  pairs.Close();
+  return Frame7;
+}
+
+QWidget* frmFisaImo::BuildBlocking() {
+  QGroupBox* frame = Frame("Frame8", "Blocare");
+  chkBlocata = new CheckBox("chkBlocata", "Blocata", frame);
+  auto* left = new QHBoxLayout;
+  left->setSpacing(5);
+  left->addWidget(LabelOf(txtNumar[11], "Durata ramasa"));
+  left->addWidget(txtNumar[11]);
+  left->addWidget(new QLabel("ani si"));
+  left->addWidget(txtNumar[12]);
+  left->addWidget(new QLabel("luni"));
+  left->addStretch();
+  Pairs pairs(frame);
+  pairs.AddAcross(chkBlocata);
+  pairs.Add("Data", DTPicker1[4]);
+  pairs.Add("Valoare blocata LEI", txtNumar[7]);
+  pairs.Add("Valoare blocata USD", txtNumar[8]);
+  pairs.AddAcross(left);
+  pairs.Close();
+  return frame;
+}
+
+QWidget* frmFisaImo::BuildButtons() {
+  Frame2 = new QGroupBox(this);
+  Frame2->setObjectName("Frame2");
+  const auto button = [this](const char* name, const char* caption, const char* tip) {
+    auto* made = new QPushButton(caption, Frame2);
+    made->setObjectName(name);
+    made->setToolTip(tip);
+    made->setMinimumWidth(std::max(96, made->sizeHint().width() + 20));
+    return made;
+  };
+  cmdSalvare = button("cmdSalvare", "&Adaugare", "Creare imobilizare noua");
+  cmdModificare = button("cmdModificare", "Sal&vare", "Salvare modificari");
+  cmdVanzare =
+      button("cmdVanzare", "Iesire imobilizare", "Iesire imobilizare prin casare sau vanzare");
+  cmdConservare = button("cmdConservare", "Conservare", "");
+  cmdIesire = button("cmdIesire", "Iesire", "Inchidere fereastra");
+  cmdIesire->setIcon(PictureIcon("\\BMP\\Iesire.bmp"));
+  auto* row = new QHBoxLayout(Frame2);
+  row->setContentsMargins(8, 6, 8, 6);
+  for (QPushButton* each : {cmdSalvare, cmdModificare, cmdVanzare, cmdConservare}) {
+    row->addWidget(each);
+  }
+  row->addStretch();
+  row->addWidget(cmdIesire);
+  return Frame2;
+}
+
+void frmFisaImo::Build() {
+  MakeBoxes();
+  auto* page = new QWidget;
+  auto* grid = new QGridLayout(page);
+  grid->addWidget(BuildIdentity(), 0, 0, 1, 2);
+  grid->addWidget(BuildPurchase(), 0, 2);
+  grid->addWidget(BuildDates(), 0, 3);
+  grid->addWidget(BuildMethod(), 1, 0);
+  grid->addWidget(BuildDurations(), 1, 1);
+  grid->addWidget(BuildExpense(), 1, 2);
+  grid->addWidget(BuildBlocking(), 1, 3);
+  auto* remarks = new QHBoxLayout;
+  remarks->addWidget(LabelOf(txtText[10], "Observatii"));
+  remarks->addWidget(txtText[10], 1);
+  grid->addLayout(remarks, 2, 0, 1, 4);
+  grid->setColumnStretch(0, 2);
+  grid->setColumnStretch(1, 2);
+  grid->setColumnStretch(2, 4);
+  grid->setColumnStretch(3, 2);
+  grid->setRowStretch(3, 1);
+  // The whole card where there is room; else it scrolls and the buttons stay.
+  auto* area = new QScrollArea(this);
+  area->setWidgetResizable(true);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setWidget(page);
+  auto* all = new QVBoxLayout(this);
+  all->addWidget(area, 1);
+  all->addWidget(BuildButtons());
+  SetCancelButton(cmdIesire);
+  SetTabOrder();
+  resize(page->sizeHint().expandedTo({1100, 0}) + QSize(24, 90));
+}
+
+// Letters of labels and buttons are those that the frame's menu leaves free.
+//
+// As one reads: the asset, its purchase, its dates, then how it is depreciated.
+void frmFisaImo::SetTabOrder() {
+  QWidget* before = nullptr;
+  for (QWidget* next : std::initializer_list<QWidget*>{
+           txtText[0],   txtText[2],    cboGrupa,     cboCont,       cboCentruCost, cboLocalizare,
+           txtText[5],   cboFurnizori,  cboTVA,       txtNumar[0],   txtNumar[1],   txtNumar[2],
+           DTPicker1[0], DTPicker1[1],  DTPicker1[2], DTPicker1[3],  Liniara,       Accelerata,
+           CuUzura,      FaraUzura,     Faraam,       txtNumar[10],  txtNumar[3],   txtNumar[4],
+           txtNumar[5],  cboGradUtiliz, chkChelt,     txtNumar[13],  txtNumar[14],  chkBlocata,
+           DTPicker1[4], txtNumar[7],   txtNumar[8],  txtNumar[11],  txtNumar[12],  txtText[10],
+           cmdSalvare,   cmdModificare, cmdVanzare,   cmdConservare, cmdIesire}) {
+    if (before) setTabOrder(before, next);
+    before = next;
+  }
+}
+
+}  // namespace tevra
