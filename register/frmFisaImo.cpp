@@ -235,7 +235,7 @@ void frmFisaImo::PickedInCombo(const ComboSource& combo) {
     const std::string bound = combo.combo->BoundText();
     if (combo.combo == cboGradUtiliz) return txtNumar[6]->SetText(bound);
     static_cast<TextBox*>(combo.box)->SetText(bound);
-    if (combo.combo == cboGrupa) cboGrupa_Click();
+    if (combo.combo == cboGrupa && !bound.empty()) cboGrupa_Click();
   });
 }
 

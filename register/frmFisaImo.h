@@ -13,7 +13,7 @@
 #include "platform/forms/Form.h"
 #include "register/AssetSave.h"
 
-class QBoxLayout;
+class QGridLayout;
 
 namespace tevra {
 
@@ -62,6 +62,7 @@ class frmFisaImo : public Form {
 
  protected:
   void Form_Activate() override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   struct ComboSource;
@@ -79,6 +80,7 @@ class frmFisaImo : public Form {
   void MakeBoxes();
   DataCombo* MakeCombo(const char* name, const char* tag);
   QRadioButton* MakeOption(const char* name, const char* caption, Method method);
+  void Arrange(bool narrow);
   void SetTabOrder();
   void Connect();
 
@@ -125,6 +127,11 @@ class frmFisaImo : public Form {
   AssetToOpen asset_;
   std::array<Adodc*, 7> sources_{};
   bool loading_ = false;
+
+  std::array<QWidget*, 7> frames_{};
+  QGridLayout* grid_ = nullptr;
+  int wide_ = 0;  // the least width at which the frames stand in two rows
+  bool narrow_ = false;
 };
 
 }  // namespace tevra

@@ -273,34 +273,56 @@ QWidget* frmFisaImo::BuildButtons() {
 void frmFisaImo::Build() {
   MakeBoxes();
   auto* page = new QWidget;
-  auto* grid = new QGridLayout(page);
-  grid->addWidget(BuildIdentity(), 0, 0, 1, 2);
-  grid->addWidget(BuildPurchase(), 0, 2);
-  grid->addWidget(BuildDates(), 0, 3);
-  grid->addWidget(BuildMethod(), 1, 0);
-  grid->addWidget(BuildDurations(), 1, 1);
-  grid->addWidget(BuildExpense(), 1, 2);
-  grid->addWidget(BuildBlocking(), 1, 3);
+  grid_ = new QGridLayout;
+  frames_ = {BuildIdentity(),  BuildPurchase(), BuildDates(),   BuildMethod(),
+             BuildDurations(), BuildExpense(),  BuildBlocking()};
+  Arrange(false);
   auto* remarks = new QHBoxLayout;
   remarks->addWidget(LabelOf(txtText[10], "Observatii"));
   remarks->addWidget(txtText[10], 1);
-  grid->addLayout(remarks, 2, 0, 1, 4);
-  grid->setColumnStretch(0, 2);
-  grid->setColumnStretch(1, 2);
-  grid->setColumnStretch(2, 4);
-  grid->setColumnStretch(3, 2);
-  grid->setRowStretch(3, 1);
+  auto* whole = new QVBoxLayout(page);
+  whole->addLayout(grid_);
+  whole->addLayout(remarks);
+  whole->addStretch();
   // The whole card where there is room; else it scrolls and the buttons stay.
   auto* area = new QScrollArea(this);
   area->setWidgetResizable(true);
   area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
   area->setWidget(page);
   auto* all = new QVBoxLayout(this);
   all->addWidget(area, 1);
   all->addWidget(BuildButtons());
   SetCancelButton(cmdIesire);
   SetTabOrder();
+  wide_ = page->minimumSizeHint().width() + 40;
+  setMinimumSize(560, 240);
   resize(page->sizeHint().expandedTo({1100, 0}) + QSize(24, 90));
+  txtText[0]->setFocus();
+}
+
+// Two rows of frames side by side, or, where the card is narrow, four of two.
+void frmFisaImo::Arrange(bool narrow) {
+  struct Place {
+    int row, column, columns;
+  };
+  static constexpr Place kWide[] = {{0, 0, 2}, {0, 2, 1}, {0, 3, 1}, {1, 0, 1},
+                                    {1, 1, 1}, {1, 2, 1}, {1, 3, 1}};
+  static constexpr Place kNarrow[] = {{0, 0, 2}, {1, 0, 1}, {1, 1, 1}, {2, 0, 1},
+                                      {2, 1, 1}, {3, 0, 1}, {3, 1, 1}};
+  for (std::size_t i = 0; i < frames_.size(); ++i) {
+    const Place& place = narrow ? kNarrow[i] : kWide[i];
+    grid_->addWidget(frames_[i], place.row, place.column, 1, place.columns);
+  }
+  for (int column = 0; column < 4; ++column) {
+    grid_->setColumnStretch(column, narrow && column > 1 ? 0 : column == 2 ? 4 : 2);
+  }
+  narrow_ = narrow;
+}
+
+void frmFisaImo::resizeEvent(QResizeEvent* event) {
+  Form::resizeEvent(event);
+  if (narrow_ != (width() < wide_)) Arrange(!narrow_);
 }
 
 // Letters of labels and buttons are those that the frame's menu leaves free.

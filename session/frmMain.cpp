@@ -195,9 +195,10 @@ void frmMain::ShowForm(Form& form) {
   // A screen that closes itself takes its window along.
   connect(
       &form, &Form::Closed, window, [window] { window->close(); }, Qt::QueuedConnection);
-  window->move(PlaceOfNext(window->size()));
+  const QPoint place = PlaceOfNext(window->size());
   window->show();
   form.show();
+  window->move(place);
   mdiArea->setActiveSubWindow(window);
 }
 

@@ -50,6 +50,7 @@ QWidget* Scrolled(QWidget* content) {
   auto* area = new QScrollArea;
   area->setWidgetResizable(true);
   area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
   area->setWidget(content);
   return area;
 }

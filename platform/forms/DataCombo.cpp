@@ -33,10 +33,7 @@ DataCombo::DataCombo(const char* name, QWidget* parent) : QComboBox(parent) {
     typed_ = false;
     emit Picked();
   });
-  connect(lineEdit(), &QLineEdit::textEdited, this, [this] {
-    typed_ = true;
-    unlisted_.clear();
-  });
+  connect(lineEdit(), &QLineEdit::textEdited, this, [this] { typed_ = true; });
   connect(lineEdit(), &QLineEdit::editingFinished, this, [this] { TakeTyped(); });
   binding_ = new Binding(this, {[this](const Value& value) {
                                   loaded_ = value.TextOrEmpty();
@@ -51,18 +48,39 @@ DataCombo::DataCombo(const char* name, QWidget* parent) : QComboBox(parent) {
                                 }});
 }
 
-// A text typed to its end means the entry of that text; of several, the one that was there.
+// The entry that a typed text means: of that text, of that value, or the only one that begins so.
+// Of several alike, the one that was there.
+int DataCombo::EntryOf(const QString& typed) const {
+  const int at = currentIndex();
+  if (at >= 0 && itemText(at).compare(typed, Qt::CaseInsensitive) == 0) return at;
+  const int sameText = findText(typed, Qt::MatchFixedString);
+  if (sameText >= 0) return sameText;
+  const int sameValue = findData(typed, Qt::UserRole, Qt::MatchFixedString);
+  if (sameValue >= 0) return sameValue;
+  const int first = findText(typed, Qt::MatchStartsWith);
+  if (first < 0) return -1;
+  for (int i = first + 1; i < count(); ++i) {
+    if (itemText(i).startsWith(typed, Qt::CaseInsensitive)) return -1;
+  }
+  return first;
+}
+
+// A text that means no entry gives way to what stood there; an empty one means none.
 void DataCombo::TakeTyped() {
   if (!std::exchange(typed_, false)) return;
-  const int at = currentIndex();
-  if (at >= 0 && itemText(at).compare(currentText(), Qt::CaseInsensitive) == 0) {
-    setEditText(itemText(at));
-    return;
+  const std::string before =
+      currentIndex() >= 0 ? itemData(currentIndex()).toString().toStdString() : unlisted_;
+  const int entry = currentText().isEmpty() ? -1 : EntryOf(currentText());
+  if (entry >= 0) {
+    unlisted_.clear();
+    setCurrentIndex(entry);
+    setEditText(itemText(entry));
+  } else if (currentText().isEmpty()) {
+    SetText("");
+  } else {
+    SetBoundText(before);
   }
-  const int found = findText(currentText(), Qt::MatchFixedString);
-  if (found < 0) return;
-  setCurrentIndex(found);
-  emit Picked();
+  if (BoundText() != before) emit Picked();
 }
 
 void DataCombo::SetRowSource(Adodc* rows) {
@@ -102,7 +120,7 @@ void DataCombo::Fill() {
 
 std::string DataCombo::BoundText() const {
   const int index = currentIndex();
-  if (index < 0) return unlisted_;
+  if (index < 0) return typed_ ? std::string() : unlisted_;
   if (itemText(index) != currentText()) return {};
   return itemData(index).toString().toStdString();
 }

@@ -9,7 +9,8 @@
 
 namespace tevra {
 
-/// Typing looks for the entry that begins so. May itself be bound to a field of another source: a
+/// Typing looks for the entry that begins so, or that stands for what is typed; a text that means
+/// none gives way when the box is left. May itself be bound to a field of another source: a
 /// value that the list does not have shows no text and stays until the user picks or types.
 class DataCombo : public QComboBox {
   Q_OBJECT
@@ -36,7 +37,7 @@ class DataCombo : public QComboBox {
   void SetDataField(Adodc* source, const std::string& field = {});
 
  signals:
-  /// The user picked an entry of the list.
+  /// The user picked an entry of the list, or none by emptying the box.
   void Picked();
 
  protected:
@@ -45,6 +46,7 @@ class DataCombo : public QComboBox {
 
  private:
   void Fill();
+  int EntryOf(const QString& typed) const;
   void TakeTyped();
 
   QPointer<Adodc> rows_;

@@ -179,6 +179,25 @@ TEST(Boxes, ADataComboStandsForItsBoundColumn) {
   QTest::keyClick(&combo, Qt::Key_Return);
   EXPECT_EQ(picked, 1);
   EXPECT_EQ(combo.currentIndex(), 3);
+  const auto type = [&combo](const char* text) {
+    combo.lineEdit()->selectAll();
+    QTest::keyClicks(&combo, text);
+    QTest::keyClick(&combo, Qt::Key_Tab);
+    emit combo.lineEdit()->editingFinished();
+    return combo.BoundText();
+  };
+  combo.setCompleter(nullptr);
+  EXPECT_EQ(type("2131"), "2131") << "by its value";
+  EXPECT_EQ(type("404-f"), "404") << "by its beginning";
+  EXPECT_EQ(type("nu exista"), "404");
+  EXPECT_EQ(combo.Text().substr(0, 4), "404-");
+  EXPECT_EQ(type("2"), "404") << "more than one begins so";
+  const int before = picked;
+  combo.lineEdit()->selectAll();
+  QTest::keyClick(&combo, Qt::Key_Delete);
+  emit combo.lineEdit()->editingFinished();
+  EXPECT_EQ(combo.BoundText(), "");
+  EXPECT_EQ(picked, before + 1);
 }
 
 TEST(Boxes, OfEntriesWithTheSameTextTheOneChosenStays) {
