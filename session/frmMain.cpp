@@ -186,6 +186,7 @@ void frmMain::ShowForm(Form& form) {
     return;
   }
   const QSize wanted = form.size();
+  const QMdiSubWindow* front = mdiArea->activeSubWindow();
   QMdiSubWindow* window = mdiArea->addSubWindow(&form);
   window->setAttribute(Qt::WA_DeleteOnClose);
   window->setWindowIcon(windowIcon());
@@ -195,16 +196,14 @@ void frmMain::ShowForm(Form& form) {
   // A screen that closes itself takes its window along.
   connect(
       &form, &Form::Closed, window, [window] { window->close(); }, Qt::QueuedConnection);
-  const QPoint place = PlaceOfNext(window->size());
   window->show();
   form.show();
-  window->move(place);
+  window->move(PlaceBehind(front, window->size()));
   mdiArea->setActiveSubWindow(window);
 }
 
 // A title lower than the child in front, as far as the frame has room: never half outside.
-QPoint frmMain::PlaceOfNext(const QSize& size) const {
-  const QMdiSubWindow* front = mdiArea->activeSubWindow();
+QPoint frmMain::PlaceBehind(const QMdiSubWindow* front, const QSize& size) const {
   if (!front || front->isMaximized() || front->isMinimized()) return {};
   const QPoint wanted = front->pos() + QPoint(kStep, kStep);
   const QSize room = mdiArea->viewport()->size() - size;

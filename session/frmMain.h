@@ -57,7 +57,7 @@ class frmMain : public QMainWindow {
   void ShowFailure(const MenuItem& item);
   void Preluare_Click();
   std::vector<QMdiSubWindow*> ChildrenToArrange() const;
-  QPoint PlaceOfNext(const QSize& size) const;
+  QPoint PlaceBehind(const QMdiSubWindow* front, const QSize& size) const;
   void ChildActivated(QMdiSubWindow* window);
   void Cascade();
   void Tile(bool sideBySide);

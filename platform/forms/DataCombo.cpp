@@ -75,6 +75,7 @@ void DataCombo::TakeTyped() {
     unlisted_.clear();
     setCurrentIndex(entry);
     setEditText(itemText(entry));
+    lineEdit()->setCursorPosition(0);
   } else if (currentText().isEmpty()) {
     SetText("");
   } else {
