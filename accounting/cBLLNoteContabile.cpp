@@ -152,11 +152,11 @@ void cBLLNoteContabile::AddNota(const Connection& connection, bool sameNote) {
 
 // On the caller's connection: the notes of his own transaction have their numbers already.
 void cBLLNoteContabile::GetNDI(Writer& writer) {
-  NDI = Nz(writer.greatestNote.QueryValue()).AsLong() + 1;
+  NDI = CLng(Nz(writer.greatestNote.QueryValue()).AsDouble() + 1);
 }
 
 void cBLLNoteContabile::GetNrLinie(Writer& writer) {
-  NrLinie = Nz(writer.greatestLine.QueryValue({NDI})).AsLong() + 1;
+  NrLinie = CLng(Nz(writer.greatestLine.QueryValue({NDI})).AsDouble() + 1);
 }
 
 }  // namespace tevra

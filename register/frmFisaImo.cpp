@@ -71,11 +71,9 @@ void frmFisaImo::Connect() {
   });
   connect(cmdIesire, &QPushButton::clicked, this, [this] { close(); });
 
-  for (QRadioButton* option : Options()) {
+  for (OptionButton* option : Options()) {
     const auto method = static_cast<Method>(option->property("Letter").toString()[0].toLatin1());
-    connect(option, &QRadioButton::toggled, this, [this, method](bool chosen) {
-      if (chosen) OptionClicked(method);
-    });
+    connect(option, &OptionButton::Click, this, [this, method] { OptionClicked(method); });
   }
   for (const int index : {0, 1, 3, 4, 7, 8}) {
     OnLeave(txtNumar[static_cast<std::size_t>(index)], "txtNumar_LostFocus",
@@ -84,20 +82,21 @@ void frmFisaImo::Connect() {
               return true;
             });
   }
+  // What cannot be derived is told and holds nobody: the box with the mistake may be another one.
   for (const int index : {0, 1, 2}) {
-    OnLeaveShort(DTPicker1[static_cast<std::size_t>(index)], "DTPicker1_LostFocus",
-                 [this, index](Procedure&) {
-                   DTPicker1_LostFocus(index);
-                   return true;
-                 });
+    OnLeave(DTPicker1[static_cast<std::size_t>(index)], "DTPicker1_LostFocus",
+            [this, index](Procedure&) {
+              RunShort("DTPicker1_LostFocus", [&](Procedure&) { DTPicker1_LostFocus(index); });
+              return true;
+            });
   }
-  connect(chkBlocata, &QCheckBox::toggled, this,
+  connect(chkBlocata, &CheckBox::Click, this,
           [this] { RunShort("chkBlocata_Click", [this](Procedure&) { chkBlocata_Click(); }); });
-  OnLeaveShort(chkBlocata, "chkBlocata_LostFocus", [this](Procedure&) {
-    chkBlocata_LostFocus();
+  OnLeave(chkBlocata, "chkBlocata_LostFocus", [this](Procedure&) {
+    RunShort("chkBlocata_LostFocus", [this](Procedure&) { chkBlocata_LostFocus(); });
     return true;
   });
-  connect(chkChelt, &QCheckBox::toggled, this, [this] {
+  connect(chkChelt, &CheckBox::Click, this, [this] {
     if (!loading_) RunShort("chkChelt_Click", [this](Procedure&) { chkChelt_Click(); });
   });
   for (const ComboSource& combo : Combos()) {
@@ -139,7 +138,7 @@ void frmFisaImo::OpenExisting() {
   LoadBoxes(row);
   if (KeepsNewClass()) txtText[1]->SetText(row.Get("COD_GR_NOU").TextOrEmpty());
   if (Nz(row.Get("BLOCATA"), Value::YesNo(false)).AsBool()) chkBlocata->setChecked(true);
-  for (QRadioButton* option : {Liniara, CuUzura, FaraUzura, Accelerata, Faraam}) {
+  for (OptionButton* option : {Liniara, CuUzura, FaraUzura, Accelerata, Faraam}) {
     if (option->property("Letter").toString().toStdString() != txtText[9]->Text()) continue;
     option->setChecked(true);
     break;
@@ -218,14 +217,19 @@ void frmFisaImo::LoadCombos() {
       continue;
     }
     const std::string text = GetTextDataCombo(each.text, {value});
-    each.combo->SetBoundText(value);
-    if (each.combo->Text() != text) each.combo->SetText(text);
+    if (text.empty()) {
+      each.combo->SetText("");
+    } else {
+      each.combo->SetBoundText(value, text);
+    }
   }
+  loaded_ = true;
 }
 
 // Codes that were added meanwhile on other screens come into the lists.
 void frmFisaImo::Form_Activate() {
   static constexpr std::size_t kOrder[] = {1, 6, 3, 0, 2, 5, 4};
+  if (!loaded_) return;
   for (const std::size_t i : kOrder) sources_[i]->Refresh();
 }
 
@@ -328,21 +332,21 @@ void frmFisaImo::CurataCampuri() {
        {cboCentruCost, cboCont, cboFurnizori, cboGradUtiliz, cboGrupa, cboLocalizare, cboTVA}) {
     combo->SetText("");
   }
-  for (QRadioButton* option : Options()) {
+  for (OptionButton* option : Options()) {
     option->setAutoExclusive(false);
     option->setChecked(false);
     option->setAutoExclusive(true);
   }
   Liniara->setChecked(true);
   txtNumar[6]->SetText("100");
-  txtText[0]->setFocus();
+  GiveFocus(txtText[0]);
 }
 
 // ---- Validation ---------------------------------------------------------------------------------
 
 bool frmFisaImo::Refuse(const std::string& message, QWidget* box) {
   MsgBoxEx(message, kCritical);
-  if (box) box->setFocus();
+  if (box) GiveFocus(box);
   return false;
 }
 

@@ -4,7 +4,6 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QPushButton>
-#include <QRadioButton>
 #include <array>
 #include <string>
 
@@ -43,11 +42,11 @@ class frmFisaImo : public Form {
   QGroupBox* Frame2 = nullptr;  ///< the buttons
   QGroupBox* Frame6 = nullptr;  ///< the methods
   QGroupBox* Frame7 = nullptr;  ///< direct expense
-  QRadioButton* Liniara = nullptr;
-  QRadioButton* Accelerata = nullptr;
-  QRadioButton* CuUzura = nullptr;
-  QRadioButton* FaraUzura = nullptr;
-  QRadioButton* Faraam = nullptr;
+  OptionButton* Liniara = nullptr;
+  OptionButton* Accelerata = nullptr;
+  OptionButton* CuUzura = nullptr;
+  OptionButton* FaraUzura = nullptr;
+  OptionButton* Faraam = nullptr;
   CheckBox* chkBlocata = nullptr;
   CheckBox* chkChelt = nullptr;
   QPushButton* cmdSalvare = nullptr;
@@ -79,7 +78,7 @@ class frmFisaImo : public Form {
   QWidget* BuildButtons();
   void MakeBoxes();
   DataCombo* MakeCombo(const char* name, const char* tag);
-  QRadioButton* MakeOption(const char* name, const char* caption, Method method);
+  OptionButton* MakeOption(const char* name, const char* caption, Method method);
   void Arrange(bool narrow);
   void SetTabOrder();
   void Connect();
@@ -96,7 +95,7 @@ class frmFisaImo : public Form {
 
   // The method panel.
   Method Letter() const;
-  std::array<QRadioButton*, 5> Options() const;
+  std::array<OptionButton*, 5> Options() const;
   void OptionClicked(Method method);
   void Liniara_Click();
   void MethodClick(Method method);
@@ -127,6 +126,7 @@ class frmFisaImo : public Form {
   AssetToOpen asset_;
   std::array<Adodc*, 7> sources_{};
   bool loading_ = false;
+  bool loaded_ = false;  // the combos have their lists
 
   std::array<QWidget*, 7> frames_{};
   QGridLayout* grid_ = nullptr;

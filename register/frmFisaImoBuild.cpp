@@ -122,6 +122,7 @@ void frmFisaImo::MakeBoxes() {
   }
   for (std::size_t i = 0; i < DTPicker1.size(); ++i) {
     DTPicker1[i] = new DateBox(Indexed("DTPicker1", i).c_str(), this, "d/MM/yyyy");
+    DTPicker1[i]->SetRequired();
   }
   cboGrupa = MakeCombo("cboGrupa", "Grupa de Imobilizare");
   cboCentruCost = MakeCombo("cboCentruCost", "");
@@ -164,9 +165,8 @@ QWidget* frmFisaImo::BuildPurchase() {
   return frame;
 }
 
-QRadioButton* frmFisaImo::MakeOption(const char* name, const char* caption, Method method) {
-  auto* option = new QRadioButton(caption, Frame6);
-  option->setObjectName(name);
+OptionButton* frmFisaImo::MakeOption(const char* name, const char* caption, Method method) {
+  auto* option = new OptionButton(name, caption, Frame6);
   option->setProperty("Letter", QString(QChar(static_cast<char>(method))));
   return option;
 }
@@ -178,11 +178,11 @@ QWidget* frmFisaImo::BuildMethod() {
   CuUzura = MakeOption("CuUzura", "Degresiva cu uzura morala", kWithWear);
   FaraUzura = MakeOption("FaraUzura", "Degresiva fara uzura morala", kWithoutWear);
   Faraam = MakeOption("Faraam", "Fara amortizare", kNoDepreciation);
-  txtNumar[10]->setToolTip("Cota anuala din prima faza, pentru amortizarea accelerata");
+  txtNumar[10]->setToolTip("Coeficientul primei faze; se poate schimba la amortizarea accelerata");
   auto* grid = new QGridLayout(Frame6);
   grid->setVerticalSpacing(5);
   int row = 0;
-  for (QRadioButton* option : Options()) grid->addWidget(option, row++, 0, 1, 2);
+  for (OptionButton* option : Options()) grid->addWidget(option, row++, 0, 1, 2);
   grid->addWidget(LabelOf(txtNumar[10], "Coeficient"), row, 0);
   grid->addWidget(txtNumar[10], row, 1);
   grid->setRowStretch(row + 1, 1);
@@ -213,7 +213,7 @@ QWidget* frmFisaImo::BuildDates() {
 
 QWidget* frmFisaImo::BuildExpense() {
   Frame7 = Frame("Frame7", "Trecere direct in cheltuieli");
-  chkChelt = new CheckBox("chkChelt", "&20%", Frame7);
+  chkChelt = new CheckBox("chkChelt", "20%", Frame7);
   Pairs pairs(Frame7);
   pairs.AddAcross(chkChelt);
   pairs.Add("Valoare Lei", txtNumar[13]);
@@ -253,8 +253,8 @@ QWidget* frmFisaImo::BuildButtons() {
     made->setMinimumWidth(std::max(96, made->sizeHint().width() + 20));
     return made;
   };
-  cmdSalvare = button("cmdSalvare", "&Adaugare", "Creare imobilizare noua");
-  cmdModificare = button("cmdModificare", "Sal&vare", "Salvare modificari");
+  cmdSalvare = button("cmdSalvare", "Adaugare", "Creare imobilizare noua");
+  cmdModificare = button("cmdModificare", "Salvare", "Salvare modificari");
   cmdVanzare =
       button("cmdVanzare", "Iesire imobilizare", "Iesire imobilizare prin casare sau vanzare");
   cmdConservare = button("cmdConservare", "Conservare", "");
@@ -325,7 +325,7 @@ void frmFisaImo::resizeEvent(QResizeEvent* event) {
   if (narrow_ != (width() < wide_)) Arrange(!narrow_);
 }
 
-// Letters of labels and buttons are those that the frame's menu leaves free.
+// Letters of labels are those that the frame's menu leaves free.
 //
 // As one reads: the asset, its purchase, its dates, then how it is depreciated.
 void frmFisaImo::SetTabOrder() {

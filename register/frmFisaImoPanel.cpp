@@ -28,7 +28,7 @@ Method frmFisaImo::Letter() const {
   return letter.empty() ? kNoMethod : static_cast<Method>(letter[0]);
 }
 
-std::array<QRadioButton*, 5> frmFisaImo::Options() const {
+std::array<OptionButton*, 5> frmFisaImo::Options() const {
   return {Liniara, Accelerata, CuUzura, FaraUzura, Faraam};
 }
 
@@ -73,15 +73,19 @@ void frmFisaImo::MethodClick(Method method) {
   if (txtNumar[3]->IsEmpty()) {
     MsgBoxEx("Va rugam completati " + txtNumar[3]->property("Tag").toString().toStdString() + " !");
     FallBackToLinear();
-    txtNumar[3]->setFocus();
+    GiveFocus(txtNumar[3]);
     return;
   }
   Derived derived;
+  derived.realIsNormal = method == kAccelerated;
   bool fits = false;
   try {
-    fits = PickMethod(method, NumberIn(*txtNumar[3]), chkBlocata->isChecked(),
-                      method == kAccelerated ? txtNumar[11]->Number() : std::nullopt,
-                      CompanyCoefficients, derived);
+    // Only what the method looks at must be a number.
+    const bool byYearsLeft = method == kAccelerated && chkBlocata->isChecked();
+    const bool byNormal = method != kNoDepreciation && !byYearsLeft;
+    fits = PickMethod(method, byNormal ? NumberIn(*txtNumar[3]) : 0, byYearsLeft,
+                      byYearsLeft ? txtNumar[11]->Number() : std::nullopt, CompanyCoefficients,
+                      derived);
   } catch (const Failure&) {
     Apply(derived);
     throw;
@@ -96,7 +100,7 @@ void frmFisaImo::MethodClick(Method method) {
 
 void frmFisaImo::FallBackToLinear() {
   Liniara->setChecked(true);
-  Liniara->setFocus();
+  GiveFocus(Liniara);
 }
 
 void frmFisaImo::Apply(const Derived& derived, bool withReal) {
@@ -131,7 +135,8 @@ void frmFisaImo::txtNumar_LostFocus(int index) {
         if (index == 4) LeaveRealDuration();
         if (index == 7 || index == 8) {
           const double rate = txtNumar[1]->Number().value_or(0);
-          if (rate != 0) txtNumar[8]->SetNumber(RoundTo(NumberIn(*txtNumar[7]) / rate, 0));
+          if (rate != 0 && !txtNumar[7]->IsEmpty())
+            txtNumar[8]->SetNumber(RoundTo(NumberIn(*txtNumar[7]) / rate, 0));
         }
       },
       told);
@@ -141,7 +146,7 @@ bool frmFisaImo::LeaveNormalDuration() {
   if (txtNumar[3]->IsEmpty()) {
     MsgBoxEx("Va rugam completati " + txtNumar[3]->property("Tag").toString().toStdString() + " !");
     Liniara->setChecked(true);
-    txtNumar[3]->setFocus();
+    GiveFocus(txtNumar[3]);
     return false;
   }
   const bool derived = DerivedFromDuration(true);
@@ -153,7 +158,7 @@ bool frmFisaImo::LeaveNormalDuration() {
 bool frmFisaImo::LeaveRealDuration() {
   if (txtNumar[3]->IsEmpty()) {
     MsgBoxEx("Va rugam introduceti o valoare numerica");
-    txtNumar[3]->setFocus();
+    GiveFocus(txtNumar[3]);
     return false;
   }
   return DerivedFromDuration(NumberIn(*txtNumar[3]) <= 0);
@@ -162,7 +167,7 @@ bool frmFisaImo::LeaveRealDuration() {
 bool frmFisaImo::DerivedFromDuration(bool withReal) {
   Derived derived;
   Method method = kNoMethod;
-  for (const QRadioButton* option : Options()) {
+  for (const OptionButton* option : Options()) {
     if (option->isChecked()) {
       method = static_cast<Method>(option->property("Letter").toString()[0].toLatin1());
     }
@@ -218,12 +223,12 @@ void frmFisaImo::chkBlocata_Click() {
     MsgBoxEx(OutOfRangeText(method, years.Text()));
     FallBackToLinear();
   }
-  for (QRadioButton* option : Options()) option->setEnabled(false);
+  for (OptionButton* option : Options()) option->setEnabled(false);
 }
 
 void frmFisaImo::chkBlocata_LostFocus() {
   if (chkBlocata->isChecked()) return;
-  for (QRadioButton* option : Options()) option->setEnabled(true);
+  for (OptionButton* option : Options()) option->setEnabled(true);
   for (const std::size_t i : {7, 8, 11, 12}) txtNumar[i]->SetText("0");
 }
 

@@ -2,7 +2,9 @@
 
 #include <QCalendarWidget>
 #include <QKeyEvent>
+#include <QRegularExpression>
 #include <QWheelEvent>
+#include <algorithm>
 
 #include "platform/system/Clock.h"
 #include "platform/text/FailureText.h"
@@ -48,6 +50,11 @@ NumberBox::NumberBox(const char* name, const std::string& format, QWidget* paren
     : QLineEdit(parent), format_(format) {
   setObjectName(name);
   setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  // Typed over, also with the text that stood there, it is what was typed.
+  connect(this, &QLineEdit::textEdited, this, [this] {
+    number_.reset();
+    shown_.clear();
+  });
   binding_ = new Binding(this, {[this](const Value& value) {
                                   loaded_.reset();
                                   if (!value.IsNull()) loaded_ = value.AsDouble();
@@ -92,7 +99,6 @@ void NumberBox::SetText(const std::string& text) {
   number_.reset();
   shown_.clear();
   setText(QString::fromStdString(text));
-  Settle();
 }
 
 // A text that is no number stays as typed, for the screen's own check to name.
@@ -162,19 +168,55 @@ void DateBox::StartAtToday() {
   if (date() == kNoDate) setDate(ToQt(clock::Today()));
 }
 
+namespace {
+
+bool IsSeparator(QChar character) {
+  return QString("./-, ").contains(character);
+}
+
+// "01012006", "1/1/2006", separators as points.
+QDate WholeDateIn(const QString& typed) {
+  static const QRegularExpression kWhole(
+      "^(\\d{1,2})\\.(\\d{1,2})\\.(\\d{4})$|^(\\d{2})(\\d{2})(\\d{4})$");
+  const QRegularExpressionMatch match = kWhole.match(typed);
+  if (!match.hasMatch()) return {};
+  const int first = match.captured(1).isEmpty() ? 4 : 1;
+  return {match.captured(first + 2).toInt(), match.captured(first + 1).toInt(),
+          match.captured(first).toInt()};
+}
+
+}  // namespace
+
 // The picker takes a date part by part and each part for the month and year that stand there: "31"
-// typed over a day of November becomes 30. All eight digits together say what was meant.
+// typed over a day of November becomes 30. The whole date together says what was meant.
 std::optional<QDate> DateBox::TakeTyped(const QKeyEvent& event) {
-  const QString text = event.text();
-  if (text.isEmpty() || text == "." || text == "/") return std::nullopt;
-  if (!text.at(0).isDigit()) typed_.clear();
-  const bool begins = typed_.isEmpty() && currentSection() == QDateTimeEdit::DaySection;
-  if (!text.at(0).isDigit() || (typed_.isEmpty() && !begins)) return std::nullopt;
-  typed_ += text;
-  if (typed_.size() < 8) return std::nullopt;
-  const QDate date = QDate::fromString(typed_, "ddMMyyyy");
+  constexpr int kLongest = 10;
+  if (event.text().isEmpty()) return std::nullopt;
+  const QChar character = event.text().at(0);
+  const bool digit = character.isDigit();
+  const bool begins = typed_.isEmpty() && digit && currentSection() == QDateTimeEdit::DaySection;
+  if ((!digit && !IsSeparator(character)) || typed_.size() >= kLongest) typed_.clear();
+  if (typed_.isEmpty() && !begins) return std::nullopt;
+  typed_ += digit ? character : QChar('.');
+  const QDate date = WholeDateIn(typed_);
+  if (!date.isValid()) return std::nullopt;
   typed_.clear();
-  return date.isValid() ? std::optional(date) : std::nullopt;
+  // A day before any that the picker has would leave it without one.
+  return date > kNoDate ? std::optional(date) : std::nullopt;
+}
+
+// From day to month to year; the picker may have gone on by itself behind two digits.
+void DateBox::GoToNextPart() {
+  static constexpr QDateTimeEdit::Section kParts[] = {
+      QDateTimeEdit::DaySection, QDateTimeEdit::MonthSection, QDateTimeEdit::YearSection};
+  const int part =
+      typed_.isEmpty() ? currentSectionIndex() + 1 : static_cast<int>(typed_.count('.'));
+  setSelectedSection(kParts[std::clamp(part, 0, 2)]);
+}
+
+void DateBox::SetRequired() {
+  setSpecialValueText({});
+  setMinimumDate(kNoDate.addDays(1));
 }
 
 void DateBox::focusInEvent(QFocusEvent* event) {
@@ -197,6 +239,8 @@ void DateBox::keyPressEvent(QKeyEvent* event) {
   }
   if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right) typed_.clear();
   const std::optional<QDate> whole = TakeTyped(*event);
+  // The toolkit takes a separator for leaving the box.
+  if (!event->text().isEmpty() && IsSeparator(event->text().at(0))) return GoToNextPart();
   QDateEdit::keyPressEvent(event);
   if (whole) setDate(*whole);
 }
@@ -218,6 +262,11 @@ void DateBox::SetDataField(Adodc* source, const std::string& field) {
 CheckBox::CheckBox(const char* name, const QString& caption, QWidget* parent)
     : QCheckBox(caption, parent) {
   setObjectName(name);
+  connect(this, &QCheckBox::toggled, this, [this] {
+    if (!byUser_) emit Click();
+  });
+  connect(
+      this, &QCheckBox::clicked, this, [this] { emit Click(); }, Qt::QueuedConnection);
   binding_ = new Binding(this, {[this](const Value& value) {
                                   loaded_ = !value.IsNull() && value.AsBool();
                                   setChecked(loaded_);
@@ -228,8 +277,33 @@ CheckBox::CheckBox(const char* name, const QString& caption, QWidget* parent)
                                 }});
 }
 
+void CheckBox::nextCheckState() {
+  byUser_ = true;
+  QCheckBox::nextCheckState();
+  byUser_ = false;
+}
+
 void CheckBox::SetDataField(Adodc* source, const std::string& field) {
   binding_->Bind(source, field);
+}
+
+// ---- One of several
+// --------------------------------------------------------------------------------
+
+OptionButton::OptionButton(const char* name, const QString& caption, QWidget* parent)
+    : QRadioButton(caption, parent) {
+  setObjectName(name);
+  connect(this, &QRadioButton::toggled, this, [this](bool chosen) {
+    if (chosen && !byUser_) emit Click();
+  });
+  connect(
+      this, &QRadioButton::clicked, this, [this] { emit Click(); }, Qt::QueuedConnection);
+}
+
+void OptionButton::nextCheckState() {
+  byUser_ = true;
+  QRadioButton::nextCheckState();
+  byUser_ = false;
 }
 
 }  // namespace tevra

@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QDateEdit>
 #include <QLineEdit>
+#include <QRadioButton>
 #include <optional>
 #include <string>
 
@@ -50,7 +51,7 @@ class NumberBox : public QLineEdit {
   /// The number in the box; nothing when it is empty. Throws Failure 13 for any other text.
   std::optional<double> Number() const;
   void SetNumber(std::optional<double> number);
-  /// Puts a text in as if it had been typed.
+  /// Puts a text in as if it had been typed; it settles when the box is left.
   void SetText(const std::string& text);
 
   void SetDataField(Adodc* source, const std::string& field = {});
@@ -80,6 +81,8 @@ class DateBox : public QDateEdit {
 
   std::optional<DateTime> Date() const;
   void SetDate(std::optional<DateTime> date);
+  /// The box always has a date.
+  void SetRequired();
 
   void SetDataField(Adodc* source, const std::string& field = {});
 
@@ -92,8 +95,9 @@ class DateBox : public QDateEdit {
  private:
   void StartAtToday();
   std::optional<QDate> TakeTyped(const QKeyEvent& event);
+  void GoToNextPart();
 
-  QString typed_;  // the digits of a date being typed from its day on
+  QString typed_;  // of a date being typed from its day on: digits, a point for a separator
   Binding* binding_;
   std::optional<DateTime> loaded_;
 };
@@ -106,9 +110,36 @@ class CheckBox : public QCheckBox {
   CheckBox(const char* name, const QString& caption, QWidget* parent = nullptr);
   void SetDataField(Adodc* source, const std::string& field = {});
 
+ signals:
+  /// It was ticked or cleared: by the program, at once; by the user, once the box that he left has
+  /// been heard.
+  void Click();
+
+ protected:
+  void nextCheckState() override;
+
  private:
   Binding* binding_;
   bool loaded_ = false;
+  bool byUser_ = false;
+};
+
+/// One choice of several.
+class OptionButton : public QRadioButton {
+  Q_OBJECT
+
+ public:
+  OptionButton(const char* name, const QString& caption, QWidget* parent = nullptr);
+
+ signals:
+  /// It was chosen, also when it stood already: as CheckBox::Click.
+  void Click();
+
+ protected:
+  void nextCheckState() override;
+
+ private:
+  bool byUser_ = false;
 };
 
 }  // namespace tevra

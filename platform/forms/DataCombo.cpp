@@ -79,7 +79,7 @@ void DataCombo::TakeTyped() {
   } else if (currentText().isEmpty()) {
     SetText("");
   } else {
-    SetBoundText(before);
+    SetBoundText(before, std::string(unlistedText_));
   }
   if (BoundText() != before) emit Picked();
 }
@@ -115,8 +115,8 @@ void DataCombo::Fill() {
               QString::fromStdString(rows.Get(*bound).TextOrEmpty()));
     }
   }
-  SetBoundText(stood);
-  if (currentIndex() < 0 && !text.isEmpty()) SetText(text.toStdString());
+  SetBoundText(stood, stood.empty() ? std::string() : text.toStdString());
+  if (currentIndex() < 0 && stood.empty() && !text.isEmpty()) SetText(text.toStdString());
 }
 
 std::string DataCombo::BoundText() const {
@@ -137,6 +137,15 @@ void DataCombo::SetBoundText(const std::string& text) {
   setCurrentIndex(-1);
   setEditText({});
   unlisted_ = text;
+  unlistedText_.clear();
+}
+
+void DataCombo::SetBoundText(const std::string& bound, const std::string& text) {
+  SetBoundText(bound);
+  if (currentIndex() >= 0) return;
+  setEditText(QString::fromStdString(text));
+  lineEdit()->setCursorPosition(0);
+  unlistedText_ = text;
 }
 
 void DataCombo::SetText(const std::string& text) {

@@ -29,6 +29,8 @@ class DataCombo : public QComboBox {
   std::string BoundText() const;
   /// Shows the entry that stands for a text, without case; no text when there is none.
   void SetBoundText(const std::string& text);
+  /// The same, with the text to show for a value that the list lacks.
+  void SetBoundText(const std::string& bound, const std::string& text);
   std::string Text() const { return currentText().toStdString(); }
   /// Shows a text, whether or not the list has it.
   void SetText(const std::string& text);
@@ -54,7 +56,8 @@ class DataCombo : public QComboBox {
   std::string boundColumn_;
   Binding* binding_;
   std::string unlisted_;  // what it stands for without an entry
-  bool typed_ = false;    // the text is the user's, and not yet looked up
+  std::string unlistedText_;
+  bool typed_ = false;  // the text is the user's, and not yet looked up
   std::string loaded_;
 };
 

@@ -95,6 +95,13 @@ QWidget* Form::FocusedBox() const {
   return nullptr;
 }
 
+void Form::GiveFocus(QWidget* box) {
+  keeping_ = true;
+  box->setFocus(Qt::OtherFocusReason);
+  keeping_ = false;
+  left_.clear();
+}
+
 // A box on a tab that was left comes back with its tab.
 void Form::KeepFocusIn(QWidget* box) {
   for (QWidget* around = box->parentWidget(); around && around != this;
@@ -106,10 +113,7 @@ void Form::KeepFocusIn(QWidget* box) {
   }
   // The button that was pressed to leave never gets its release: the message took it.
   if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) button->setDown(false);
-  keeping_ = true;
-  box->setFocus(Qt::OtherFocusReason);
-  keeping_ = false;
-  left_.clear();
+  GiveFocus(box);
 }
 
 // Back in the screen by way of another box: now the first one is left.

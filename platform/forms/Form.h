@@ -70,6 +70,9 @@ class Form : public QWidget {
 
   /// What the screen does each time it comes to the front.
   virtual void Form_Activate() {}
+  /// Puts the focus into a box as the program's own doing: no box is left by it.
+  void GiveFocus(QWidget* box);
+
   /// Asked before the screen closes; false keeps it open.
   virtual bool QueryUnload() { return true; }
   /// Runs once when the screen closes, after QueryUnload agreed.

@@ -149,6 +149,22 @@ TEST(Boxes, ADateIsTypedDayFirst) {
   QTest::keyClicks(&box, "31122006");
   EXPECT_EQ(box.Date(), DateTime(2006, 12, 31));
   EXPECT_EQ(box.text(), "31.12.2006");
+  // With separators too, and nothing that the picker has no day for.
+  DateBox slashes("slashes", nullptr, "d/MM/yyyy");
+  slashes.SetRequired();
+  slashes.show();
+  for (const char* typed : {"31/12/2006", "31.12.2006", "31122006"}) {
+    slashes.SetDate(DateTime(2026, 2, 1));
+    slashes.setSelectedSection(QDateTimeEdit::DaySection);
+    QTest::keyClicks(&slashes, typed);
+    EXPECT_EQ(slashes.Date(), DateTime(2006, 12, 31)) << typed;
+  }
+  slashes.setSelectedSection(QDateTimeEdit::DaySection);
+  QTest::keyClicks(&slashes, "1/2/2007");
+  EXPECT_EQ(slashes.Date(), DateTime(2007, 2, 1));
+  slashes.setSelectedSection(QDateTimeEdit::DaySection);
+  QTest::keyClicks(&slashes, "10120062");
+  EXPECT_TRUE(slashes.Date());
   clock::Reset();
 }
 
@@ -222,6 +238,36 @@ TEST(Boxes, OfEntriesWithTheSameTextTheOneChosenStays) {
   EXPECT_EQ(combo.BoundText(), third);
   suppliers.Refresh();
   EXPECT_EQ(combo.BoundText(), third);
+}
+
+TEST(Boxes, ANumberTypedOverIsWhatWasTyped) {
+  NumberBox box("box", "Standard");
+  box.SetNumber(333.3333);
+  EXPECT_EQ(box.Number(), 333.3333);
+  box.selectAll();
+  QTest::keyClicks(&box, "333,33");
+  EXPECT_EQ(box.Number(), 333.33);
+}
+
+TEST(Boxes, ATextForAValueThatTheListLacksIsShownUntilItIsEmptied) {
+  DataCombo combo("combo");
+  int picked = 0;
+  QObject::connect(&combo, &DataCombo::Picked, [&] { ++picked; });
+  const auto type = [&combo](const char* text) {
+    combo.lineEdit()->selectAll();
+    *text ? QTest::keyClicks(combo.lineEdit(), text)
+          : QTest::keyClick(combo.lineEdit(), Qt::Key_Delete);
+    emit combo.lineEdit()->editingFinished();
+  };
+  combo.SetBoundText("C2", "C2-Hala veche");
+  EXPECT_EQ(combo.BoundText(), "C2");
+  type("altceva");
+  EXPECT_EQ(combo.Text(), "C2-Hala veche");
+  EXPECT_EQ(combo.BoundText(), "C2");
+  EXPECT_EQ(picked, 0);
+  type("");
+  EXPECT_EQ(combo.BoundText(), "");
+  EXPECT_EQ(picked, 1);
 }
 
 TEST(Boxes, AValueThatTheListLacksStaysUntilTheUserTypes) {

@@ -100,7 +100,7 @@ TEST_F(FrmFisaImo, ANewCardStandsOnTodayAndTheUsualValues) {
   const auto card = Open();
   EXPECT_TRUE(card->Liniara->isChecked());
   EXPECT_EQ(card->txtText[9]->Text(), "L");
-  EXPECT_EQ(Boxes(*card, {6, 13, 14}), "100 0,00 0,00");
+  EXPECT_EQ(Boxes(*card, {6, 13, 14}), "100 0 0");
   EXPECT_EQ(card->cboGradUtiliz->Text(), "100");
   EXPECT_EQ(card->cboTVA->Text(), "FARA TVA-0");
   EXPECT_EQ(card->DTPicker1[0]->Date(), DateTime(2026, 11, 23));
@@ -132,7 +132,7 @@ TEST_F(FrmFisaImo, AssetsOfAllMethodsAreEnteredAndReopened) {
     {
       const auto card = Open();
       Fill(*card, c.normal);
-      card->findChild<QRadioButton*>(c.option)->setChecked(true);
+      card->findChild<OptionButton*>(c.option)->setChecked(true);
       EXPECT_EQ(Boxes(*card, {4, 5, 10}), c.boxes);
       card->DTPicker1[0]->setFocus();
       card->DTPicker1[1]->setFocus();
@@ -146,7 +146,7 @@ TEST_F(FrmFisaImo, AssetsOfAllMethodsAreEnteredAndReopened) {
     EXPECT_EQ(Stored(fields), c.stored);
     EXPECT_EQ(Stored("VAL_CUMP, VAL_CUMP_VAL, CURS, VAL_RAMASA"), "12000 2400 5 12000");
     const auto again = OpenStored();
-    EXPECT_TRUE(again->findChild<QRadioButton*>(c.option)->isChecked());
+    EXPECT_TRUE(again->findChild<OptionButton*>(c.option)->isChecked());
     EXPECT_EQ(again->cboFurnizori->Text(), "O'NEIL & FIII");
     EXPECT_EQ(again->cboTVA->Text(), "4426-19");
     EXPECT_FALSE(again->cmdSalvare->isEnabled());
@@ -187,7 +187,7 @@ TEST_F(FrmFisaImo, BlockingDerivesOverTheYearsLeftAndIsTakenBack) {
   again->txtText[10]->setFocus();
   QCoreApplication::processEvents();
   EXPECT_TRUE(again->Liniara->isEnabled());
-  EXPECT_EQ(Boxes(*again, {7, 8, 11, 12}), "0,00 0,00 0 0");
+  EXPECT_EQ(Boxes(*again, {7, 8, 11, 12}), "0 0 0 0");
   Press(again->cmdModificare);
   EXPECT_EQ(Stored("BLOCATA, DRBANI"), "False 2");
 }
@@ -297,6 +297,54 @@ TEST_F(FrmFisaImo, WhatCannotBeDerivedIsToldAndTheBoxKeepsItsText) {
   EXPECT_EQ(card->txtNumar[3]->Text(), "opt");
 }
 
+TEST_F(FrmFisaImo, AnOptionChosenAgainDerivesAnewAndTheBoxLeftIsHeardFirst) {
+  const auto card = Open();
+  Type(card->txtNumar[3], "5");
+  Press(card->FaraUzura);
+  Type(card->txtNumar[3], "4");
+  EXPECT_EQ(Boxes(*card, {5, 10}), "0,25 37,5");
+  Press(card->FaraUzura);
+  EXPECT_EQ(Boxes(*card, {5, 10}), "0,333333333333333 0,375");
+  Press(card->Liniara);
+  card->txtNumar[3]->setFocus();
+  card->txtNumar[3]->selectAll();
+  QTest::keyClicks(card->txtNumar[3], "5");
+  Press(card->FaraUzura);
+  EXPECT_EQ(Boxes(*card, {4, 5, 10}), "5 0,333333333333333 0,3");
+}
+
+TEST_F(FrmFisaImo, WhatTheProgramDoesWithTheFocusLeavesNoBox) {
+  const auto card = Open();
+  card->txtNumar[3]->setFocus();
+  QTest::keyClick(card->txtNumar[3], Qt::Key_Tab);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(messages_.shown.size(), 1u);
+  EXPECT_TRUE(card->txtNumar[3]->hasFocus());
+  Fill(*card);
+  messages_.shown.clear();
+  card->txtNumar[3]->setFocus();
+  QTest::keyClick(card->txtNumar[3], Qt::Key_Return);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(messages_.shown.size(), 1u) << LastPrompt();
+  EXPECT_EQ(LastPrompt(), "Datele au fost salvate cu succes in Imobilizari!");
+  EXPECT_TRUE(card->txtText[0]->hasFocus());
+  EXPECT_EQ(card->DTPicker1[2]->Date(), DateTime(2026, 11, 23));
+  // A date that nothing follows from holds nobody either.
+  card->txtNumar[4]->SetText("abc");
+  card->DTPicker1[0]->setFocus();
+  card->txtNumar[4]->setFocus();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(messages_.shown.back().title, " DTPicker1_LostFocus ");
+  EXPECT_TRUE(card->txtNumar[4]->hasFocus());
+}
+
+TEST_F(FrmFisaImo, AnAssetThatIsGoneIsToldOnce) {
+  const auto card = Open({false, "4711"});
+  ASSERT_EQ(messages_.shown.size(), 1u);
+  EXPECT_EQ(messages_.shown[0].title, " Form_Load ");
+  EXPECT_EQ(LastPrompt(), "3021 - No current record");
+}
+
 TEST_F(FrmFisaImo, DatesFollowTheOneAbove) {
   const auto card = Open();
   Type(card->txtNumar[3], "8");
@@ -333,7 +381,7 @@ TEST_F(FrmFisaImo, DirectExpenseIsOfLinearAssetsAlone) {
   EXPECT_EQ(Boxes(*again, {13}), "2.000,00") << "ticked while loading, nothing is counted anew";
   again->Accelerata->setChecked(true);
   EXPECT_FALSE(again->Frame7->isEnabled());
-  EXPECT_EQ(Boxes(*again, {13, 14}), "0,00 0,00");
+  EXPECT_EQ(Boxes(*again, {13, 14}), "0 0");
   EXPECT_FALSE(again->chkChelt->isChecked());
   EXPECT_TRUE(again->txtNumar[10]->isEnabled());
 }
