@@ -128,6 +128,7 @@ void frmFisaImo::MakeBoxes() {
   cboCentruCost = MakeCombo("cboCentruCost", "");
   cboLocalizare = MakeCombo("cboLocalizare", "");
   cboFurnizori = MakeCombo("cboFurnizori", "Furnizorul");
+  cboFurnizori->setMinimumContentsLength(20);  // a company's name
   cboTVA = MakeCombo("cboTVA", "TVA");
   cboCont = MakeCombo("cboCont", "Contul");
   cboGradUtiliz = MakeCombo("cboGradUtiliz", "Gradul de utilizare");

@@ -168,6 +168,12 @@ void DataCombo::wheelEvent(QWheelEvent* event) {
   }
 }
 
+// A text longer than the box shows its beginning.
+void DataCombo::focusOutEvent(QFocusEvent* event) {
+  QComboBox::focusOutEvent(event);
+  if (event->reason() != Qt::PopupFocusReason) lineEdit()->setCursorPosition(0);
+}
+
 // The list is as wide as its texts need, however narrow the box.
 void DataCombo::showPopup() {
   int widest = width();

@@ -44,6 +44,7 @@ class DataCombo : public QComboBox {
 
  protected:
   void wheelEvent(QWheelEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void showPopup() override;
 
  private:
