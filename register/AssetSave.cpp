@@ -152,12 +152,12 @@ class RowWriter {
       const double left = Number(kYearsLeft);
       const std::int16_t linear =
           LinearYears(left, wear ? coefficients_.WithWear(left) : coefficients_.WithoutWear());
-      const std::int16_t degressive = CInt(wear ? left - linear - linear : left - linear);
+      const double degressive = wear ? left - linear - linear : left - linear;
       Set("AD1", linear);
       Set("AD2", degressive);
       Set("DRBANI", wear ? Value(left - linear) : AsItStands(kYearsLeft));
       Set("COEF", AsItStands(kCoef));
-      first = 12 * degressive;
+      first = CLng(12 * degressive);
     } else {
       Set("DRBANI", AsItStands(kYearsLeft));
     }
