@@ -7,6 +7,7 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include "platform/forms/Buttons.h"
 #include "platform/forms/Pictures.h"
 #include "register/frmFisaImo.h"
 
@@ -247,19 +248,12 @@ QWidget* frmFisaImo::BuildBlocking() {
 QWidget* frmFisaImo::BuildButtons() {
   Frame2 = new QGroupBox(this);
   Frame2->setObjectName("Frame2");
-  const auto button = [this](const char* name, const char* caption, const char* tip) {
-    auto* made = new QPushButton(caption, Frame2);
-    made->setObjectName(name);
-    made->setToolTip(tip);
-    made->setMinimumWidth(std::max(96, made->sizeHint().width() + 20));
-    return made;
-  };
-  cmdSalvare = button("cmdSalvare", "Adaugare", "Creare imobilizare noua");
-  cmdModificare = button("cmdModificare", "Salvare", "Salvare modificari");
-  cmdVanzare =
-      button("cmdVanzare", "Iesire imobilizare", "Iesire imobilizare prin casare sau vanzare");
-  cmdConservare = button("cmdConservare", "Conservare", "");
-  cmdIesire = button("cmdIesire", "Iesire", "Inchidere fereastra");
+  cmdSalvare = MakeButton("cmdSalvare", "Adaugare", "Creare imobilizare noua", Frame2);
+  cmdModificare = MakeButton("cmdModificare", "Salvare", "Salvare modificari", Frame2);
+  cmdVanzare = MakeButton("cmdVanzare", "Iesire imobilizare",
+                          "Iesire imobilizare prin casare sau vanzare", Frame2);
+  cmdConservare = MakeButton("cmdConservare", "Conservare", "", Frame2);
+  cmdIesire = MakeButton("cmdIesire", "Iesire", "Inchidere fereastra", Frame2);
   cmdIesire->setIcon(PictureIcon("\\BMP\\Iesire.bmp"));
   auto* row = new QHBoxLayout(Frame2);
   row->setContentsMargins(8, 6, 8, 6);

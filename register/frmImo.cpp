@@ -4,6 +4,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "platform/forms/Buttons.h"
 #include "platform/forms/Pictures.h"
 #include "platform/forms/Windows.h"
 #include "register/frmFisaImo.h"
@@ -40,17 +41,10 @@ void frmImo::Build() {
                         {"Valoare Lei", "VAL_CUMP", "Standard"},
                         {"Tip amortizare", "TIP_AM"}});
   TDBGrid1->SetDataSource(datPrimaryRS);
-  const auto button = [this](const char* name, const char* caption, const char* tip) {
-    auto* made = new QPushButton(caption, this);
-    made->setObjectName(name);
-    made->setToolTip(tip);
-    made->setMinimumWidth(100);
-    return made;
-  };
-  cmdCreare = button("cmdCreare", "Adaugare", "Creare imobilizare noua");
-  cmdModificare =
-      button("cmdModificare", "Modificare", "Modificare informatii pentru imobilizarea selectata");
-  cmdClose = button("cmdClose", "Iesire", "Inchidere fereastra");
+  cmdCreare = MakeButton("cmdCreare", "Adaugare", "Creare imobilizare noua", this);
+  cmdModificare = MakeButton("cmdModificare", "Modificare",
+                             "Modificare informatii pentru imobilizarea selectata", this);
+  cmdClose = MakeButton("cmdClose", "Iesire", "Inchidere fereastra", this);
   cmdClose->setIcon(PictureIcon("\\BMP\\Iesire.bmp"));
   SetCancelButton(cmdClose);
   auto* buttons = new QHBoxLayout;

@@ -5,6 +5,7 @@
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
+#include "platform/forms/Buttons.h"
 #include "platform/forms/Pictures.h"
 #include "platform/system/MessageBox.h"
 #include "platform/text/Strings.h"
@@ -61,16 +62,9 @@ void frmSocietati::Build() {
   boxes->addRow("&Cod", txtCod);
   boxes->addRow("&Denumire", txtDenumire);
 
-  const auto button = [this](const char* name, const char* caption, const char* tip) {
-    auto* made = new QPushButton(caption, this);
-    made->setObjectName(name);
-    made->setToolTip(tip);
-    made->setMinimumWidth(100);
-    return made;
-  };
-  cmdAdauga = button("cmdAdauga", "Adaugare", "Creare societate noua");
-  cmdSterge = button("cmdSterge", "Stergere", "Stergere societate selectata");
-  cmdIesire = button("cmdIesire", "Iesire", "Inchidere fereastra");
+  cmdAdauga = MakeButton("cmdAdauga", "Adaugare", "Creare societate noua", this);
+  cmdSterge = MakeButton("cmdSterge", "Stergere", "Stergere societate selectata", this);
+  cmdIesire = MakeButton("cmdIesire", "Iesire", "Inchidere fereastra", this);
   cmdIesire->setIcon(PictureIcon("\\BMP\\Iesire.bmp"));
   SetCancelButton(cmdIesire);
   auto* buttons = new QHBoxLayout;

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "platform/forms/Buttons.h"
 #include "platform/forms/Pictures.h"
 #include "platform/system/MessageBox.h"
 #include "platform/text/Numbers.h"
@@ -75,16 +76,9 @@ void frmUtilizatori::Build() {
   grdDataGrid->SetAllowUpdate(true);
   grdDataGrid->SetDataSource(datPrimaryRS);
 
-  const auto button = [this](const char* name, const char* caption, const char* tip) {
-    auto* made = new QPushButton(caption, this);
-    made->setObjectName(name);
-    made->setToolTip(tip);
-    made->setMinimumWidth(100);
-    return made;
-  };
-  cmdAdauga = button("cmdAdauga", "Adaugare", "Creare utilizator nou");
-  cmdSterge = button("cmdSterge", "Stergere", "Stergere utilizator selectat");
-  cmdIesire = button("cmdIesire", "Iesire", "Inchidere fereastra");
+  cmdAdauga = MakeButton("cmdAdauga", "Adaugare", "Creare utilizator nou", this);
+  cmdSterge = MakeButton("cmdSterge", "Stergere", "Stergere utilizator selectat", this);
+  cmdIesire = MakeButton("cmdIesire", "Iesire", "Inchidere fereastra", this);
   cmdIesire->setIcon(PictureIcon("\\BMP\\Iesire.bmp"));
   SetCancelButton(cmdIesire);
   auto* buttons = new QHBoxLayout;

@@ -134,9 +134,10 @@ TEST_F(AssetSave, ABlockedAssetGoesByTheYearsLeftFromAFirst) {
     double left;
     const char* expected;
   };
-  const Case cases[] = {{'L', 4, "0 0 4 01.03.2026"},  {'A', 4, "0 0 4 01.03.2027"},
-                        {'N', 5, "3 2 5 01.03.2028"},  {'M', 8, "4 0 4 01.03.2026"},
-                        {'M', 12, "5 2 7 01.03.2028"}, {'F', 3, "0 0 3 01.03.2026"}};
+  const Case cases[] = {{'L', 4, "0 0 4 01.03.2026"}, {'A', 4, "0 0 4 01.03.2027"},
+                        {'N', 5, "3 2 5 01.03.2028"}, {'N', 7.5, "5 2,5 7,5 01.09.2028"},
+                        {'M', 8, "4 0 4 01.03.2026"}, {'M', 12, "5 2 7 01.03.2028"},
+                        {'F', 3, "0 0 3 01.03.2026"}};
   for (const Case& c : cases) {
     const double normal = c.method == 'N' ? 5 : 12;
     AssetCard card = Card(c.method, normal, normal, 0.25, 0.4);
