@@ -1,7 +1,5 @@
 #include "register/frmFisaImo.h"
 
-#include <QLabel>
-
 #include "engine/Module3.h"
 #include "platform/forms/Hourglass.h"
 #include "platform/system/Clock.h"
@@ -58,12 +56,8 @@ frmFisaImo::~frmFisaImo() {
 }
 
 void frmFisaImo::Connect() {
-  connect(cmdSalvare, &QPushButton::clicked, this, [this] {
-    if (LeaveBox()) RunShort("cmdSalvare_Click", [this](Procedure&) { cmdSalvare_Click(); });
-  });
-  connect(cmdModificare, &QPushButton::clicked, this, [this] {
-    if (LeaveBox()) RunShort("cmdModificare_Click", [this](Procedure&) { cmdModificare_Click(); });
-  });
+  OnClickShort(cmdSalvare, "cmdSalvare_Click", [this](Procedure&) { cmdSalvare_Click(); });
+  OnClickShort(cmdModificare, "cmdModificare_Click", [this](Procedure&) { cmdModificare_Click(); });
   OnClickShort(cmdVanzare, "cmdVanzare_Click", [](Procedure&) {
     MsgBoxEx(
         "Ecranul \"Iesire imobilizare\" nu este disponibil in aceasta versiune a programului !",
@@ -72,8 +66,8 @@ void frmFisaImo::Connect() {
   connect(cmdIesire, &QPushButton::clicked, this, [this] { close(); });
 
   for (OptionButton* option : Options()) {
-    const auto method = static_cast<Method>(option->property("Letter").toString()[0].toLatin1());
-    connect(option, &OptionButton::Click, this, [this, method] { OptionClicked(method); });
+    connect(option, &OptionButton::Click, this,
+            [this, option] { OptionClicked(MethodOf(option)); });
   }
   for (const int index : {0, 1, 3, 4, 7, 8}) {
     OnLeave(txtNumar[static_cast<std::size_t>(index)], "txtNumar_LostFocus",
@@ -139,7 +133,7 @@ void frmFisaImo::OpenExisting() {
   if (KeepsNewClass()) txtText[1]->SetText(row.Get("COD_GR_NOU").TextOrEmpty());
   if (Nz(row.Get("BLOCATA"), Value::YesNo(false)).AsBool()) chkBlocata->setChecked(true);
   for (OptionButton* option : {Liniara, CuUzura, FaraUzura, Accelerata, Faraam}) {
-    if (option->property("Letter").toString().toStdString() != txtText[9]->Text()) continue;
+    if (MethodOf(option) != Letter()) continue;
     option->setChecked(true);
     break;
   }

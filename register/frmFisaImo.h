@@ -95,6 +95,7 @@ class frmFisaImo : public Form {
 
   // The method panel.
   Method Letter() const;
+  static Method MethodOf(const OptionButton* option);
   std::array<OptionButton*, 5> Options() const;
   void OptionClicked(Method method);
   void Liniara_Click();
@@ -102,9 +103,9 @@ class frmFisaImo : public Form {
   void FallBackToLinear();
   void Apply(const Derived& derived, bool withReal = true);
   void txtNumar_LostFocus(int index);
-  bool LeaveNormalDuration();
-  bool LeaveRealDuration();
-  bool DerivedFromDuration(bool withReal);
+  void LeaveNormalDuration();
+  void LeaveRealDuration();
+  void DeriveFromDuration(bool withReal);
   void DTPicker1_LostFocus(int index);
   void chkBlocata_Click();
   void chkBlocata_LostFocus();

@@ -28,6 +28,10 @@ Method frmFisaImo::Letter() const {
   return letter.empty() ? kNoMethod : static_cast<Method>(letter[0]);
 }
 
+Method frmFisaImo::MethodOf(const OptionButton* option) {
+  return static_cast<Method>(option->property("Letter").toString()[0].toLatin1());
+}
+
 std::array<OptionButton*, 5> frmFisaImo::Options() const {
   return {Liniara, Accelerata, CuUzura, FaraUzura, Faraam};
 }
@@ -142,35 +146,30 @@ void frmFisaImo::txtNumar_LostFocus(int index) {
       told);
 }
 
-bool frmFisaImo::LeaveNormalDuration() {
+void frmFisaImo::LeaveNormalDuration() {
   if (txtNumar[3]->IsEmpty()) {
     MsgBoxEx("Va rugam completati " + txtNumar[3]->property("Tag").toString().toStdString() + " !");
     Liniara->setChecked(true);
-    GiveFocus(txtNumar[3]);
-    return false;
+    return GiveFocus(txtNumar[3]);
   }
-  const bool derived = DerivedFromDuration(true);
+  DeriveFromDuration(true);
   DTPicker1[3]->SetDate(InYearOfEnd(DTPicker1[3]->Date().value(), DTPicker1[1]->Date().value(),
                                     NumberIn(*txtNumar[4])));
-  return derived;
 }
 
-bool frmFisaImo::LeaveRealDuration() {
+void frmFisaImo::LeaveRealDuration() {
   if (txtNumar[3]->IsEmpty()) {
     MsgBoxEx("Va rugam introduceti o valoare numerica");
-    GiveFocus(txtNumar[3]);
-    return false;
+    return GiveFocus(txtNumar[3]);
   }
-  return DerivedFromDuration(NumberIn(*txtNumar[3]) <= 0);
+  DeriveFromDuration(NumberIn(*txtNumar[3]) <= 0);
 }
 
-bool frmFisaImo::DerivedFromDuration(bool withReal) {
+void frmFisaImo::DeriveFromDuration(bool withReal) {
   Derived derived;
   Method method = kNoMethod;
   for (const OptionButton* option : Options()) {
-    if (option->isChecked()) {
-      method = static_cast<Method>(option->property("Letter").toString()[0].toLatin1());
-    }
+    if (option->isChecked()) method = MethodOf(option);
   }
   bool fits = false;
   try {
@@ -185,7 +184,6 @@ bool frmFisaImo::DerivedFromDuration(bool withReal) {
     MsgBoxEx(OutOfRangeText(method, txtNumar[3]->Text()));
     FallBackToLinear();
   }
-  return fits;
 }
 
 // ---- Leaving dates ------------------------------------------------------------------------------

@@ -13,16 +13,6 @@ struct Command::Impl {
   detail::Statement statement;
 };
 
-namespace {
-
-// Whatever happens, the statement must not hold the file.
-struct ResetAtEnd {
-  detail::Statement& statement;
-  ~ResetAtEnd() { statement.Reset(); }
-};
-
-}  // namespace
-
 Command::Command(const Connection& connection, const std::string& sql)
     : impl_(std::make_unique<Impl>(connection, sql)) {}
 Command::~Command() = default;
@@ -30,14 +20,14 @@ Command::Command(Command&&) noexcept = default;
 Command& Command::operator=(Command&&) noexcept = default;
 
 void Command::Execute(const Values& params) {
-  const ResetAtEnd atEnd{impl_->statement};
+  const detail::ResetAtEnd atEnd{impl_->statement};
   impl_->statement.Bind(params);
   while (impl_->statement.Step()) {
   }
 }
 
 Value Command::QueryValue(const Values& params) {
-  const ResetAtEnd atEnd{impl_->statement};
+  const detail::ResetAtEnd atEnd{impl_->statement};
   impl_->statement.Bind(params);
   return impl_->statement.Step() ? impl_->statement.Column(0) : Value();
 }

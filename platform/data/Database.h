@@ -82,6 +82,12 @@ class Statement {
   std::string sql_;  // as given, for failures
 };
 
+/// Resets a statement that is kept, whatever happens: until then it holds the file.
+struct ResetAtEnd {
+  Statement& statement;
+  ~ResetAtEnd() { statement.Reset(); }
+};
+
 /// A name between double quotes.
 std::string Quoted(std::string_view name);
 

@@ -80,11 +80,7 @@ std::vector<Values> Keyset::Fetch(const std::vector<std::size_t>& rows) {
     fetched.push_back(Missing(row));
   }
   bound.resize(params_.size() + kPageRows);
-  // Whatever happens to the reading, the statement must not hold the file.
-  struct AtEnd {
-    Statement& statement;
-    ~AtEnd() { statement.Reset(); }
-  } atEnd{*page_};
+  const ResetAtEnd atEnd{*page_};
   page_->Bind(bound);
   while (page_->Step()) {
     const Value id = page_->Column(static_cast<int>(fieldCount_ + source_));

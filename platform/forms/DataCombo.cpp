@@ -102,6 +102,7 @@ void DataCombo::SetBoundColumn(const std::string& field) {
 }
 
 void DataCombo::Fill() {
+  TakeTyped();
   const QString text = currentText();
   const std::string stood = BoundText();
   const QSignalBlocker quiet(this);

@@ -57,20 +57,10 @@ void Form::OnClickShort(QAbstractButton* button, const char* procedure, Body bod
 }
 
 void Form::OnLeave(QWidget* box, const char* procedure, LeaveBody body) {
-  OnLeaveWith(box, procedure, std::move(body), ShowStandardError);
-}
-
-void Form::OnLeaveShort(QWidget* box, const char* procedure, LeaveBody body) {
-  OnLeaveWith(box, procedure, std::move(body), ShowShortError);
-}
-
-void Form::OnLeaveWith(QWidget* box, const char* procedure, LeaveBody body, OnFailure onFailure) {
   box->installEventFilter(this);
-  leaveHandlers_[box] = [this, procedure, body = std::move(body),
-                         onFailure = std::move(onFailure)] {
+  leaveHandlers_[box] = [this, procedure, body = std::move(body)] {
     bool letsGo = false;
-    RunWith(
-        procedure, [&](Procedure& running) { letsGo = body(running); }, onFailure);
+    Run(procedure, [&](Procedure& running) { letsGo = body(running); });
     return letsGo;
   };
 }

@@ -66,7 +66,6 @@ class Form : public QWidget {
   /// popup is no leaving, nor is giving up by Escape or closing the screen. When it answers false,
   /// or fails, the focus goes back.
   void OnLeave(QWidget* box, const char* procedure, LeaveBody body);
-  void OnLeaveShort(QWidget* box, const char* procedure, LeaveBody body);
 
   /// What the screen does each time it comes to the front.
   virtual void Form_Activate() {}
@@ -90,7 +89,6 @@ class Form : public QWidget {
 
  private:
   QPushButton* ButtonOfEnter() const;
-  void OnLeaveWith(QWidget* box, const char* procedure, LeaveBody body, OnFailure onFailure);
   QWidget* FocusedBox() const;
   void FollowFocus(QWidget* now);
   void LeaveWhenSettled();
