@@ -207,7 +207,7 @@ void frmFisaImo::LoadCombos() {
     const std::string value = each.box->text().toStdString();
     if (value.empty()) continue;
     if (!each.text) {
-      if (value != "0") each.combo->SetText(value);
+      if (value != "0") each.combo->SetBoundText(value, value);
       continue;
     }
     const std::string text = GetTextDataCombo(each.text, {value});

@@ -103,7 +103,11 @@ void frmFisaImo::MethodClick(Method method) {
 }
 
 void frmFisaImo::FallBackToLinear() {
-  Liniara->setChecked(true);
+  if (Liniara->isChecked()) {
+    Liniara_Click();
+  } else {
+    Liniara->setChecked(true);
+  }
   GiveFocus(Liniara);
 }
 

@@ -353,7 +353,9 @@ void frmParamSoc::LoadAccountCombos() {
 void frmParamSoc::ShowAccount(std::size_t index) {
   const std::string account = txtConfig[index]->Text();
   Run("ShowAccount", [&](Procedure&) {
-    cboCont[index]->SetText(account.empty() ? "" : GetTextDataCombo(kAccountText, {account}));
+    const std::string text =
+        account.empty() ? std::string() : GetTextDataCombo(kAccountText, {account});
+    text.empty() ? cboCont[index]->SetText("") : cboCont[index]->SetBoundText(account, text);
   });
 }
 

@@ -225,6 +225,27 @@ void DateBox::focusInEvent(QFocusEvent* event) {
   if (event->reason() != Qt::PopupFocusReason) setSelectedSection(QDateTimeEdit::DaySection);
 }
 
+// "31/12" is of the year on show, a short year of this century or the last.
+void DateBox::TakeUnfinished() {
+  static const QRegularExpression kShort("^(\\d{1,2})\\.(\\d{1,2})(?:\\.(\\d{2})?)?$");
+  constexpr int kFirstOfLastCentury = 30;
+  const QRegularExpressionMatch match = kShort.match(typed_);
+  typed_.clear();
+  if (!match.hasMatch()) return;
+  int year = date().year();
+  if (!match.captured(3).isEmpty()) {
+    const int typed = match.captured(3).toInt();
+    year = typed + (typed < kFirstOfLastCentury ? 2000 : 1900);
+  }
+  const QDate whole(year, match.captured(2).toInt(), match.captured(1).toInt());
+  if (whole.isValid() && whole > kNoDate) setDate(whole);
+}
+
+void DateBox::focusOutEvent(QFocusEvent* event) {
+  QDateEdit::focusOutEvent(event);
+  TakeUnfinished();
+}
+
 // Tab leaves the box; the arrows go from day to month to year.
 bool DateBox::focusNextPrevChild(bool next) {
   return QWidget::focusNextPrevChild(next);
@@ -297,7 +318,12 @@ OptionButton::OptionButton(const char* name, const QString& caption, QWidget* pa
     if (chosen && !byUser_) emit Click();
   });
   connect(
-      this, &QRadioButton::clicked, this, [this] { emit Click(); }, Qt::QueuedConnection);
+      this, &QRadioButton::clicked, this,
+      [this] {
+        // The box that was left may have led to another choice.
+        if (isChecked()) emit Click();
+      },
+      Qt::QueuedConnection);
 }
 
 void OptionButton::nextCheckState() {

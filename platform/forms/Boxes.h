@@ -89,6 +89,7 @@ class DateBox : public QDateEdit {
  protected:
   void wheelEvent(QWheelEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   bool focusNextPrevChild(bool next) override;
   void keyPressEvent(QKeyEvent* event) override;
 
@@ -96,6 +97,7 @@ class DateBox : public QDateEdit {
   void StartAtToday();
   std::optional<QDate> TakeTyped(const QKeyEvent& event);
   void GoToNextPart();
+  void TakeUnfinished();
 
   QString typed_;  // of a date being typed from its day on: digits, a point for a separator
   Binding* binding_;

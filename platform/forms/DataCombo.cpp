@@ -152,6 +152,7 @@ void DataCombo::SetBoundText(const std::string& bound, const std::string& text) 
 void DataCombo::SetText(const std::string& text) {
   const QString wanted = QString::fromStdString(text);
   unlisted_.clear();
+  unlistedText_.clear();
   setCurrentIndex(text.empty() ? -1 : findText(wanted, Qt::MatchFixedString));
   setEditText(wanted);
   lineEdit()->setCursorPosition(0);

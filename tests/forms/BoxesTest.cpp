@@ -165,6 +165,15 @@ TEST(Boxes, ADateIsTypedDayFirst) {
   slashes.setSelectedSection(QDateTimeEdit::DaySection);
   QTest::keyClicks(&slashes, "10120062");
   EXPECT_TRUE(slashes.Date());
+  for (const auto& [typed, meant] :
+       {std::pair{"31/12", DateTime(2025, 12, 31)}, {"31/12/07", DateTime(2007, 12, 31)}}) {
+    slashes.SetDate(DateTime(2025, 2, 28));
+    slashes.setSelectedSection(QDateTimeEdit::DaySection);
+    QTest::keyClicks(&slashes, typed);
+    QFocusEvent out(QEvent::FocusOut, Qt::TabFocusReason);
+    QApplication::sendEvent(&slashes, &out);
+    EXPECT_EQ(slashes.Date(), meant) << typed;
+  }
   clock::Reset();
 }
 
@@ -268,6 +277,8 @@ TEST(Boxes, ATextForAValueThatTheListLacksIsShownUntilItIsEmptied) {
   type("");
   EXPECT_EQ(combo.BoundText(), "");
   EXPECT_EQ(picked, 1);
+  type("altceva");
+  EXPECT_EQ(combo.Text(), "") << "what was emptied does not come back";
 }
 
 TEST(Boxes, AValueThatTheListLacksStaysUntilTheUserTypes) {

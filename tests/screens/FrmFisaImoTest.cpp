@@ -313,6 +313,19 @@ TEST_F(FrmFisaImo, AnOptionChosenAgainDerivesAnewAndTheBoxLeftIsHeardFirst) {
   EXPECT_EQ(Boxes(*card, {4, 5, 10}), "5 0,333333333333333 0,3");
 }
 
+TEST_F(FrmFisaImo, AChoiceThatTheBoxLeftTookBackIsHeardOnce) {
+  const auto card = Open();
+  Type(card->txtNumar[3], "8");
+  card->txtNumar[3]->setFocus();
+  QTest::mouseClick(card->FaraUzura, Qt::LeftButton, {}, QPoint(8, card->FaraUzura->height() / 2));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(messages_.shown.size(), 1u);
+  EXPECT_EQ(LastPrompt(), "Nu se calculeaza amortizare degresiva fara uzura pentru 8 ani!");
+  EXPECT_TRUE(card->Liniara->isChecked());
+  EXPECT_EQ(card->txtText[9]->Text(), "L");
+  EXPECT_TRUE(card->Frame7->isEnabled());
+}
+
 TEST_F(FrmFisaImo, WhatTheProgramDoesWithTheFocusLeavesNoBox) {
   const auto card = Open();
   card->txtNumar[3]->setFocus();
