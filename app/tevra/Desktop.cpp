@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QProcess>
@@ -34,6 +35,35 @@ std::optional<std::string> ChooseFile(const OpenFileRequest& request) {
       QString::fromStdString(request.directory), NameFilter(request.filter));
   if (chosen.isEmpty()) return std::nullopt;
   return chosen.toStdString();
+}
+
+QString Typed(const QString& name, const QString& extension) {
+  return QFileInfo(name).suffix().isEmpty() ? name + "." + extension : name;
+}
+
+// The dialog's own question is in the desktop's language; ours is asked for the name as completed.
+bool MayReplace(const QString& file) {
+  if (!QFileInfo::exists(file)) return true;
+  const QString question =
+      QString("Fisierul %1 exista deja ! Doriti sa il inlocuiti ?").arg(QFileInfo(file).fileName());
+  return ShowMessage({question.toStdString(), kYesNo + kQuestion, "Salvare", {}}) == kYes;
+}
+
+// Begins in the folder of the last file saved, the first time in the user's documents.
+std::optional<std::string> ChooseNewFile(const SaveFileRequest& request) {
+  static QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  QString offered = QDir(folder).filePath(QString::fromStdString(request.name));
+  for (;;) {
+    QString chosen = QFileDialog::getSaveFileName(
+        QApplication::activeWindow(), QString::fromStdString(request.title), offered,
+        NameFilter(request.filter), nullptr, QFileDialog::DontConfirmOverwrite);
+    if (chosen.isEmpty()) return std::nullopt;
+    chosen = Typed(chosen, QString::fromStdString(request.extension));
+    offered = chosen;
+    if (!MayReplace(chosen)) continue;
+    folder = QFileInfo(chosen).absolutePath();
+    return chosen.toStdString();
+  }
 }
 
 // The program that the desktop has for a kind of files; empty when it has none.
@@ -70,6 +100,7 @@ void View(const std::string& file) {
 void UseDesktop() {
   SetMessageHandler(ShowMsgBox);
   SetOpenFileHandler(ChooseFile);
+  SetSaveFileHandler(ChooseNewFile);
   SetViewerHandler(View);
 }
 

@@ -12,6 +12,11 @@ OpenFileHandler& FileHandler() {
   return handler;
 }
 
+SaveFileHandler& FileSaver() {
+  static SaveFileHandler handler;
+  return handler;
+}
+
 ViewerHandler& Viewer() {
   static ViewerHandler handler;
   return handler;
@@ -25,6 +30,15 @@ OpenFileHandler SetOpenFileHandler(OpenFileHandler handler) {
 
 std::optional<std::string> AskOpenFile(const OpenFileRequest& request) {
   const OpenFileHandler handler = FileHandler();
+  return handler ? handler(request) : std::nullopt;
+}
+
+SaveFileHandler SetSaveFileHandler(SaveFileHandler handler) {
+  return std::exchange(FileSaver(), std::move(handler));
+}
+
+std::optional<std::string> AskSaveFile(const SaveFileRequest& request) {
+  const SaveFileHandler handler = FileSaver();
   return handler ? handler(request) : std::nullopt;
 }
 

@@ -19,6 +19,19 @@ using OpenFileHandler = std::function<std::optional<std::string>(const OpenFileR
 OpenFileHandler SetOpenFileHandler(OpenFileHandler handler);
 std::optional<std::string> AskOpenFile(const OpenFileRequest& request);
 
+struct SaveFileRequest {
+  std::string title;
+  std::string filter;     ///< as for OpenFileRequest
+  std::string name;       ///< the file name offered, without a folder
+  std::string extension;  ///< such as "pdf": what a name typed without one gets
+};
+
+/// The file to write, whether it exists (the user agreed to lose what it holds) or not; nothing
+/// when the user gave up.
+using SaveFileHandler = std::function<std::optional<std::string>(const SaveFileRequest&)>;
+SaveFileHandler SetSaveFileHandler(SaveFileHandler handler);
+std::optional<std::string> AskSaveFile(const SaveFileRequest& request);
+
 /// Shows a file in the program that the desktop has for it. Throws Failure 53 when it is missing,
 /// 70 or another with the reason when nothing can show it.
 using ViewerHandler = std::function<void(const std::string& file)>;

@@ -1,0 +1,120 @@
+#include "platform/print/CellText.h"
+
+#include <QPainter>
+#include <QTextLayout>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/print/PagedDocument.h"
+
+namespace tevra {
+namespace {
+
+constexpr int kLongestText = 2000;  // more than any cell of two lines shows
+constexpr double kSlack = 0.5;      // twips, for roundings
+
+// A list's row is one line or two, whatever lines the text has of its own.
+QString Plain(const QString& text) {
+  QString plain = text.left(kLongestText);
+  for (QChar& character : plain) {
+    if (character < ' ' || character == QChar::LineSeparator ||
+        character == QChar::ParagraphSeparator) {
+      character = ' ';
+    }
+  }
+  return plain.trimmed();
+}
+
+}  // namespace
+
+QFont PaperFont(double points, bool bold) {
+  QFont font;
+  font.setFamilies({"Liberation Sans", "Arial", "DejaVu Sans"});
+  font.setStyleHint(QFont::SansSerif);
+  font.setPixelSize(static_cast<int>(std::lround(points * kTwipsPerPoint)));
+  font.setBold(bold);
+  // Letters fitted to the pixels of a screen would have widths of their own there.
+  font.setHintingPreference(QFont::PreferNoHinting);
+  return font;
+}
+
+CellText::CellText(const QFont& font) : font_(font), metrics_(font) {
+  for (std::size_t i = 0; i < letters_.size(); ++i) {
+    letters_[i] = i < ' ' ? 0 : metrics_.horizontalAdvance(QChar(static_cast<char16_t>(i)));
+  }
+}
+
+bool CellText::FitsOneLine(const QString& text, double width) const {
+  constexpr double kJoined = 1.02;  // letters beside each other may stand a little further apart
+  if (text.size() > kLongestText) return false;
+  double sum = 0;
+  for (const QChar character : text) {
+    const char16_t code = character.unicode();
+    if (code >= letters_.size()) return Width(Plain(text)) <= width + kSlack;
+    sum += letters_[code];
+  }
+  return sum * kJoined <= width || Width(Plain(text)) <= width + kSlack;
+}
+
+FittedText CellText::Fit(const QString& text, double width, int mostLines, bool isNumber) const {
+  const QString plain = Plain(text);
+  const double wanted = Width(plain);
+  if (wanted <= width + kSlack) return {{plain}, 1};
+  if (isNumber) return {{plain}, std::max(width, 1.0) / wanted};
+  QTextLayout layout(plain, font_);
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  layout.setTextOption(option);
+  layout.beginLayout();
+  FittedText fitted;
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width + kSlack);
+    const int start = line.textStart();
+    if (fitted.lines.size() + 1 == mostLines) {
+      fitted.lines << Elided(plain.mid(start), width);
+      break;
+    }
+    fitted.lines << plain.mid(start, line.textLength()).trimmed();
+  }
+  layout.endLayout();
+  return fitted;
+}
+
+QString CellText::Elided(const QString& text, double width) const {
+  const QString plain = Plain(text);
+  if (Width(plain) <= width + kSlack) return plain;
+  const QString dots("...");
+  int fits = 0;
+  int tooMany = static_cast<int>(plain.size());
+  while (tooMany - fits > 1) {
+    const int middle = (fits + tooMany) / 2;
+    (Width(plain.left(middle).trimmed() + dots) <= width ? fits : tooMany) = middle;
+  }
+  if (fits > 0 && plain[fits - 1].isHighSurrogate()) --fits;
+  return plain.left(fits).trimmed() + dots;
+}
+
+void CellText::Paint(QPainter& painter, const FittedText& text, const QRectF& cell,
+                     Qt::Alignment alignment) const {
+  QFont font = font_;
+  if (text.shrink < 1) {
+    font.setPixelSize(std::max(1, static_cast<int>(std::floor(font.pixelSize() * text.shrink))));
+  }
+  const QFontMetricsF shrunken(font);
+  const QFontMetricsF& metrics = text.shrink < 1 ? shrunken : metrics_;
+  const double height = metrics.height() * static_cast<double>(text.lines.size());
+  double top = cell.top();
+  if (alignment & Qt::AlignVCenter) top += (cell.height() - height) / 2;
+  if (alignment & Qt::AlignBottom) top += cell.height() - height;
+  painter.setFont(font);
+  for (const QString& line : text.lines) {
+    const double spare = cell.width() - metrics.horizontalAdvance(line);
+    double left = cell.left();
+    if (alignment & Qt::AlignRight) left += spare;
+    if (alignment & Qt::AlignHCenter) left += spare / 2;
+    painter.drawText(QPointF(left, top + metrics.ascent()), line);
+    top += metrics.height();
+  }
+}
+
+}  // namespace tevra

@@ -1,0 +1,90 @@
+#include "platform/print/PageSettings.h"
+
+#include <QRectF>
+#include <QStringList>
+#include <algorithm>
+#include <array>
+
+#include "platform/system/Settings.h"
+
+namespace tevra {
+namespace {
+
+constexpr char kPortrait[] = "portrait";
+constexpr char kLandscape[] = "landscape";
+
+}  // namespace
+
+const std::vector<Paper>& Papers() {
+  static const std::vector<Paper> papers = {{"A4", QPageSize::A4},
+                                            {"A3", QPageSize::A3},
+                                            {"A5", QPageSize::A5},
+                                            {"Letter", QPageSize::Letter},
+                                            {"Legal", QPageSize::Legal}};
+  return papers;
+}
+
+QPageLayout MakePageLayout(QPageSize::PageSizeId paper, QPageLayout::Orientation orientation,
+                           const QMarginsF& margins) {
+  return QPageLayout(QPageSize(paper), orientation, margins, QPageLayout::Millimeter);
+}
+
+QPageLayout DefaultPageLayout() {
+  return MakePageLayout(QPageSize::A4, QPageLayout::Portrait, QMarginsF(15, 15, 15, 15));
+}
+
+bool HasRoomToPrint(const QPageLayout& layout) {
+  // Not the layout's own paint rectangle, which is rounded.
+  const QSizeF paper = layout.fullRect(QPageLayout::Millimeter).size();
+  const QMarginsF margins = layout.margins(QPageLayout::Millimeter);
+  return paper.width() - margins.left() - margins.right() >= kLeastArea &&
+         paper.height() - margins.top() - margins.bottom() >= kLeastArea;
+}
+
+std::string PageLayoutText(const QPageLayout& layout) {
+  const auto paper = std::find_if(Papers().begin(), Papers().end(), [&](const Paper& each) {
+    return each.size == layout.pageSize().id();
+  });
+  QString text = paper == Papers().end() ? Papers().front().name : paper->name;
+  text += QString(" ") + (layout.orientation() == QPageLayout::Landscape ? kLandscape : kPortrait);
+  const QMarginsF margins = layout.margins(QPageLayout::Millimeter);
+  for (const double margin : {margins.left(), margins.top(), margins.right(), margins.bottom()}) {
+    text += " " + QString::number(margin);
+  }
+  return text.toStdString();
+}
+
+std::optional<QPageLayout> ParsePageLayout(const std::string& text) {
+  const QStringList words = QString::fromStdString(text).split(' ');
+  if (words.size() != 6) return std::nullopt;
+  const auto paper = std::find_if(Papers().begin(), Papers().end(),
+                                  [&](const Paper& each) { return words[0] == each.name; });
+  if (paper == Papers().end()) return std::nullopt;
+  if (words[1] != kPortrait && words[1] != kLandscape) return std::nullopt;
+  std::array<double, 4> margins{};
+  for (std::size_t i = 0; i < margins.size(); ++i) {
+    bool isNumber = false;
+    margins[i] = words[static_cast<int>(i) + 2].toDouble(&isNumber);
+    // Written so that what is no number at all is refused too.
+    if (!isNumber || !(margins[i] >= kLeastMargin && margins[i] <= kMostMargin)) {
+      return std::nullopt;
+    }
+  }
+  const QPageLayout layout = MakePageLayout(
+      paper->size, words[1] == kLandscape ? QPageLayout::Landscape : QPageLayout::Portrait,
+      QMarginsF(margins[0], margins[1], margins[2], margins[3]));
+  if (!HasRoomToPrint(layout)) return std::nullopt;
+  return layout;
+}
+
+QPageLayout RememberedPageLayout() {
+  const std::optional<std::string> kept = Settings().Get(kPageSetting);
+  const std::optional<QPageLayout> layout = kept ? ParsePageLayout(*kept) : std::nullopt;
+  return layout.value_or(DefaultPageLayout());
+}
+
+void RememberPageLayout(const QPageLayout& layout) {
+  Settings().Set(kPageSetting, PageLayoutText(layout));
+}
+
+}  // namespace tevra

@@ -1,0 +1,62 @@
+#include "platform/print/Pdf.h"
+
+#include <QFile>
+#include <QPainter>
+#include <QPdfWriter>
+
+#include "platform/system/Paths.h"
+#include "platform/text/FailureText.h"
+
+namespace tevra {
+namespace {
+
+// Thrown through ReplaceFile, which then leaves the file of before.
+struct GivenUp {};
+
+void CheckWritten(const QFile& file, const std::filesystem::path& path) {
+  if (file.error() == QFileDevice::NoError) return;
+  const bool full = file.error() == QFileDevice::ResourceError;
+  throw FileFailure(full ? kDiskFull : kPermissionDenied, path.string());
+}
+
+void WritePages(PagedDocument& document, QFile& file, const std::filesystem::path& path,
+                const PrintProgress& progress) {
+  QPdfWriter writer(&file);
+  writer.setTitle(document.Title());
+  writer.setCreator("Tevra");
+  writer.setResolution(static_cast<int>(kTwipsPerInch));
+  QPageLayout layout = document.PageLayout();
+  layout.setMode(QPageLayout::FullPageMode);
+  writer.setPageLayout(layout);
+  QPainter painter;
+  if (!painter.begin(&writer)) throw FileFailure(kPermissionDenied, path.string());
+  const int pages = document.PageCount();
+  for (int page = 0; page < pages; ++page) {
+    if (page > 0 && !writer.newPage()) throw FileFailure(kPermissionDenied, path.string());
+    PaintOnPaper(painter, document, page);
+    CheckWritten(file, path);
+    if (progress && !progress(page + 1, pages)) throw GivenUp();
+  }
+  painter.end();
+}
+
+}  // namespace
+
+bool SavePdf(PagedDocument& document, const std::filesystem::path& path,
+             const PrintProgress& progress) {
+  if (!document.LayOutAll(progress)) return false;
+  try {
+    paths::ReplaceFile(path, [&](const std::filesystem::path& temporary) {
+      QFile file(QString::fromStdString(temporary.string()));
+      if (!file.open(QIODevice::WriteOnly)) throw FileFailure(kPermissionDenied, path.string());
+      WritePages(document, file, path, progress);
+      file.close();
+      CheckWritten(file, path);
+    });
+  } catch (const GivenUp&) {
+    return false;
+  }
+  return true;
+}
+
+}  // namespace tevra
