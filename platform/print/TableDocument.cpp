@@ -11,10 +11,12 @@ namespace {
 
 constexpr double kRowFont = 9;  // points
 constexpr double kHeaderFont = 13;
+constexpr double kAboveFont = 10;
 constexpr double kFooterFont = 8;
 constexpr double kBeside = 3 * kTwipsPerPoint;  // between a column's edge and its text
 constexpr double kAbove = 1.8 * kTwipsPerPoint;
 constexpr double kUnderHeader = 9 * kTwipsPerPoint;
+constexpr double kOverAbove = 4 * kTwipsPerPoint;
 constexpr double kOverPageFooter = 6 * kTwipsPerPoint;
 constexpr double kOverAppendix = 14 * kTwipsPerPoint;
 constexpr double kHairLine = 0.4 * kTwipsPerPoint;
@@ -111,6 +113,9 @@ void TableDocument::MeasureHeights() {
   const PageLine headerLine = ReadPrintFormat(content_.header, 1, 0, true);
   heights_ = {};
   heights_.header = header.LineHeight() * LinesOf(headerLine, header, area.width()) + kUnderHeader;
+  if (!content_.above.isEmpty()) {
+    heights_.header += CellText(PaperFont(kAboveFont)).LineHeight() + kOverAbove;
+  }
   int headLines = content_.columns.empty() ? 0 : 1;
   int footerLines = HasFooters() ? 1 : 0;
   for (std::size_t i = 0; i < content_.columns.size(); ++i) {
@@ -230,6 +235,12 @@ void TableDocument::PaintPageLines(QPainter& painter, int page) const {
   const int pages = complete_ ? PageCount() : 0;
   const CellText header(PaperFont(kHeaderFont, content_.headerBold));
   PaintPageLine(painter, ReadPrintFormat(content_.header, page + 1, pages, true), header, area);
+  if (!content_.above.isEmpty()) {
+    const CellText above(PaperFont(kAboveFont));
+    QRectF place = area;
+    place.setTop(area.top() + heights_.header - kUnderHeader - above.LineHeight());
+    above.Paint(painter, above.Fit(content_.above, area.width(), 1, false), place, Qt::AlignLeft);
+  }
   if (content_.footer.isEmpty()) return;
   const CellText footer(PaperFont(kFooterFont));
   QRectF line = area;

@@ -25,6 +25,7 @@ struct TableContent {
   QString title;   ///< of the document and of its window
   QString header;  ///< in the print format of PrintFormat.h; empty: the title, in the middle
   bool headerBold = false;
+  QString above;   ///< a line between header and column heads: what the list is about
   QString footer;  ///< in the print format
   std::vector<TableColumn> columns;
   int rows = 0;
