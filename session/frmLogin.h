@@ -8,7 +8,7 @@
 #include <string>
 
 #include "platform/forms/Boxes.h"
-#include "platform/forms/DataGrid.h"
+#include "platform/grid/DataGrid.h"
 #include "platform/forms/Form.h"
 #include "session/CompanyRegistry.h"
 

@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "platform/forms/Boxes.h"
-#include "platform/forms/DataGrid.h"
+#include "platform/grid/DataGrid.h"
 #include "platform/forms/Form.h"
 #include "session/CompanyRegistry.h"
 

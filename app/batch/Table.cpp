@@ -1,10 +1,9 @@
 #include "app/batch/Table.h"
 
 #include <algorithm>
-#include <charconv>
 #include <utility>
 
-#include "platform/text/Csv.h"
+#include "platform/data/CsvCell.h"
 #include "platform/text/Dates.h"
 #include "platform/text/Numbers.h"
 #include "platform/text/Strings.h"
@@ -33,27 +32,6 @@ std::string Shown(const Value& value) {
       return ShortDate(value.AsDateTime());
     default:
       return OnOneLine(value.AsText());
-  }
-}
-
-std::string Invariant(double number) {
-  char text[32];
-  // Adding 0 takes the sign from a negative zero.
-  const auto [end, error] = std::to_chars(std::begin(text), std::end(text), number + 0.0);
-  return {text, end};
-}
-
-std::string CsvCellOf(const Value& value) {
-  constexpr std::size_t kDay = 10;
-  switch (value.GetKind()) {
-    case Value::Kind::Null:
-      return {};
-    case Value::Kind::Double:
-      return Invariant(value.AsDouble());
-    case Value::Kind::DateTime:
-      return value.AsDateTime().Iso().substr(0, kDay);
-    default:
-      return CsvText(value.AsText());
   }
 }
 

@@ -370,6 +370,10 @@ void Recordset::SetSort(const std::string& order) {
   s.Arrange(s.filter, order);
 }
 
+const std::string& Recordset::Sort() const {
+  return S().sort;
+}
+
 void Recordset::Find(const std::string& criteria, std::size_t skip) {
   State& s = S();
   CancelUpdate();

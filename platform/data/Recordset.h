@@ -104,6 +104,7 @@ class Recordset {
 
   /// "FIELD [ASC|DESC], ..."; the empty text restores the statement's order.
   void SetSort(const std::string& order);
+  const std::string& Sort() const;
 
   /// Moves to the first row from the current one on (`skip` rows later) that meets the criteria; to
   /// the end when there is none.

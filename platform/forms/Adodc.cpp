@@ -104,9 +104,10 @@ void Adodc::SetRecordSource(const std::string& sql, const Values& params) {
   params_ = params;
 }
 
-void Adodc::Refresh() {
+void Adodc::Refresh(const std::function<void(tevra::Recordset& rows)>& arrange) {
   Connection connection = shared_.IsOpen() ? shared_ : Connection(connectionString_);
   tevra::Recordset rows = connection.OpenKeyset(sql_, params_);
+  if (arrange) arrange(rows);
   connection_ = connection;
   SetRecordset(rows);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -29,9 +30,10 @@ class Adodc : public QWidget {
   const std::string& RecordSource() const { return sql_; }
 
   /// Runs the statement anew on a connection that stays open; the rows are fetched as they come on
-  /// show. The first row becomes the current one. What was typed and not written is dropped. Throws
-  /// Failure and then keeps the rows it had.
-  void Refresh();
+  /// show. The first row becomes the current one. What was typed and not written is dropped.
+  /// `arrange`: sorts the rows and finds a place in them before they come on show. Throws Failure
+  /// and then keeps the rows it had.
+  void Refresh(const std::function<void(tevra::Recordset& rows)>& arrange = {});
 
   /// Takes a recordset made elsewhere, such as one in memory.
   void SetRecordset(const tevra::Recordset& recordset);

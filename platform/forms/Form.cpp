@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QTabWidget>
 
-#include "platform/forms/DataGrid.h"
 
 namespace tevra {
 
@@ -183,7 +182,9 @@ void Form::closeEvent(QCloseEvent* event) {
     return;
   }
   unloaded_ = true;
-  for (DataGrid* grid : findChildren<DataGrid*>()) grid->CommitEditor();
+  for (QWidget* child : findChildren<QWidget*>()) {
+    if (auto* keeper = dynamic_cast<KeepsTyping*>(child)) keeper->CommitTyping();
+  }
   Run("Form_Unload", [&](Procedure&) { Form_Unload(); });
   emit Closed();
   QWidget::closeEvent(event);

@@ -15,6 +15,14 @@ class QEventLoop;
 
 namespace tevra {
 
+/// A control that may hold something typed and not yet written, such as a grid with an open cell.
+class KeepsTyping {
+ public:
+  virtual ~KeepsTyping() = default;
+  /// Writes it; called before the screen closes.
+  virtual void CommitTyping() = 0;
+};
+
 /// A screen. Its objectName is the name that messages and tests know it by. Windows.h tells who
 /// shows screens and when they are gone.
 class Form : public QWidget {

@@ -1,10 +1,10 @@
 #include <array>
 #include <functional>
 
-#include "app/batch/MoneySum.h"
 #include "app/batch/Table.h"
 #include "app/batch/commands/Commands.h"
 #include "platform/data/ForwardCursor.h"
+#include "platform/data/MoneySum.h"
 #include "session/Session.h"
 
 namespace tevra::batch {

@@ -1,10 +1,10 @@
 #include <map>
 #include <utility>
 
-#include "app/batch/MoneySum.h"
 #include "app/batch/Table.h"
 #include "app/batch/commands/Commands.h"
 #include "platform/data/Connection.h"
+#include "platform/data/MoneySum.h"
 #include "platform/data/Recordset.h"
 #include "platform/text/Dates.h"
 #include "platform/text/Numbers.h"

@@ -1,4 +1,4 @@
-#include "platform/forms/GridFooter.h"
+#include "platform/grid/GridFooter.h"
 
 #include <QHeaderView>
 #include <QPainter>

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/forms/Adodc.h"
-#include "platform/forms/GridColumn.h"
+#include "platform/grid/GridColumn.h"
 
 namespace tevra {
 
@@ -31,6 +31,10 @@ class GridModel : public QAbstractTableModel {
   std::function<bool(int row, int column, const QString& text)> write;
   /// The field of a column; nothing when the rows do not have it.
   const FieldInfo* Field(int column) const;
+  std::optional<std::size_t> FieldNumber(int column) const {
+    return fields_[static_cast<std::size_t>(column)];
+  }
+  Qt::Alignment AlignmentOf(int column) const;
   /// The value of a cell; Null when it cannot be read.
   Value ValueOf(int row, int column) const;
 
@@ -42,8 +46,6 @@ class GridModel : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
-  Qt::Alignment AlignmentOf(int column) const;
-
   std::vector<GridColumn> columns_;
   std::vector<std::optional<std::size_t>> fields_;
   Adodc* source_ = nullptr;

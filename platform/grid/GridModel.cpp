@@ -1,4 +1,4 @@
-#include "platform/forms/GridModel.h"
+#include "platform/grid/GridModel.h"
 
 namespace tevra {
 
@@ -75,7 +75,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   const GridColumn& column = columns_[static_cast<std::size_t>(index.column())];
   switch (role) {
     case Qt::DisplayRole:
-      return CellText(ValueOf(index.row(), index.column()), column);
+      return ShownText(ValueOf(index.row(), index.column()), column);
     case Qt::EditRole:
       return CellEditText(ValueOf(index.row(), index.column()), column);
     case Qt::TextAlignmentRole:

@@ -5,7 +5,7 @@
 #include <QPointer>
 #include <string>
 
-#include "platform/forms/DataGrid.h"
+#include "platform/grid/DataGrid.h"
 
 namespace tevra {
 
@@ -28,8 +28,9 @@ class extTDBGrid : public QObject {
   void SetTDBGrid(DataGrid* grid);
   DataGrid* TDBGrid() const { return grid_; }
 
-  /// Sorts the grid's rows by the columns in its group area and takes them out of it. Nothing
-  /// happens without a grid or with SortType 0. Throws Failure.
+  /// Sorts the grid's rows by the columns in its group area and takes them out of it; without any
+  /// there, anew by those that it is sorted by. Nothing happens without a grid or with SortType 0.
+  /// Throws Failure.
   void Sort();
 
  private:

@@ -1,4 +1,4 @@
-#include "platform/forms/GroupArea.h"
+#include "platform/grid/GroupArea.h"
 
 #include <QPainter>
 

@@ -1,16 +1,16 @@
-#include "platform/forms/DataGrid.h"
+#include "platform/grid/DataGrid.h"
 
 #include <QContextMenuEvent>
-#include <QMenu>
 #include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "platform/forms/GridDelegate.h"
-#include "platform/forms/GridFooter.h"
-#include "platform/forms/GridHeader.h"
-#include "platform/forms/GridModel.h"
-#include "platform/forms/GroupArea.h"
+#include "platform/grid/GridDelegate.h"
+#include "platform/grid/GridFooter.h"
+#include "platform/grid/GridHeader.h"
+#include "platform/grid/GridModel.h"
+#include "platform/grid/GridTools.h"
+#include "platform/grid/GroupArea.h"
 #include "platform/system/MessageBox.h"
 #include "platform/system/StandardError.h"
 #include "platform/text/Strings.h"
@@ -49,6 +49,7 @@ DataGrid::DataGrid(const char* name, QWidget* parent) : QWidget(parent) {
   BuildHeader();
   footer_ = new GridFooter(view_);
   footer_->hide();
+  tools_ = std::make_unique<GridTools>(*this);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
@@ -57,6 +58,8 @@ DataGrid::DataGrid(const char* name, QWidget* parent) : QWidget(parent) {
   layout->addWidget(footer_);
   setFocusProxy(view_);
 }
+
+DataGrid::~DataGrid() = default;
 
 void DataGrid::BuildView() {
   view_->setObjectName(objectName() + "_View");
@@ -83,6 +86,10 @@ void DataGrid::BuildView() {
             }
             emit RowColChange();
           });
+  connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+    view_->verticalHeader()->viewport()->update();
+    emit SelChange();
+  });
 }
 
 void DataGrid::BuildHeader() {
@@ -93,7 +100,7 @@ void DataGrid::BuildHeader() {
   connect(header, &GridHeader::DroppedAbove, this, &DataGrid::DropOnGroup);
   header->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(header, &QWidget::customContextMenuRequested, this, [this, header](const QPoint& at) {
-    ShowMenu(header->logicalIndexAt(at), header->mapToGlobal(at));
+    tools_->ShowHeaderMenu(header->logicalIndexAt(at), header->mapToGlobal(at));
   });
 }
 
@@ -111,10 +118,7 @@ void DataGrid::SetDataSource(Adodc* source) {
   source_ = source;
   model_->SetSource(source);
   if (source_) {
-    connect(source_, &Adodc::RowsChanged, this, [this] {
-      model_->Reload();
-      emit SelChange();
-    });
+    connect(source_, &Adodc::RowsChanged, this, &DataGrid::FollowRows);
     connect(source_, &Adodc::MoveComplete, this, [this] { FollowSource(); });
     connect(source_, &QObject::destroyed, this, [this] {
       source_ = nullptr;
@@ -124,7 +128,17 @@ void DataGrid::SetDataSource(Adodc* source) {
   Reload();
 }
 
+// Other rows: nothing is marked any more. Their fields tell how wide the columns are.
+void DataGrid::FollowRows() {
+  const bool sorted = source_->Recordset().IsOpen() && !source_->Recordset().Sort().empty();
+  if (!sorted && !sorted_.empty()) SetSortMarks({}, false);
+  model_->Reload();
+  if (!sized_) Reload();
+  emit SelChange();
+}
+
 void DataGrid::Reload() {
+  sized_ = source_ && source_->Recordset().IsOpen();
   const int character = std::max(view_->fontMetrics().averageCharWidth(),
                                  view_->fontMetrics().horizontalAdvance('0'));
   for (int i = 0; i < static_cast<int>(Columns().size()); ++i) {
@@ -132,6 +146,7 @@ void DataGrid::Reload() {
     view_->setColumnWidth(i, SuitableWidth(column, model_->Field(i)) * character + 2 * kCellMargin);
     view_->setColumnHidden(i, !column.visible);
   }
+  tools_->RestoreColumns();
   FollowSource();
 }
 
@@ -157,8 +172,15 @@ void DataGrid::FollowSource() {
   while (column < 0 || (column + 1 < model_->columnCount() && view_->isColumnHidden(column))) {
     ++column;
   }
-  view_->setCurrentIndex(model_->index(row, column));
+  GoTo(row, column);
   model_->Repaint(row);
+}
+
+// The program's own move marks nothing.
+void DataGrid::GoTo(int row, int column) {
+  view_->selectionModel()->setCurrentIndex(model_->index(row, column),
+                                           QItemSelectionModel::NoUpdate);
+  view_->scrollTo(model_->index(row, column));
 }
 
 void DataGrid::FollowView() {
@@ -211,54 +233,13 @@ bool DataGrid::WriteCell(int row, int column, const QString& text) {
   return true;
 }
 
-void DataGrid::CommitEditor() {
+void DataGrid::CommitTyping() {
   for (QWidget* editor :
        view_->viewport()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
     if (!editor->isVisible()) continue;
     emit view_->itemDelegate()->commitData(editor);
     emit view_->itemDelegate()->closeEditor(editor);
   }
-}
-
-// ---- Marking rows -------------------------------------------------------------------------------
-
-void DataGrid::MarkRows(int row, Qt::KeyboardModifiers modifiers) {
-  QItemSelectionModel* selection = view_->selectionModel();
-  const bool further = modifiers & Qt::ShiftModifier;
-  const bool toggled = modifiers & Qt::ControlModifier;
-  if (!further) anchor_ = row;
-  const QItemSelection rows(model_->index(std::min(anchor_, row), 0),
-                            model_->index(std::max(anchor_, row), model_->columnCount() - 1));
-  selection->select(rows, toggled
-                              ? further ? QItemSelectionModel::Select : QItemSelectionModel::Toggle
-                              : QItemSelectionModel::ClearAndSelect);
-  const int column = std::max(view_->currentIndex().column(), 0);
-  selection->setCurrentIndex(model_->index(row, column), QItemSelectionModel::NoUpdate);
-  view_->verticalHeader()->viewport()->update();
-  view_->setFocus();
-  emit SelChange();
-}
-
-void DataGrid::MarkAll() {
-  if (model_->rowCount() == 0) return;
-  view_->selectionModel()->select(
-      QItemSelection(model_->index(0, 0),
-                     model_->index(model_->rowCount() - 1, model_->columnCount() - 1)),
-      QItemSelectionModel::ClearAndSelect);
-  view_->verticalHeader()->viewport()->update();
-  emit SelChange();
-}
-
-std::vector<std::size_t> DataGrid::SelectedRows() const {
-  std::vector<std::size_t> rows;
-  for (const QItemSelectionRange& range : view_->selectionModel()->selection()) {
-    for (int row = range.top(); row <= range.bottom(); ++row) {
-      rows.push_back(static_cast<std::size_t>(row));
-    }
-  }
-  std::sort(rows.begin(), rows.end());
-  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
-  return rows;
 }
 
 // ---- Footers ------------------------------------------------------------------------------------
@@ -276,6 +257,10 @@ QString DataGrid::Footer(const std::string& field) const {
 
 void DataGrid::SetGroupArea(bool shown) {
   area_->setVisible(shown);
+}
+
+bool DataGrid::HasGroupArea() const {
+  return !area_->isHidden();
 }
 
 void DataGrid::SetGroupText(const QString& text) {
@@ -306,6 +291,7 @@ void DataGrid::ResetGroups() {
 }
 
 void DataGrid::SetSortMarks(const std::vector<std::string>& fields, bool descending) {
+  sorted_ = fields;
   std::vector<QString> captions;
   for (const std::string& field : fields) {
     captions.push_back(Columns()[static_cast<std::size_t>(ColumnOf(field))].caption);
@@ -313,32 +299,48 @@ void DataGrid::SetSortMarks(const std::vector<std::string>& fields, bool descend
   area_->SetSorted(captions, descending);
 }
 
-// What the mouse does by dragging a header, from the keyboard too.
-void DataGrid::ShowMenu(int column, const QPoint& globalPosition) {
-  if (!area_->isVisible() || column < 0 || column >= model_->columnCount()) return;
-  const std::string field = Columns()[static_cast<std::size_t>(column)].field;
-  QMenu menu(this);
-  const QAction* ascending = menu.addAction("Sorteaza crescator");
-  const QAction* descending = menu.addAction("Sorteaza descrescator");
-  const QAction* chosen = menu.exec(globalPosition);
-  if (chosen == ascending || chosen == descending) emit SortWanted(field, chosen == descending);
+void DataGrid::SetTools(const std::string& key, const QString& title) {
+  tools_->SetUp(key, title);
+  view_->horizontalHeader()->setStretchLastSection(false);
+  Reload();
+}
+
+void DataGrid::ResetColumns() {
+  tools_->Forget();
+  QHeaderView* header = view_->horizontalHeader();
+  for (int i = 0; i < header->count(); ++i) header->moveSection(header->visualIndex(i), i);
+  Reload();
+}
+
+void DataGrid::hideEvent(QHideEvent* event) {
+  tools_->KeepColumns();
+  QWidget::hideEvent(event);
 }
 
 bool DataGrid::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == view_ && event->type() == QEvent::KeyPress) {
-    if (static_cast<QKeyEvent*>(event)->matches(QKeySequence::SelectAll)) {
+  if (watched != view_) return QWidget::eventFilter(watched, event);
+  if (event->type() == QEvent::KeyPress) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->matches(QKeySequence::SelectAll)) {
       MarkAll();
       return true;
     }
+    if (key->matches(QKeySequence::Copy)) {
+      tools_->Copy();
+      return true;
+    }
   }
-  if (watched == view_ && event->type() == QEvent::ContextMenu) {
+  if (event->type() == QEvent::Resize) tools_->PlaceButton();
+  if (event->type() == QEvent::ContextMenu) {
     const auto* menu = static_cast<QContextMenuEvent*>(event);
     const QModelIndex current = view_->currentIndex();
     if (menu->reason() == QContextMenuEvent::Keyboard && current.isValid()) {
-      ShowMenu(current.column(),
-               view_->viewport()->mapToGlobal(view_->visualRect(current).bottomLeft()));
-      return true;
+      tools_->ShowHeaderMenu(current.column(), view_->viewport()->mapToGlobal(
+                                                   view_->visualRect(current).bottomLeft()));
+    } else {
+      tools_->ShowMenu(menu->globalPos());
     }
+    return true;
   }
   return QWidget::eventFilter(watched, event);
 }

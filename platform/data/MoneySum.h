@@ -3,7 +3,7 @@
 
 #include "platform/data/Value.h"
 
-namespace tevra::batch {
+namespace tevra {
 
 /// Adds with more digits than a double has, so that the bani of tens of thousands of assets come
 /// out as on paper. Null counts as 0.
@@ -18,4 +18,4 @@ class MoneySum {
   long double sum_ = 0;
 };
 
-}  // namespace tevra::batch
+}  // namespace tevra

@@ -1,11 +1,11 @@
-#include "platform/forms/GridDelegate.h"
+#include "platform/grid/GridDelegate.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPainter>
 
-#include "platform/forms/GridModel.h"
+#include "platform/grid/GridModel.h"
 
 namespace tevra {
 

@@ -15,6 +15,7 @@ class GridFooter : public QWidget {
 
   void SetText(int column, const QString& text);
   QString Text(int column) const;
+  bool Has(int column) const { return texts_.contains(column); }
 
   QSize sizeHint() const override;
 

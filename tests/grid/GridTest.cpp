@@ -8,41 +8,13 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/forms/extTDBGrid.h"
-#include "tests/TestCompany.h"
+#include "tests/grid/GridFixture.h"
 
 namespace tevra::test {
 namespace {
 
-class Grid : public ::testing::Test {
+class EditedGrid : public Grid {
  protected:
-  Grid() {
-    company_.AddAsset({{"COD", "b"},
-                       {"DENUMIRE", "Strung"},
-                       {"VAL_CUMP", 1234.5},
-                       {"COTA_ANUALA", 0.125},
-                       {"DATA_ACH", DateTime(2026, 3, 14)},
-                       {"BLOCATA", Value::YesNo(true)}});
-    company_.AddAsset({{"COD", "A"}, {"DENUMIRE", "Freza"}, {"VAL_CUMP", 7.0}});
-    company_.AddAsset({{"COD", "c"}, {"DENUMIRE", "Freza"}, {"VAL_CUMP", 9.0}});
-    source_.SetConnectionString(company_.ConnectionString());
-    source_.SetRecordSource("select * from I_IMO order by NRCRT");
-    grid_.SetColumns({{"Nr. inv.", "COD"},
-                      {"Denumire", "DENUMIRE"},
-                      {"Valoare Lei", "VAL_CUMP", "Standard"},
-                      {"Cota anuala", "COTA_ANUALA", "Percent"},
-                      {"Data cumparare", "DATA_ACH"},
-                      {"Blocata", "BLOCATA", {}, {{0, "Nu"}, {-1, "Da"}}}});
-    grid_.SetDataSource(&source_);
-    sorter_.SetTDBGridName("TDBGrid1");
-    source_.Refresh();
-    window_.resize(700, 300);
-    grid_.resize(700, 300);
-    window_.show();
-  }
-  QString Cell(int row, int column) {
-    return grid_.View()->model()->index(row, column).data().toString();
-  }
   void Type(int row, int column, const QString& text) {
     QTableView* view = grid_.View();
     view->setCurrentIndex(view->model()->index(row, column));
@@ -54,16 +26,6 @@ class Grid : public ::testing::Test {
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
-  Value Stored(const std::string& field, const char* cod) {
-    return company_.Open().QueryValue("SELECT " + field + " FROM I_IMO WHERE COD = ?", {cod});
-  }
-
-  TestCompany company_;
-  MessageRecorder messages_;
-  QWidget window_;
-  Adodc source_{"datPrimaryRS", &window_};
-  DataGrid grid_{"TDBGrid1", &window_};
-  extTDBGrid sorter_{&window_};
 };
 
 TEST_F(Grid, CellsReadAsTheirColumnsTell) {
@@ -87,7 +49,7 @@ TEST_F(Grid, GridAndSourceStandOnTheSameRow) {
   EXPECT_EQ(grid_.ColumnText(0), "c");
 }
 
-TEST_F(Grid, ACellIsWrittenAtOnceAndAFailureTakesItBack) {
+TEST_F(EditedGrid, ACellIsWrittenAtOnceAndAFailureTakesItBack) {
   grid_.SetAllowUpdate(true);
   Type(0, 1, "Strung 'nou'");
   EXPECT_EQ(Stored("DENUMIRE", "b"), Value("Strung 'nou'"));
@@ -104,7 +66,7 @@ TEST_F(Grid, ACellIsWrittenAtOnceAndAFailureTakesItBack) {
   EXPECT_EQ(Stored("VAL_CUMP", "b"), Value(2000.25));
 }
 
-TEST_F(Grid, ACheckMayRefuseWhatWasTyped) {
+TEST_F(EditedGrid, ACheckMayRefuseWhatWasTyped) {
   grid_.SetAllowUpdate(true);
   std::vector<std::string> asked;
   grid_.SetBeforeColUpdate([&](int column, const QString& before, const QString& now) {
@@ -116,7 +78,7 @@ TEST_F(Grid, ACheckMayRefuseWhatWasTyped) {
   EXPECT_EQ(Stored("DENUMIRE", "A"), Value("Freza"));
 }
 
-TEST_F(Grid, AListOffersItsTexts) {
+TEST_F(EditedGrid, AListOffersItsTexts) {
   grid_.SetAllowUpdate(true);
   QTableView* view = grid_.View();
   view->setCurrentIndex(view->model()->index(1, 5));
@@ -130,7 +92,7 @@ TEST_F(Grid, AListOffersItsTexts) {
   EXPECT_EQ(Stored("BLOCATA", "A"), Value::YesNo(true));
 }
 
-TEST_F(Grid, AValueThatTheListLacksStaysUnlessAnotherIsPicked) {
+TEST_F(EditedGrid, AValueThatTheListLacksStaysUnlessAnotherIsPicked) {
   grid_.SetColumns({{"Grad", "GRAD_U", {}, {{1, "unu"}, {2, "doi"}}}});
   grid_.SetAllowUpdate(true);
   QTableView* view = grid_.View();

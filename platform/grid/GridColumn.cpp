@@ -1,4 +1,4 @@
-#include "platform/forms/GridColumn.h"
+#include "platform/grid/GridColumn.h"
 
 #include <algorithm>
 
@@ -31,7 +31,7 @@ std::string Formatted(const Value& value, const std::string& format) {
 
 }  // namespace
 
-QString CellText(const Value& value, const GridColumn& column) {
+QString ShownText(const Value& value, const GridColumn& column) {
   if (value.IsNull()) return {};
   for (const auto& [entry, text] : column.list) {
     if (SameEntry(entry, value)) return text;
@@ -43,8 +43,12 @@ QString CellText(const Value& value, const GridColumn& column) {
   }
 }
 
+bool IsWord(const Value& value, const GridColumn& column) {
+  return !value.IsNull() && (!column.list.empty() || value.GetKind() == Value::Kind::YesNo);
+}
+
 QString CellEditText(const Value& value, const GridColumn& column) {
-  if (!column.list.empty() || value.IsNull()) return CellText(value, column);
+  if (!column.list.empty() || value.IsNull()) return ShownText(value, column);
   return QString::fromStdString(Formatted(value, {}));
 }
 

@@ -3,12 +3,16 @@
 
 #include <QWidget>
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "platform/forms/Adodc.h"
-#include "platform/forms/GridColumn.h"
+#include "platform/forms/Form.h"
+#include "platform/grid/GridColumn.h"
+#include "platform/grid/GridContent.h"
+#include "platform/grid/GridPrint.h"
 
 class QTableView;
 
@@ -16,15 +20,18 @@ namespace tevra {
 
 class GridFooter;
 class GridModel;
+class GridTools;
 class GroupArea;
 
 /// Reads from the source only the rows that are on show. The current row of grid and source are the
-/// same. Numbers stand at the right.
-class DataGrid : public QWidget {
+/// same. Numbers stand at the right. What people do with any list (columns chosen, copied, taken to
+/// a spreadsheet, printed) comes with SetTools.
+class DataGrid : public QWidget, public KeepsTyping {
   Q_OBJECT
 
  public:
   DataGrid(const char* name, QWidget* parent);
+  ~DataGrid() override;
 
   void SetColumns(std::vector<GridColumn> columns);
   const std::vector<GridColumn>& Columns() const;
@@ -34,11 +41,35 @@ class DataGrid : public QWidget {
   /// Cells are edited in place; a changed cell is written at once. Off unless set.
   void SetAllowUpdate(bool allow);
   /// Writes what is being typed into a cell.
-  void CommitEditor();
+  void CommitTyping() override;
   /// Asked before a typed text is written; false takes it back. `column`: as in Columns.
   using ColumnCheck =
       std::function<bool(int column, const QString& oldText, const QString& newText)>;
   void SetBeforeColUpdate(ColumnCheck check) { beforeColUpdate_ = std::move(check); }
+
+  /// A row that the user goes to by mouse or keys is marked, with Shift and Ctrl for more. Off
+  /// unless set; else rows are marked by the strip at their left only.
+  void SetRowSelect(bool on);
+
+  /// The menu of the list, behind the button in its corner and the right mouse button: columns
+  /// shown, copy, spreadsheet, CSV, print. `key`: under which the user's columns, their widths and
+  /// order are remembered; `title`: of what is printed and saved.
+  void SetTools(const std::string& key, const QString& title);
+  void SetPrintInfo(GridPrintInfo info) { printInfo_ = std::move(info); }
+  const GridPrintInfo& PrintInfo() const { return printInfo_; }
+
+  /// What the grid shows: all rows, or those marked.
+  enum class Rows { kAll, kMarked };
+  GridContent Content(Rows rows = Rows::kAll) const;
+
+  /// The columns on show, from left to right.
+  std::vector<int> ShownColumns() const;
+  /// The user's arrangement of the columns goes: widths, order and columns as the screen gave them.
+  void ResetColumns();
+
+  /// Runs the source's statement anew and goes back to where the user was: to the row with the same
+  /// number in `keyField`, else to the same place, sorted as before. Throws Failure.
+  void RefreshInPlace(const std::string& keyField);
 
   /// The text shown in a column of the current row; empty without one.
   std::string ColumnText(int column) const;
@@ -55,6 +86,7 @@ class DataGrid : public QWidget {
 
   /// The area above the headers into which a header can be dragged.
   void SetGroupArea(bool shown);
+  bool HasGroupArea() const;
   void SetGroupText(const QString& text);
   /// The fields of the headers dragged into the group area, in their order.
   const std::vector<std::string>& GroupColumns() const { return groups_; }
@@ -64,6 +96,8 @@ class DataGrid : public QWidget {
   void ResetGroups();
   /// Tells by which fields the rows are sorted now.
   void SetSortMarks(const std::vector<std::string>& fields, bool descending);
+  /// By which columns the rows are sorted; empty in the statement's order.
+  const std::vector<std::string>& SortFields() const { return sorted_; }
 
   QTableView* View() const { return view_; }
 
@@ -71,24 +105,27 @@ class DataGrid : public QWidget {
   void RowColChange();  ///< another current cell
   void SelChange();     ///< other rows are marked
   void GroupColMove();  ///< a header was dragged into the group area
-  void SortWanted(const std::string& field, bool descending);  ///< from the grid's menu
+  /// From the grid's menu; no field: in the statement's order again.
+  void SortWanted(const std::string& field, bool descending);
   void CellWritten(int column);
 
  protected:
+  void hideEvent(QHideEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void BuildView();
   void BuildHeader();
   void Reload();
+  void FollowRows();
   void FollowSource();
+  void GoTo(int row, int column);
   void FollowView();
   bool WriteCell(int row, int column, const QString& text);
   void MarkRows(int row, Qt::KeyboardModifiers modifiers);
   void MarkAll();
   void HoverGroup(const QPoint& globalPosition);
   void DropOnGroup(int column, const QPoint& globalPosition);
-  void ShowMenu(int column, const QPoint& globalPosition);
   bool IsOverGroupArea(const QPoint& globalPosition) const;
 
   Adodc* source_ = nullptr;
@@ -98,7 +135,12 @@ class DataGrid : public QWidget {
   GridFooter* footer_;
   ColumnCheck beforeColUpdate_;
   std::vector<std::string> groups_;
-  int anchor_ = 0;          // the row from which Shift marks
+  std::vector<std::string> sorted_;
+  GridPrintInfo printInfo_;
+  std::unique_ptr<GridTools> tools_;
+  int anchor_ = 0;  // the row from which Shift marks
+  bool rowSelect_ = false;
+  bool sized_ = false;      // the columns' widths were given by what their fields are
   bool following_ = false;  // grid and source bring each other to the same row
 };
 

@@ -1,10 +1,10 @@
-#include "app/batch/MoneySum.h"
+#include "platform/data/MoneySum.h"
 
 #include <cmath>
 
 #include "platform/text/Numbers.h"
 
-namespace tevra::batch {
+namespace tevra {
 
 void MoneySum::Add(const Value& value) {
   if (!value.IsNull()) sum_ += value.AsDouble();
@@ -17,4 +17,4 @@ double MoneySum::Total() const {
   return std::abs(total) < kExactUpTo ? RoundTo(total, kDecimals) : total;
 }
 
-}  // namespace tevra::batch
+}  // namespace tevra

@@ -1,4 +1,4 @@
-#include "platform/forms/extTDBGrid.h"
+#include "platform/grid/extTDBGrid.h"
 
 #include "platform/system/StandardError.h"
 
@@ -24,7 +24,8 @@ void extTDBGrid::SetTDBGrid(DataGrid* grid) {
   if (!grid_) return;
   connect(grid_, &DataGrid::GroupColMove, this, [this] { DataGrid_GroupColMove(); });
   connect(grid_, &DataGrid::SortWanted, this, [this](const std::string& field, bool descending) {
-    if (sortType_ != kNone) SortBy({field}, descending);
+    if (sortType_ == kNone) return;
+    SortBy(field.empty() ? std::vector<std::string>() : std::vector{field}, descending);
   });
 }
 
@@ -39,8 +40,10 @@ void extTDBGrid::DataGrid_GroupColMove() {
 
 void extTDBGrid::Sort() {
   if (sortType_ == kNone || !grid_ || !grid_->DataSource()) return;
-  const std::vector<std::string> fields = grid_->GroupColumns();
+  std::vector<std::string> fields = grid_->GroupColumns();
   grid_->ResetGroups();
+  // The area still shows by what the list is sorted: that is what another direction is asked for.
+  if (fields.empty()) fields = grid_->SortFields();
   SortBy(fields, sortType_ == kDescending);
 }
 
@@ -50,8 +53,8 @@ void extTDBGrid::SortBy(const std::vector<std::string>& fields, bool descending)
     order += (order.empty() ? "[" : ", [") + field + "]" + (descending ? " DESC" : "");
   }
   grid_->DataSource()->Recordset().SetSort(order);
-  grid_->SetSortMarks(fields, descending);
   grid_->DataSource()->Notify();
+  grid_->SetSortMarks(fields, descending);
 }
 
 }  // namespace tevra

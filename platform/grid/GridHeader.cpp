@@ -1,4 +1,4 @@
-#include "platform/forms/GridHeader.h"
+#include "platform/grid/GridHeader.h"
 
 #include <QAbstractItemView>
 #include <QMouseEvent>

@@ -26,7 +26,10 @@ struct GridColumn {
 
 /// A value as a cell of the column shows it; Null is empty. Never throws: what the format cannot
 /// show reads as it is.
-QString CellText(const Value& value, const GridColumn& column);
+QString ShownText(const Value& value, const GridColumn& column);
+
+/// True when a value reads as a word that stands for it: of the list, "Da" or "Nu".
+bool IsWord(const Value& value, const GridColumn& column);
 
 /// A value as it is typed into the column: a number with all its digits.
 QString CellEditText(const Value& value, const GridColumn& column);

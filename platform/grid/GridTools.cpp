@@ -1,0 +1,240 @@
+#include "platform/grid/GridTools.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMimeData>
+#include <QProgressDialog>
+#include <QTableView>
+#include <QToolButton>
+
+#include "platform/forms/Hourglass.h"
+#include "platform/grid/ColumnArrangement.h"
+#include "platform/grid/DataGrid.h"
+#include "platform/grid/GridExport.h"
+#include "platform/grid/frmColoane.h"
+#include "platform/system/Desktop.h"
+#include "platform/system/MessageBox.h"
+#include "platform/system/Settings.h"
+#include "platform/system/StandardError.h"
+
+namespace tevra {
+
+namespace {
+
+std::vector<std::string> FieldsOf(const DataGrid& grid) {
+  std::vector<std::string> fields;
+  for (const GridColumn& column : grid.Columns()) fields.push_back(column.field);
+  return fields;
+}
+
+// A long list shows how far it is, and may be given up.
+class Waiting {
+ public:
+  Waiting(QWidget* parent, const QString& what) : dialog_(what, "Renunta", 0, 100, parent) {
+    constexpr int kPatience = 400;  // milliseconds
+    dialog_.setMinimumDuration(kPatience);
+    dialog_.setWindowModality(Qt::WindowModal);
+    dialog_.setWindowTitle(parent->window()->windowTitle());
+  }
+  bool GoOn(std::size_t done, std::size_t all) {
+    dialog_.setValue(static_cast<int>(done * 100 / std::max<std::size_t>(all, 1)));
+    return !dialog_.wasCanceled();
+  }
+
+ private:
+  QProgressDialog dialog_;
+};
+
+void TellFailure() {
+  ShowMessage({ShortErrorText(CaughtFailure()), kCritical, {}, {}});
+}
+
+}  // namespace
+
+GridTools::GridTools(DataGrid& grid) : grid_(grid) {}
+
+void GridTools::SetUp(const std::string& key, const QString& title) {
+  key_ = key;
+  title_ = title;
+  if (button_) return;
+  QTableView* view = grid_.View();
+  button_ = new QToolButton(view);
+  button_->setObjectName(grid_.objectName() + "_Tools");
+  button_->setAutoRaise(true);
+  button_->setArrowType(Qt::DownArrow);
+  button_->setToolTip("Coloane, copiere, export, tiparire");
+  button_->setAccessibleName(button_->toolTip());
+  button_->setFocusPolicy(Qt::NoFocus);
+  connect(button_, &QToolButton::clicked, this,
+          [this] { ShowMenu(button_->mapToGlobal(button_->rect().bottomLeft())); });
+  connect(view->horizontalHeader(), &QHeaderView::geometriesChanged, this, &GridTools::PlaceButton);
+  PlaceButton();
+}
+
+void GridTools::PlaceButton() {
+  if (!button_) return;
+  const QTableView* view = grid_.View();
+  const int frame = view->frameWidth();
+  button_->setGeometry(frame, frame, view->verticalHeader()->width(),
+                       view->horizontalHeader()->height());
+  button_->raise();
+}
+
+// ---- Menus --------------------------------------------------------------------------------------
+
+// What the mouse does by dragging a header, from the keyboard too.
+void GridTools::ShowHeaderMenu(int column, const QPoint& globalPosition) {
+  if (column < 0 || column >= static_cast<int>(grid_.Columns().size())) return;
+  QMenu menu(&grid_);
+  if (grid_.HasGroupArea()) {
+    const std::string field = grid_.Columns()[static_cast<std::size_t>(column)].field;
+    const auto add = [&](const char* text, const std::string& by, bool descending) {
+      return menu.addAction(text, &grid_, [=, this] { emit grid_.SortWanted(by, descending); });
+    };
+    add("Sorteaza crescator", field, false);
+    add("Sorteaza descrescator", field, true);
+    add("Ordinea initiala", {}, false)->setEnabled(!grid_.SortFields().empty());
+    menu.addSeparator();
+  }
+  if (!key_.empty()) FillColumnMenu(menu, column);
+  if (!menu.isEmpty()) menu.exec(globalPosition);
+}
+
+void GridTools::FillColumnMenu(QMenu& menu, int column) {
+  QTableView* view = grid_.View();
+  menu.addAction("Ascunde coloana", view, [view, column] { view->setColumnHidden(column, true); })
+      ->setEnabled(grid_.ShownColumns().size() > 1);
+  menu.addAction("Latime dupa continut", view,
+                 [view, column] { view->resizeColumnToContents(column); });
+  menu.addSeparator();
+  FillMenu(menu);
+}
+
+void GridTools::ShowMenu(const QPoint& globalPosition) {
+  if (key_.empty()) return;
+  QMenu menu(&grid_);
+  FillMenu(menu);
+  menu.exec(globalPosition);
+}
+
+void GridTools::FillMenu(QMenu& menu) {
+  menu.addAction("&Copiaza", this, &GridTools::Copy)->setShortcut(QKeySequence::Copy);
+  menu.addAction("&Foaie de calcul...", this, &GridTools::ExportSpreadsheet);
+  menu.addAction("Fisier CS&V...", this, &GridTools::ExportCsv);
+  menu.addAction("&Tipareste...", this, &GridTools::Print);
+  menu.addSeparator();
+  menu.addAction("C&oloane...", this, &GridTools::ChooseColumns);
+  menu.addAction("Coloanele &initiale", &grid_, &DataGrid::ResetColumns);
+}
+
+// ---- Taking the list elsewhere ------------------------------------------------------------------
+
+void GridTools::Copy() {
+  try {
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    const GridContent marked = grid_.Content(DataGrid::Rows::kMarked);
+    if (marked.RowCount() > 0) {
+      const Hourglass waiting;
+      clipboard->setMimeData(ClipboardTable(marked));
+    } else {
+      clipboard->setText(grid_.View()->currentIndex().data().toString());
+    }
+  } catch (const std::exception&) {
+    TellFailure();
+  }
+}
+
+void GridTools::ExportSpreadsheet() {
+  Export("Foaie de calcul", "xlsx", [this](const std::string& file) {
+    Waiting waiting(&grid_, "Se scrie lista...");
+    return SaveSpreadsheet(grid_.Content(), title_, file, [&](std::size_t done, std::size_t all) {
+      return waiting.GoOn(done, all);
+    });
+  });
+}
+
+void GridTools::ExportCsv() {
+  Export("Fisier CSV", "csv", [this](const std::string& file) {
+    Waiting waiting(&grid_, "Se scrie lista...");
+    return SaveCsv(grid_.Content(), file,
+                   [&](std::size_t done, std::size_t all) { return waiting.GoOn(done, all); });
+  });
+}
+
+void GridTools::Export(const char* what, const char* extension, const Save& save) {
+  try {
+    SaveFileRequest request;
+    request.title = what;
+    request.filter = std::string(what) + "|*." + extension;
+    request.name = title_.toStdString() + "." + extension;
+    request.extension = extension;
+    const auto file = AskSaveFile(request);
+    if (!file || !save(*file)) return;
+    ShowMessage({"Lista a fost salvata in " + *file, kInformation, {}, {}});
+  } catch (const std::exception&) {
+    TellFailure();
+  }
+}
+
+void GridTools::Print() {
+  try {
+    GridPrintInfo info = grid_.PrintInfo();
+    if (info.header.isEmpty()) info.header = title_;
+    const bool several = grid_.SelectedRows().size() > 1;
+    PreviewGrid(grid_.Content(several ? DataGrid::Rows::kMarked : DataGrid::Rows::kAll), info,
+                title_);
+  } catch (const std::exception&) {
+    TellFailure();
+  }
+}
+
+// ---- Columns ------------------------------------------------------------------------------------
+
+void GridTools::ChooseColumns() {
+  QHeaderView* header = grid_.View()->horizontalHeader();
+  std::vector<ColumnChoice> choices;
+  for (int visual = 0; visual < header->count(); ++visual) {
+    const int column = header->logicalIndex(visual);
+    choices.push_back({column, grid_.Columns()[static_cast<std::size_t>(column)].caption,
+                       !header->isSectionHidden(column)});
+  }
+  const auto chosen = ChooseFrom(choices, title_, grid_.window());
+  if (!chosen) return;
+  int visual = 0;
+  for (const ColumnChoice& choice : *chosen) {
+    header->moveSection(header->visualIndex(choice.column), visual++);
+    header->setSectionHidden(choice.column, !choice.shown);
+  }
+}
+
+void GridTools::RestoreColumns() {
+  if (key_.empty()) return;
+  QHeaderView& header = *grid_.View()->horizontalHeader();
+  const std::vector<std::string> fields = FieldsOf(grid_);
+  if (const auto text = Settings().Get(key_)) Arrange(header, fields, *text);
+  kept_ = ArrangementOf(header, fields);
+}
+
+// Without settings the columns stand tomorrow as the screen gives them: no reason to disturb.
+void GridTools::KeepColumns() {
+  if (key_.empty() || kept_.empty()) return;
+  const std::string now = ArrangementOf(*grid_.View()->horizontalHeader(), FieldsOf(grid_));
+  if (now == kept_) return;
+  try {
+    Settings().Set(key_, now);
+    kept_ = now;
+  } catch (const Failure&) {
+  }
+}
+
+void GridTools::Forget() {
+  if (key_.empty()) return;
+  try {
+    Settings().Remove(key_);
+  } catch (const Failure&) {
+  }
+}
+
+}  // namespace tevra
