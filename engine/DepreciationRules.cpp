@@ -1,12 +1,10 @@
 #include "engine/DepreciationRules.h"
 
-#include <cmath>
 #include <cstddef>
 #include <limits>
 #include <string>
 
-#include "platform/text/Failure.h"
-#include "platform/text/Numbers.h"
+#include "engine/Amounts.h"
 
 namespace tevra {
 namespace {
@@ -38,25 +36,9 @@ struct Money {
   std::optional<double> currency;
 };
 
-template <typename T>
-const T& Need(const std::optional<T>& value, const char* field) {
-  if (!value) throw Failure(kInvalidUseOfNull, std::string("Invalid use of Null: ") + field);
-  return *value;
-}
-
-// A zero loses its sign: "-0" would look like a mistake in a list.
-double Finite(double value, const char* field) {
-  if (!std::isfinite(value)) throw Failure(kOverflow, std::string("Overflow: ") + field);
-  return value == 0 ? 0.0 : value;
-}
-
-double Rounded(double value, const char* field) {
-  return Finite(Round0(value), field);
-}
-
 std::optional<double> Rounded(const std::optional<double>& value, const char* field) {
   if (!value) return std::nullopt;
-  return Rounded(*value, field);
+  return RoundedAmount(*value, field);
 }
 
 // What a formula makes of an amount in both kinds of money.
@@ -210,7 +192,7 @@ class Calculation {
   }
 
   double SetMonthlyRate(const std::optional<double>& annualRate, const char* field) {
-    const double rate = Finite(Need(annualRate, field) / 12, "COTAL_LUNARA");
+    const double rate = FiniteAmount(Need(annualRate, field) / 12, "COTAL_LUNARA");
     fields_.COTAL_LUNARA = rate;
     return rate;
   }
@@ -222,17 +204,17 @@ class Calculation {
   }
 
   void SetCumulated(const Money& value) {
-    fields_.VAL_AMOR_CUMULATA = Rounded(value.lei, "VAL_AMOR_CUMULATA");
+    fields_.VAL_AMOR_CUMULATA = RoundedAmount(value.lei, "VAL_AMOR_CUMULATA");
     fields_.VAL_AMOR_CUMULATA_VAL = Rounded(value.currency, "VAL_AMOR_CUMULATA_VAL");
   }
 
   void SetRemaining(const Money& value) {
-    fields_.VAL_RAMASA = Rounded(value.lei, "VAL_RAMASA");
+    fields_.VAL_RAMASA = RoundedAmount(value.lei, "VAL_RAMASA");
     fields_.VAL_RAMASA_VAL = Rounded(value.currency, "VAL_RAMASA_VAL");
   }
 
   void SetExpense(const Money& value) {
-    fields_.VALCHELEI = Rounded(value.lei, "VALCHELEI");
+    fields_.VALCHELEI = RoundedAmount(value.lei, "VALCHELEI");
     fields_.VALCHEVAL = Rounded(value.currency, "VALCHEVAL");
   }
 

@@ -107,11 +107,14 @@ void WriteFields(ForwardCursor& row, const CalculatedFields& fields) {
   row.Write();
 }
 
-void CalculateRow(ForwardCursor& row, const DateTime& dataCalcul) {
+using Rules = void (*)(const AssetParameters& asset, const DateTime& dataCalcul,
+                       CalculatedFields& fields);
+
+void CalculateRow(ForwardCursor& row, const DateTime& dataCalcul, Rules rules) {
   try {
     const CalculatedFields stored = StoredFields(row);
     CalculatedFields fields = stored;
-    CalculateForMonth(Parameters(row), dataCalcul, fields);
+    rules(Parameters(row), dataCalcul, fields);
     if (!(fields == stored)) WriteFields(row, fields);
   } catch (const Failure& failure) {
     throw Failure(
@@ -128,13 +131,31 @@ int RunMonth(Connection& connection, const DateTime& dataCalcul) {
   {
     ForwardCursor row(connection, "Select * from i_imo ", ReadFields(), WrittenFields());
     while (row.Next()) {
-      CalculateRow(row, dataCalcul);
+      CalculateRow(row, dataCalcul, CalculateForMonth);
       if (count == std::numeric_limits<std::int16_t>::max()) throw Failure(kOverflow, "Overflow");
       ++count;
     }
   }
   transaction.Commit();
   return count;
+}
+
+bool CalculateAsset(Connection& connection, const DateTime& dataCalcul, const std::string& cod) {
+  Transaction transaction(connection);
+  bool found = false;
+  {
+    ForwardCursor row(connection, "Select * from i_imo where cod = ?", ReadFields(),
+                      WrittenFields(), {cod});
+    found = row.Next();
+    if (found) CalculateRow(row, dataCalcul, CalculateSingle);
+  }
+  transaction.Commit();
+  return found;
+}
+
+void CalculImobilizare(const DateTime& dataCalcul, const std::string& cod) {
+  Connection connection(CurrentSession().connectionString);
+  CalculateAsset(connection, dataCalcul, cod);
 }
 
 std::string MonthDoneText(int assets) {

@@ -18,6 +18,15 @@ void CalculLunar(const DateTime& dataCalcul);
 /// 32767 assets.
 int RunMonth(Connection& connection, const DateTime& dataCalcul);
 
+/// Brings the first asset of the open company with this COD up to a date, as a disposal needs it:
+/// as if it had not left. What was stored is overwritten; the next monthly run brings it back. A
+/// COD that no asset has changes nothing. Throws Failure with the asset as it was.
+void CalculImobilizare(const DateTime& dataCalcul, const std::string& cod);
+
+/// The same on a connection, in a transaction of its own; false when no asset has the COD. The
+/// failure's source names the asset.
+bool CalculateAsset(Connection& connection, const DateTime& dataCalcul, const std::string& cod);
+
 /// The message of a run that was done, and of one that was not.
 std::string MonthDoneText(int assets);
 inline constexpr const char* kMonthFailedText = "Eroare la CALCUL !";

@@ -3,9 +3,12 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "accounting/ChargePostings.h"
 #include "engine/Module3.h"
+#include "platform/forms/Hourglass.h"
 #include "platform/system/Clock.h"
 #include "platform/text/Dates.h"
+#include "session/Session.h"
 
 namespace tevra {
 
@@ -38,6 +41,12 @@ void frmRapCHE::Build() {
   lblData = new QLabel(this);
   lblData->setObjectName("lblData");
 
+  fraDiverse = new QGroupBox(this);
+  fraDiverse->setObjectName("fraDiverse");
+  chkGenNoteContabile = new CheckBox("chkGenNoteContabile", "Note Contabile", fraDiverse);
+  chkGenNoteContabile->setToolTip("Scrie si notele contabile ale lunii, in locul celor vechi");
+  (new QVBoxLayout(fraDiverse))->addWidget(chkGenNoteContabile);
+
   cmdCalcul = new QPushButton("Calcule", this);
   cmdCalcul->setObjectName("cmdCalcul");
   cmdCalcul->setDefault(true);
@@ -46,6 +55,7 @@ void frmRapCHE::Build() {
   for (QPushButton* button : {cmdCalcul, cmdCMCancel}) button->setMinimumSize(110, 32);
 
   auto* buttons = new QVBoxLayout;
+  buttons->addWidget(fraDiverse);
   buttons->addWidget(cmdCalcul);
   buttons->addStretch();
   buttons->addWidget(cmdCMCancel);
@@ -88,6 +98,19 @@ void frmRapCHE::cmdCalcul_Click() {
     const DateTime date = SelectedDate();
     procedure.line = 2;
     CalculLunar(date);
+    procedure.line = 3;
+    if (chkGenNoteContabile->isChecked()) pAddNoteContabile();
+  });
+}
+
+// Also behind a run that failed: then by the rates that stand in the register.
+void frmRapCHE::pAddNoteContabile() {
+  Run("pAddNoteContabile", [this](Procedure& procedure) {
+    const Hourglass waiting;
+    procedure.line = 1;
+    Connection connection(CurrentSession().connectionString);
+    procedure.line = 2;
+    PostCharges(connection, SelectedDate());
   });
 }
 

@@ -1,4 +1,5 @@
-// The screen of the monthly charges: it starts the month's calculation.
+// The screen of the monthly charges: it starts the month's calculation and
+// writes its postings.
 #pragma once
 
 #include <QCalendarWidget>
@@ -6,6 +7,7 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "platform/forms/Boxes.h"
 #include "platform/forms/Form.h"
 #include "platform/text/DateTime.h"
 
@@ -19,6 +21,8 @@ class frmRapCHE : public Form {
   QLabel* lblData;
   QGroupBox* Frame1;
   QLabel* Label1;
+  QGroupBox* fraDiverse;
+  CheckBox* chkGenNoteContabile;
   QPushButton* cmdCalcul;
   QPushButton* cmdCMCancel;
 
@@ -27,6 +31,7 @@ class frmRapCHE : public Form {
   void Form_Load();
   void MonthView1_Click();
   void cmdCalcul_Click();
+  void pAddNoteContabile();
 
   /// The date that stands in the calendar, at 00:00.
   DateTime SelectedDate() const;

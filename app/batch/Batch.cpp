@@ -14,13 +14,19 @@ namespace tevra::batch {
 namespace {
 
 void RunOnCompany(const CommandLine& line, const Streams& streams) {
-  if (line.command == Command::Calculate) ParseDate(line.date);  // before anybody types a password
+  // Before anybody types a password.
+  const bool dated = line.command == Command::Calculate || line.command == Command::Asset;
+  const DateTime date = dated ? ParseDate(line.date) : DateTime();
   Login({line.directory, line.company, line.user, line.passwordFile}, streams);
   switch (line.command) {
     case Command::Load:
       return LoadFile(line.file, line.table, streams);
     case Command::Calculate:
-      return Calculate(ParseDate(line.date), streams.out);
+      return Calculate(date, line.post, streams.out);
+    case Command::Asset:
+      return CalculateOneAsset(line.code, date, line.csv, streams.out);
+    case Command::Plan:
+      return WritePlan(line.nrcrt, line.csv, streams.out);
     case Command::Assets:
       return ListAssets(line.csv, streams.out);
     default:

@@ -101,7 +101,14 @@ class Parser {
 
   void AddAssetCommands() {
     Add(Command::Calculate, "calculate", "Calculeaza amortizarea tuturor imobilizarilor la o data",
-        {{"DATA", &line_.date, "Data calculului: ZZ.LL.AAAA"}});
+        {{"DATA", &line_.date, "Data calculului: ZZ.LL.AAAA"}})
+        ->add_flag("--post", line_.post, "Scrie si notele contabile ale lunii");
+    AddCsvFlag(Add(Command::Asset, "asset",
+                   "Aduce o imobilizare la o data, ca pentru iesire, si o afiseaza",
+                   {{"COD", &line_.code, "Numarul de inventar"},
+                    {"DATA", &line_.date, "Data calculului: ZZ.LL.AAAA"}}));
+    AddCsvFlag(Add(Command::Plan, "plan", "Face si afiseaza planul de amortizare pe ani",
+                   {{"NRCRT", &line_.nrcrt, "Numarul curent al imobilizarii"}}));
     AddCsvFlag(Add(Command::Assets, "assets", "Afiseaza imobilizarile si totalurile lor", {}));
     CLI::App* charges = Add(Command::Charges, "charges",
                             "Afiseaza cheltuielile lunii dupa ultimul calcul, pe grupe", {});

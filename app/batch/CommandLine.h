@@ -7,7 +7,7 @@
 
 namespace tevra::batch {
 
-enum class Command { Companies, Create, Load, Calculate, Assets, Charges };
+enum class Command { Companies, Create, Load, Calculate, Asset, Plan, Assets, Charges };
 
 /// What the assets are grouped by in the list of charges.
 enum class Grouping { Account, Class, Location, Centre };
@@ -21,11 +21,13 @@ struct CommandLine {
   std::string user;                         ///< not empty when the command logs in
   std::optional<std::string> passwordFile;  ///< without one the password is asked for
 
-  std::string code;   ///< of the company to create
+  std::string code;   ///< of the company to create, or the COD of the asset
   std::string name;   ///< of the company to create
   std::string file;   ///< CSV to load, "-" for the standard input
   std::string table;  ///< to load into
   std::string date;   ///< of the calculation, as written
+  bool post = false;  ///< the month's charges go into the accounting lines, too
+  std::string nrcrt;  ///< of the asset to plan, as written
   Grouping grouping = Grouping::Account;
   bool csv = false;
 };

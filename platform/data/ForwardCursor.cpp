@@ -74,8 +74,10 @@ struct ForwardCursor::Impl {
 
 ForwardCursor::ForwardCursor(Connection& connection, const std::string& sql,
                              const std::vector<std::string>& read,
-                             const std::vector<std::string>& write)
-    : impl_(std::make_unique<Impl>(connection, sql, read, write)) {}
+                             const std::vector<std::string>& write, const Values& params)
+    : impl_(std::make_unique<Impl>(connection, sql, read, write)) {
+  impl_->select.Bind(params);
+}
 
 ForwardCursor::~ForwardCursor() = default;
 

@@ -16,9 +16,10 @@ class ForwardCursor {
  public:
   /// `sql`: a statement over one table, with "*" as its list; an order of its own must not be by a
   /// written column. `read`: the columns wanted, numbered in this order; `write`: the columns that
-  /// Write sets, numbered likewise. Throws Failure -2147217900.
+  /// Write sets, numbered likewise; "?" in the statement are `params`. Throws Failure -2147217900.
   ForwardCursor(Connection& connection, const std::string& sql,
-                const std::vector<std::string>& read, const std::vector<std::string>& write = {});
+                const std::vector<std::string>& read, const std::vector<std::string>& write = {},
+                const Values& params = {});
   ~ForwardCursor();
   ForwardCursor(const ForwardCursor&) = delete;
   ForwardCursor& operator=(const ForwardCursor&) = delete;

@@ -95,5 +95,34 @@ TEST_F(FrmRapChe, AFailedRunSaysSoAndLeavesTheScreenUsable) {
             "Calculul cheltuielilor lunare s-a efectuat pentru  1 imobilizari");
 }
 
+TEST_F(FrmRapChe, PostsTheMonthWhenAskedAlsoBehindARunThatFailed) {
+  company_.Open().Execute("UPDATE I_IMO SET CONT = '2131'");
+  const auto lines = [&](const char* what) {
+    return company_.Open().QueryValue(std::string("SELECT ") + what + " FROM Kv_Linii");
+  };
+  auto* run = Find<QPushButton>("cmdCalcul");
+  Find<QCalendarWidget>("MonthView1")->setSelectedDate(QDate(2026, 6, 15));
+  QTest::mouseClick(run, Qt::LeftButton);
+  EXPECT_EQ(lines("COUNT(*)").AsLong(), 0);
+  screen_.chkGenNoteContabile->setChecked(true);
+  QTest::mouseClick(run, Qt::LeftButton);
+  EXPECT_EQ(lines("COUNT(*)").AsLong(), 2);
+  EXPECT_EQ(lines("SUM(DEBIT)").AsDouble(), 200.0);
+  EXPECT_EQ(lines("MAX(DOC)"), Value("IMO06"));
+  EXPECT_EQ(messages_.shown.size(), 2u);
+
+  company_.Open().Execute("UPDATE I_IMO SET DATA_SF = NULL, COTAL_LUNARA = 0.02");
+  QTest::mouseClick(run, Qt::LeftButton);
+  EXPECT_EQ(messages_.shown.back().prompt, "Eroare la CALCUL !");
+  EXPECT_EQ(lines("SUM(DEBIT)").AsDouble(), 240.0);
+
+  company_.Open().Execute("UPDATE I_CONTURIIM SET CONT_AMO = NULL");
+  QTest::mouseClick(run, Qt::LeftButton);
+  EXPECT_EQ(messages_.shown.back().prompt,
+            "Eroare -2147221494 - Trebuie sa precizati: Cont in procedura pAddNoteContabile din "
+            "Form frmRapCHE Linia: 2");
+  EXPECT_EQ(lines("SUM(DEBIT)").AsDouble(), 240.0);
+}
+
 }  // namespace
 }  // namespace tevra::test

@@ -1,10 +1,12 @@
 #include <optional>
 
+#include "accounting/ChargePostings.h"
 #include "app/batch/Refusal.h"
 #include "app/batch/commands/Commands.h"
 #include "engine/Module3.h"
 #include "platform/data/Connection.h"
 #include "platform/text/Dates.h"
+#include "platform/text/Numbers.h"
 #include "session/Session.h"
 
 namespace tevra::batch {
@@ -18,6 +20,19 @@ std::string Reason(const Failure& failure) {
   return ErrorText(failure, namesFile || failure.Source().empty() ? file : failure.Source());
 }
 
+// The month stays calculated when its postings fail; both are said.
+void Post(const DateTime& date, std::ostream& out) {
+  try {
+    Connection connection(CurrentSession().connectionString);
+    const ChargesPosted posted = PostCharges(connection, date);
+    out << "Note contabile " << ChargeDocument(date) << ": " << posted.notes << " note, "
+        << Format(posted.lei, "Standard") << " lei\n";
+  } catch (const Failure& failure) {
+    throw Refusal("Luna a fost calculata, dar notele contabile nu au fost scrise !\n" +
+                  Reason(failure));
+  }
+}
+
 }  // namespace
 
 DateTime ParseDate(const std::string& text) {
@@ -28,13 +43,14 @@ DateTime ParseDate(const std::string& text) {
   return *date;
 }
 
-void Calculate(const DateTime& date, std::ostream& out) {
+void Calculate(const DateTime& date, bool post, std::ostream& out) {
   try {
     Connection connection(CurrentSession().connectionString);
     out << MonthDoneText(RunMonth(connection, date)) << '\n';
   } catch (const Failure& failure) {
     throw Refusal(std::string(kMonthFailedText) + '\n' + Reason(failure));
   }
+  if (post) Post(date, out);
 }
 
 }  // namespace tevra::batch

@@ -27,8 +27,17 @@ void LoadFile(const std::string& file, const std::string& table, const Streams& 
 /// Reads 31.12.2006 or 2006-12-31; throws Refusal for anything else.
 DateTime ParseDate(const std::string& text);
 
-/// The monthly run over all assets. Throws Refusal, the reason in its words, when it was not done.
-void Calculate(const DateTime& date, std::ostream& out);
+/// The monthly run over all assets; `post`: then its postings, unless the run failed. Throws
+/// Refusal, the reason in its words, when one of them was not done.
+void Calculate(const DateTime& date, bool post, std::ostream& out);
+
+/// Brings one asset up to a date, as a disposal does, and writes what that gave. Throws Refusal
+/// when no asset has the COD, or it cannot be calculated.
+void CalculateOneAsset(const std::string& cod, const DateTime& date, bool csv, std::ostream& out);
+
+/// Makes the plan of an asset by its NRCRT and writes it. Throws Refusal for an asset that is not
+/// there or has no plan, Failure where it cannot be made; the plan made before is then still there.
+void WritePlan(const std::string& nrcrt, bool csv, std::ostream& out);
 
 /// Writes all assets by number and the six totals of their list.
 void ListAssets(bool csv, std::ostream& out);
