@@ -1,5 +1,5 @@
-// A list of 32,767 assets as a screen opens and scrolls it, against the bare statements that its
-// first page and its totals need.
+// The register of 32,767 assets as its screen opens and scrolls it, against the bare statements
+// that its first page and its totals need.
 //
 //   bench-list [--benchmark_repetitions=N]
 //
@@ -14,6 +14,7 @@
 #include "bench/GeneratedCompany.h"
 #include "bench/Medians.h"
 #include "platform/data/Recordset.h"
+#include "register/AssetList.h"
 
 namespace {
 
@@ -22,11 +23,6 @@ using namespace tevra::bench;
 
 constexpr int kAssets = 32767;
 constexpr std::size_t kPage = 64;
-
-const std::string kList =
-    "SELECT A.*, L.titlu AS loc, T.nume AS furniz, C.titlu AS CC FROM kv_CC C RIGHT JOIN (kv_ter T "
-    "RIGHT JOIN (I_localizare L RIGHT JOIN i_imo A ON L.cod = A.cod_loc) ON T.cod = "
-    "A.cod_furnizor) ON C.cod = A.cod_cc ORDER BY A.nrcrt DESC";
 
 const char* const kBarePage =
     "SELECT A.*, L.TITLU, T.NUME, C.TITLU FROM I_IMO A LEFT JOIN I_LOCALIZARE L ON L.COD = "
@@ -46,21 +42,21 @@ void LookAtPage(Recordset& rows, std::size_t first) {
 
 void List(benchmark::State& state, Connection* connection) {
   while (state.KeepRunning()) {
-    Recordset rows = connection->OpenKeyset(kList);
+    Recordset rows = connection->OpenKeyset(AssetListStatement() + kNewestFirst);
     LookAtPage(rows, 0);
-    benchmark::DoNotOptimize(connection->OpenRecordset(kBareTotals).Get(0));
+    benchmark::DoNotOptimize(TotalsOfAllAssets(*connection));
   }
 }
 
 void Scroll(benchmark::State& state, Connection* connection) {
-  Recordset rows = connection->OpenKeyset(kList);
+  Recordset rows = connection->OpenKeyset(AssetListStatement() + kNewestFirst);
   while (state.KeepRunning()) {
     for (std::size_t first = 0; first < rows.RecordCount(); first += kPage) LookAtPage(rows, first);
   }
 }
 
 void Sort(benchmark::State& state, Connection* connection) {
-  Recordset rows = connection->OpenKeyset(kList);
+  Recordset rows = connection->OpenKeyset(AssetListStatement() + kNewestFirst);
   while (state.KeepRunning()) {
     rows.SetSort("");
     rows.SetSort("DENUMIRE");

@@ -1,0 +1,46 @@
+#include "register/AssetList.h"
+
+#include "platform/data/MoneySum.h"
+#include "platform/data/Recordset.h"
+#include "platform/text/Numbers.h"
+#include "session/Module1.h"
+
+namespace tevra {
+
+std::string AssetListStatement() {
+  return "select A.*,B.titlu as loc,C.nume as furniz,"
+         "D.titlu as CC "
+         "from kv_CC D RIGHT JOIN (kv_ter C RIGHT JOIN "
+         "(I_localizare B RIGHT JOIN i_imo A "
+         "ON B.cod = A.cod_loc) ON C.cod = A.cod_furnizor) "
+         "ON D.cod = A.cod_cc ";
+}
+
+std::string AssetSearchStatement() {
+  return AssetListStatement() + " where denumire like ? order by nrcrt desc, denumire";
+}
+
+AssetTotals TotalsOfAllAssets(Connection& connection) {
+  std::string sums;
+  for (const char* field : kTotalledFields) {
+    sums += (sums.empty() ? "" : ", ") + ("SUM(" + std::string(field) + ")");
+  }
+  const Recordset row = connection.OpenRecordset("SELECT " + sums + " FROM I_IMO");
+  AssetTotals totals{};
+  for (std::size_t i = 0; i < totals.size(); ++i) {
+    MoneySum sum;
+    sum.Add(row.Get(i));
+    totals[i] = sum.Total();
+  }
+  return totals;
+}
+
+void ListedTotals::Add(const Values& values) {
+  constexpr std::size_t kPurchaseInCurrency = 1;
+  for (std::size_t i = 0; i < totals_.size(); ++i) {
+    totals_[i] += Nz(values[i]).AsDouble();
+    if (i != kPurchaseInCurrency) totals_[i] = Round0(totals_[i]);
+  }
+}
+
+}  // namespace tevra

@@ -1,0 +1,44 @@
+// The register as a list: its statements and its totals.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "platform/data/Connection.h"
+
+namespace tevra {
+
+/// All assets with the names of their location, supplier and cost centre, whether those exist or
+/// not; without an order.
+std::string AssetListStatement();
+
+/// The order at opening: the newest asset first.
+inline constexpr const char* kNewestFirst = "order by A.nrcrt desc ";
+
+/// The assets whose name begins with the parameter, newest first.
+std::string AssetSearchStatement();
+
+/// The list that an empty search gives: the assets alone, by number.
+inline constexpr const char* kAssetsByNumber = "select * from I_imo ORDER BY nrcrt";
+
+/// The columns with totals, in lei and in currency by turns.
+inline constexpr std::array<const char*, 6> kTotalledFields{
+    "VAL_CUMP",   "VAL_CUMP_VAL",  "VAL_AMOR_CUMULATA", "VAL_AMOR_CUMULATA_VAL",
+    "VAL_RAMASA", "VAL_RAMASA_VAL"};
+using AssetTotals = std::array<double, kTotalledFields.size()>;
+
+/// The totals of all assets, Null counting as 0. Throws Failure.
+AssetTotals TotalsOfAllAssets(Connection& connection);
+
+/// Adds up some of the assets as a listing of them does: rounded to whole lei after each, but for
+/// the purchase value in currency.
+class ListedTotals {
+ public:
+  void Add(const Values& values);  ///< of the totalled fields of one asset
+  const AssetTotals& Totals() const { return totals_; }
+
+ private:
+  AssetTotals totals_{};
+};
+
+}  // namespace tevra
