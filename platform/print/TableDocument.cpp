@@ -12,7 +12,7 @@ namespace {
 constexpr double kRowFont = 9;  // points
 constexpr double kHeaderFont = 13;
 constexpr double kFooterFont = 8;
-constexpr double kBeside = 3 * kTwipsPerPoint;  // between a column's edge and its text
+constexpr double kBeside = 3.5 * kTwipsPerPoint;  // between a column's edge and its text
 constexpr double kAbove = 1.8 * kTwipsPerPoint;
 constexpr double kUnderHeader = 9 * kTwipsPerPoint;
 constexpr double kOverPageFooter = 6 * kTwipsPerPoint;
