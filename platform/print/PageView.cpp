@@ -231,7 +231,7 @@ QPixmap PageView::Picture(int page) {
   painter.scale(PixelsPerTwip(), PixelsPerTwip());
   PaintContent(painter, page);
   painter.end();
-  const QPixmap picture = QPixmap::fromImage(std::move(image));
+  QPixmap picture = QPixmap::fromImage(std::move(image));
   const auto kilobytes = picture.width() * picture.height() / 256;
   pictures_.insert(page, new QPixmap(picture), kilobytes);
   return picture;

@@ -96,7 +96,7 @@ void TableDocument::MeasureColumns() {
     const TableColumn& column = content_.columns[i];
     double width = column.width * kTwipsPerPoint;
     if (IsNumber(static_cast<int>(i))) {
-      width = std::max(width, bold.Width(column.footer) + 2.5 * kBeside);
+      width = std::max(width, bold.Width(column.footer) + 3 * kBeside);
     }
     widths.push_back(width);
   }

@@ -1,6 +1,8 @@
 // What a page is made of: columns on narrow paper, texts in cells, the print format.
 #include <numeric>
 
+#include <gtest/gtest.h>
+
 #include "platform/print/CellText.h"
 #include "platform/print/PagedDocument.h"
 #include "platform/print/PrintFormat.h"

@@ -20,7 +20,7 @@ class TableOnPaper : public FolderTest {
                              const QPageLayout& layout = DefaultPageLayout()) {
     TableDocument document(std::move(content), layout);
     EXPECT_TRUE(SavePdf(document, File()));
-    const std::vector<QString> pages = PagesOf(File());
+    std::vector<QString> pages = PagesOf(File());
     EXPECT_EQ(static_cast<int>(pages.size()), document.PageCount());
     return pages;
   }
