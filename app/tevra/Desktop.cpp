@@ -46,24 +46,36 @@ bool MayReplace(const QString& file) {
   if (!QFileInfo::exists(file)) return true;
   const QString question =
       QString("Fisierul %1 exista deja ! Doriti sa il inlocuiti ?").arg(QFileInfo(file).fileName());
-  return ShowMessage({question.toStdString(), kYesNo + kQuestion, "Salvare", {}}) == kYes;
+  return ShowMessage({question.toStdString(), kYesNo + kQuestion + kDefaultStep, "Salvare", {}}) ==
+         kYes;
 }
 
-// Begins in the folder of the last file saved, the first time in the user's documents.
+// The folder of the last file saved; the first time that of the user's documents.
+QString& SavingFolder() {
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  static QString folder = QFileInfo(documents).isDir() ? documents : QDir::homePath();
+  return folder;
+}
+
 std::optional<std::string> ChooseNewFile(const SaveFileRequest& request) {
-  static QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-  QString offered = QDir(folder).filePath(QString::fromStdString(request.name));
-  for (;;) {
-    QString chosen = QFileDialog::getSaveFileName(
-        QApplication::activeWindow(), QString::fromStdString(request.title), offered,
-        NameFilter(request.filter), nullptr, QFileDialog::DontConfirmOverwrite);
-    if (chosen.isEmpty()) return std::nullopt;
-    chosen = Typed(chosen, QString::fromStdString(request.extension));
-    offered = chosen;
+  QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(request.title),
+                     SavingFolder(), NameFilter(request.filter));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  dialog.setLabelText(QFileDialog::LookIn, "Folder:");
+  dialog.setLabelText(QFileDialog::FileName, "Nume fisier:");
+  dialog.setLabelText(QFileDialog::FileType, "Tip:");
+  dialog.setLabelText(QFileDialog::Accept, "Salveaza");
+  dialog.setLabelText(QFileDialog::Reject, "Renunta");
+  dialog.selectFile(QString::fromStdString(request.name));
+  while (dialog.exec() == QDialog::Accepted) {
+    const QString chosen =
+        Typed(dialog.selectedFiles().value(0), QString::fromStdString(request.extension));
     if (!MayReplace(chosen)) continue;
-    folder = QFileInfo(chosen).absolutePath();
+    SavingFolder() = QFileInfo(chosen).absolutePath();
     return chosen.toStdString();
   }
+  return std::nullopt;
 }
 
 // The program that the desktop has for a kind of files; empty when it has none.

@@ -81,7 +81,7 @@ FittedText CellText::Fit(const QString& text, double width, int mostLines, bool 
 }
 
 QString CellText::Elided(const QString& text, double width) const {
-  const QString plain = Plain(text);
+  QString plain = Plain(text);
   if (Width(plain) <= width + kSlack) return plain;
   const QString dots("...");
   int fits = 0;

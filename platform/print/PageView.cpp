@@ -7,6 +7,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <exception>
 
 namespace tevra {
@@ -16,6 +17,7 @@ constexpr int kAround = 14;   // pixels between a page and the window's edge
 constexpr int kBetween = 14;  // and between two pages
 constexpr int kShadow = 4;
 constexpr int kCacheKilobytes = 192 * 1024;  // two pages at the largest zoom and density
+constexpr int kNotch = 120;                  // as the toolkit counts a wheel's turning
 constexpr double kLeastZoom = 0.1;
 constexpr double kMostZoom = 4;
 constexpr QColor kDesk(0x8C, 0x90, 0x96);
@@ -181,8 +183,11 @@ void PageView::resizeEvent(QResizeEvent* event) {
 
 void PageView::wheelEvent(QWheelEvent* event) {
   if (!(event->modifiers() & Qt::ControlModifier)) return QAbstractScrollArea::wheelEvent(event);
-  const int turned = event->angleDelta().y();
-  if (turned != 0) emit ZoomWanted(turned > 0 ? 1 : -1);
+  // A touch pad turns by less than a wheel's notch at a time.
+  turned_ += event->angleDelta().y();
+  for (; std::abs(turned_) >= kNotch; turned_ -= turned_ > 0 ? kNotch : -kNotch) {
+    emit ZoomWanted(turned_ > 0 ? 1 : -1);
+  }
   event->accept();
 }
 
@@ -226,7 +231,7 @@ QPixmap PageView::Picture(int page) {
   painter.scale(PixelsPerTwip(), PixelsPerTwip());
   PaintContent(painter, page);
   painter.end();
-  const QPixmap picture = QPixmap::fromImage(std::move(image));
+  QPixmap picture = QPixmap::fromImage(std::move(image));
   const auto kilobytes = picture.width() * picture.height() / 256;
   pictures_.insert(page, new QPixmap(picture), kilobytes);
   return picture;

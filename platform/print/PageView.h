@@ -69,6 +69,7 @@ class PageView : public QAbstractScrollArea {
   Fit fit_ = Fit::kNone;
   int current_ = 0;
   int placed_ = 0;       // the pages that the scroll bars know of
+  int turned_ = 0;       // of the wheel with Ctrl, since the last step
   bool going_ = false;   // the program scrolls, to a page
   bool failed_ = false;  // a failure was told
   QCache<int, QPixmap> pictures_;

@@ -19,7 +19,10 @@ QSizeF PagedDocument::PageSize() const {
 }
 
 QRectF PagedDocument::PrintArea() const {
-  const QMarginsF margins = layout_.margins(QPageLayout::Point) * kTwipsPerPoint;
+  // In points they would be rounded.
+  constexpr double kMillimetresPerInch = 25.4;
+  const QMarginsF margins =
+      layout_.margins(QPageLayout::Millimeter) * (kTwipsPerInch / kMillimetresPerInch);
   return QRectF(QPointF(0, 0), PageSize()).marginsRemoved(margins);
 }
 

@@ -13,10 +13,9 @@ namespace {
 // Thrown through ReplaceFile, which then leaves the file of before.
 struct GivenUp {};
 
+// A file that could be opened and takes no more has no room left.
 void CheckWritten(const QFile& file, const std::filesystem::path& path) {
-  if (file.error() == QFileDevice::NoError) return;
-  const bool full = file.error() == QFileDevice::ResourceError;
-  throw FileFailure(full ? kDiskFull : kPermissionDenied, path.string());
+  if (file.error() != QFileDevice::NoError) throw FileFailure(kDiskFull, path.string());
 }
 
 void WritePages(PagedDocument& document, QFile& file, const std::filesystem::path& path,

@@ -13,7 +13,7 @@ constexpr double kRowFont = 9;  // points
 constexpr double kHeaderFont = 13;
 constexpr double kAboveFont = 10;
 constexpr double kFooterFont = 8;
-constexpr double kBeside = 3 * kTwipsPerPoint;  // between a column's edge and its text
+constexpr double kBeside = 3.5 * kTwipsPerPoint;  // between a column's edge and its text
 constexpr double kAbove = 1.8 * kTwipsPerPoint;
 constexpr double kUnderHeader = 9 * kTwipsPerPoint;
 constexpr double kOverAbove = 4 * kTwipsPerPoint;
@@ -98,7 +98,7 @@ void TableDocument::MeasureColumns() {
     const TableColumn& column = content_.columns[i];
     double width = column.width * kTwipsPerPoint;
     if (IsNumber(static_cast<int>(i))) {
-      width = std::max(width, bold.Width(column.footer) + 2.5 * kBeside);
+      width = std::max(width, bold.Width(column.footer) + 3 * kBeside);
     }
     widths.push_back(width);
   }

@@ -12,6 +12,7 @@
 #include "platform/forms/Pictures.h"
 #include "platform/print/PageSettings.h"
 #include "platform/system/MessageBox.h"
+#include "platform/system/StandardError.h"
 
 namespace tevra {
 namespace {
@@ -161,7 +162,12 @@ bool AskPageSetup(QPageLayout& layout) {
   screen.ShowModal();
   if (!screen.Chosen()) return false;
   layout = *screen.Chosen();
-  RememberPageLayout(layout);
+  try {
+    RememberPageLayout(layout);
+  } catch (const Failure& failure) {
+    // The page holds for this paper all the same.
+    ShowShortError(failure, {"AskPageSetup", "Form", "frmPageSetup"});
+  }
   return true;
 }
 

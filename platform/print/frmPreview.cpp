@@ -3,9 +3,10 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QHBoxLayout>
-#include <QIntValidator>
 #include <QKeyEvent>
+#include <QRegularExpressionValidator>
 #include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -114,7 +115,8 @@ QWidget* frmPreview::BuildBar() {
   txtPagina->setObjectName("txtPagina");
   txtPagina->setToolTip("Pagina afisata; scrieti alta si apasati Enter");
   txtPagina->setAlignment(Qt::AlignRight);
-  txtPagina->setValidator(new QIntValidator(1, 999999, txtPagina));
+  txtPagina->setValidator(
+      new QRegularExpressionValidator(QRegularExpression("[0-9]{0,6}"), txtPagina));
   txtPagina->setFixedWidth(txtPagina->fontMetrics().horizontalAdvance("00000") + 20);
   lblPagini = new QLabel(bar);
   lblPagini->setObjectName("lblPagini");
@@ -310,9 +312,11 @@ void frmPreview::keyPressEvent(QKeyEvent* event) {
       return View->GoToPage(document_->PageCount() - 1);
     case Qt::Key_PageUp:
     case Qt::Key_PageDown: {
-      const int step = event->key() == Qt::Key_PageDown ? 1 : -1;
-      if (control) return View->GoToPage(View->CurrentPage() + step);
-      break;
+      const bool down = event->key() == Qt::Key_PageDown;
+      if (control) return View->GoToPage(View->CurrentPage() + (down ? 1 : -1));
+      // From another control; the pages hear the key themselves.
+      return View->verticalScrollBar()->triggerAction(down ? QAbstractSlider::SliderPageStepAdd
+                                                           : QAbstractSlider::SliderPageStepSub);
     }
     case Qt::Key_Plus:
     case Qt::Key_Equal:
