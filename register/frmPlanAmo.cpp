@@ -28,7 +28,9 @@ std::vector<GridColumn> PlanColumns() {
                                   {"Valoare amortizata cumulata USD", "VALAMOCUM_VAL"},
                                   {"Valoare ramasa de amortizat USD", "VALRAMASA_VAL"}};
   for (GridColumn& column : columns) {
-    if (column.field != "AN") column.format = kWhole;
+    if (column.field == "AN") continue;
+    column.format = kWhole;
+    column.width = 12;
   }
   return columns;
 }
@@ -90,7 +92,7 @@ void frmPlanAmo::Build() {
   all->addWidget(parts, 1);
   all->addLayout(buttons);
   GiveFocus(TDBGrid1);
-  resize(900, 560);
+  resize(1000, 560);
 }
 
 QLayout* frmPlanAmo::BuildHead() {
