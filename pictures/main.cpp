@@ -134,7 +134,8 @@ QByteArray Icon(const QString& source) {
 void DrawAll(const QString& sources, const QString& target) {
   QDir().mkpath(target);
   for (const char* name : {"OK", "Iesire", "Sus", "Jos", "Prima", "Inapoi", "Inainte", "Ultima",
-                           "Micsorare", "Marire", "Tiparire", "SalvarePDF", "Pagina"}) {
+                           "Micsorare", "Marire", "Tiparire", "SalvarePDF", "Pagina", "Cautare",
+                           "ListaPagini", "FoaieCalcul", "CSV", "Inchide"}) {
     const QString source = sources + "/" + name + ".svg";
     Write(target + "/" + name + ".bmp", Bitmap(Draw(source, {kButton, kButton})));
     Write(target + "/" + name + "@2x.bmp", Bitmap(Draw(source, {2 * kButton, 2 * kButton})));

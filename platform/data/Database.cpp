@@ -39,14 +39,6 @@ bool LooksLikeStoredDate(std::string_view text) {
          text[13] == ':';
 }
 
-Value TextValue(std::string_view text, const FieldDef* field) {
-  const bool date = field ? field->type == FieldType::DateTime : LooksLikeStoredDate(text);
-  if (date) {
-    if (const auto moment = DateTime::FromIso(text)) return *moment;
-  }
-  return std::string(text);
-}
-
 }  // namespace
 
 Failure EngineFailure(int code, const std::string& message, const std::string& path,
@@ -98,6 +90,20 @@ void Database::Run(const std::string& sql) {
       code != SQLITE_OK) {
     Throw(sqlite3_extended_errcode(db), sql);
   }
+}
+
+Value WholeValue(std::int64_t whole, const FieldDef* field) {
+  if (field && field->type == FieldType::YesNo) return Value::YesNo(whole != 0);
+  if (field && field->type == FieldType::Double) return static_cast<double>(whole);
+  return whole;
+}
+
+Value TextValue(std::string_view text, const FieldDef* field) {
+  const bool date = field ? field->type == FieldType::DateTime : LooksLikeStoredDate(text);
+  if (date) {
+    if (const auto moment = DateTime::FromIso(text)) return *moment;
+  }
+  return std::string(text);
 }
 
 std::string Quoted(std::string_view name) {
@@ -200,12 +206,8 @@ Value Statement::Column(int index, const FieldDef* field) const {
   switch (sqlite3_column_type(stmt_, index)) {
     case SQLITE_NULL:
       return {};
-    case SQLITE_INTEGER: {
-      const std::int64_t whole = sqlite3_column_int64(stmt_, index);
-      if (field && field->type == FieldType::YesNo) return Value::YesNo(whole != 0);
-      if (field && field->type == FieldType::Double) return static_cast<double>(whole);
-      return whole;
-    }
+    case SQLITE_INTEGER:
+      return WholeValue(sqlite3_column_int64(stmt_, index), field);
     case SQLITE_FLOAT:
       return sqlite3_column_double(stmt_, index);
     default: {

@@ -53,6 +53,10 @@ auto OfStatement(const std::string& sql, Call call) {
   }
 }
 
+/// A value as the engine holds it; `field`, when known, says what it means.
+Value WholeValue(std::int64_t whole, const FieldDef* field);
+Value TextValue(std::string_view text, const FieldDef* field);
+
 /// A prepared statement.
 class Statement {
  public:
@@ -70,7 +74,7 @@ class Statement {
   bool Step();                               // true while there is a row
   void Reset() { sqlite3_reset(stmt_); }
 
-  /// A column's value as the engine holds it; `field`, when known, says what it means.
+  /// A column's value, see WholeValue.
   Value Column(int index, const FieldDef* field = nullptr) const;
   sqlite3_stmt* Get() const { return stmt_; }
 

@@ -55,20 +55,6 @@ std::string TextOf(const char* text) {
   return text ? text : "";
 }
 
-std::vector<FieldInfo> ReadFields(sqlite3_stmt* stmt, std::size_t hidden) {
-  const int count = sqlite3_column_count(stmt) - static_cast<int>(hidden);
-  std::vector<FieldInfo> fields;
-  for (int i = 0; i < count; ++i) {
-    FieldInfo info;
-    info.def.name = TextOf(sqlite3_column_name(stmt, i));
-    info.baseTable = TextOf(sqlite3_column_table_name(stmt, i));
-    info.baseColumn = TextOf(sqlite3_column_origin_name(stmt, i));
-    info.typed = ParseDeclaredType(TextOf(sqlite3_column_decltype(stmt, i)), info.def);
-    fields.push_back(std::move(info));
-  }
-  return fields;
-}
-
 std::vector<Row> ReadRows(Statement& select, const std::vector<FieldInfo>& fields,
                           std::size_t width) {
   std::vector<Row> rows;
@@ -89,6 +75,20 @@ std::vector<Row> ReadRows(Statement& select, const std::vector<FieldInfo>& field
 constexpr std::size_t kPagesHeld = 64;
 
 }  // namespace
+
+std::vector<FieldInfo> ReadFields(sqlite3_stmt* stmt, std::size_t hidden) {
+  const int count = sqlite3_column_count(stmt) - static_cast<int>(hidden);
+  std::vector<FieldInfo> fields;
+  for (int i = 0; i < count; ++i) {
+    FieldInfo info;
+    info.def.name = TextOf(sqlite3_column_name(stmt, i));
+    info.baseTable = TextOf(sqlite3_column_table_name(stmt, i));
+    info.baseColumn = TextOf(sqlite3_column_origin_name(stmt, i));
+    info.typed = ParseDeclaredType(TextOf(sqlite3_column_decltype(stmt, i)), info.def);
+    fields.push_back(std::move(info));
+  }
+  return fields;
+}
 
 void RowStore::Load() {
   if (!connection.IsOpen()) throw Failure(kObjectRequired, "Object required: no connection");

@@ -11,7 +11,12 @@
 #include "platform/data/Recordset.h"
 #include "platform/dialect/Rewriter.h"
 
+struct sqlite3_stmt;
+
 namespace tevra::detail {
+
+/// The columns of a statement but for the last `hidden` ones.
+std::vector<FieldInfo> ReadFields(sqlite3_stmt* stmt, std::size_t hidden);
 
 enum class RowState {
   Stored,   // as in the file, or in memory as loaded

@@ -59,6 +59,7 @@ class Adodc::Strip {
       try {
         owner_.UpdateRow();
         pressed();
+        emit owner_.MovedByUser();
       } catch (const std::exception&) {
         ShowMessage({ShortErrorText(CaughtFailure()), kCritical, {}, {}});
       }

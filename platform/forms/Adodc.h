@@ -92,6 +92,7 @@ class Adodc : public QWidget {
  signals:
   void RowsChanged();   ///< other rows, or another recordset; a MoveComplete follows
   void MoveComplete();  ///< another current row, or other values in it
+  void MovedByUser();   ///< by the strip; behind its MoveComplete
   void Collecting(tevra::Adodc::Collected& collected);  ///< bound boxes hand in what was typed
 
  protected:

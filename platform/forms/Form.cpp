@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QTabWidget>
 
-
 namespace tevra {
 
 Form::Form(const char* name, const QString& caption, QWidget* parent) : QWidget(parent) {
@@ -169,6 +168,14 @@ void Form::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) pressed = ButtonOfEnter();
   if (!pressed || !pressed->isEnabled()) return QWidget::keyPressEvent(event);
   pressed->click();
+}
+
+void Form::OrderTabs(std::initializer_list<QWidget*> controls) {
+  QWidget* before = nullptr;
+  for (QWidget* control : controls) {
+    if (before) setTabOrder(before, control);
+    before = control;
+  }
 }
 
 void Form::closeEvent(QCloseEvent* event) {

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QWidget>
 #include <functional>
+#include <initializer_list>
 #include <map>
 
 #include "platform/system/StandardError.h"
@@ -88,6 +89,9 @@ class Form : public QWidget {
   /// Enter presses the button that has the focus, else the default one, and Escape the one set
   /// here, where no control wants the key for itself.
   void SetCancelButton(QPushButton* button) { cancel_ = button; }
+
+  /// The order in which Tab goes through the controls: that of reading.
+  static void OrderTabs(std::initializer_list<QWidget*> controls);
 
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;

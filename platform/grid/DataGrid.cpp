@@ -120,6 +120,9 @@ void DataGrid::SetDataSource(Adodc* source) {
   if (source_) {
     connect(source_, &Adodc::RowsChanged, this, &DataGrid::FollowRows);
     connect(source_, &Adodc::MoveComplete, this, [this] { FollowSource(); });
+    connect(source_, &Adodc::MovedByUser, this, [this] {
+      if (rowSelect_) MarkCurrent();
+    });
     connect(source_, &QObject::destroyed, this, [this] {
       source_ = nullptr;
       model_->SetSource(nullptr);
@@ -169,11 +172,17 @@ void DataGrid::FollowSource() {
   }
   const int row = static_cast<int>(source_->Recordset().Position());
   int column = view_->currentIndex().column();
-  while (column < 0 || (column + 1 < model_->columnCount() && view_->isColumnHidden(column))) {
-    ++column;
-  }
+  const std::vector<int> shown = ShownColumns();
+  if ((column < 0 || view_->isColumnHidden(column)) && !shown.empty()) column = shown.front();
   GoTo(row, column);
   model_->Repaint(row);
+}
+
+void DataGrid::LeaveHiddenColumn() {
+  const QModelIndex current = view_->currentIndex();
+  if (current.isValid() && view_->isColumnHidden(current.column())) {
+    GoTo(current.row(), ShownColumns().front());
+  }
 }
 
 // The program's own move marks nothing.

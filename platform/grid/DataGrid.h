@@ -64,6 +64,8 @@ class DataGrid : public QWidget, public KeepsTyping {
 
   /// The columns on show, from left to right.
   std::vector<int> ShownColumns() const;
+  /// The current cell goes to a column on show when its own was hidden.
+  void LeaveHiddenColumn();
   /// The user's arrangement of the columns goes: widths, order and columns as the screen gave them.
   void ResetColumns();
 
@@ -124,6 +126,7 @@ class DataGrid : public QWidget, public KeepsTyping {
   bool WriteCell(int row, int column, const QString& text);
   void MarkRows(int row, Qt::KeyboardModifiers modifiers);
   void MarkAll();
+  void MarkCurrent();
   void HoverGroup(const QPoint& globalPosition);
   void DropOnGroup(int column, const QPoint& globalPosition);
   bool IsOverGroupArea(const QPoint& globalPosition) const;

@@ -21,6 +21,8 @@ void DataGrid::MarkRows(int row, Qt::KeyboardModifiers modifiers) {
   QItemSelectionModel* selection = view_->selectionModel();
   const bool further = modifiers & Qt::ShiftModifier;
   const bool toggled = modifiers & Qt::ControlModifier;
+  // The view marks on from here by its own keys.
+  if (rowSelect_ && !further && !toggled) view_->selectRow(row);
   if (!further) anchor_ = row;
   const QItemSelection rows(model_->index(std::min(anchor_, row), 0),
                             model_->index(std::max(anchor_, row), model_->columnCount() - 1));
@@ -30,6 +32,15 @@ void DataGrid::MarkRows(int row, Qt::KeyboardModifiers modifiers) {
   const int column = std::max(view_->currentIndex().column(), 0);
   selection->setCurrentIndex(model_->index(row, column), QItemSelectionModel::NoUpdate);
   view_->setFocus();
+}
+
+void DataGrid::MarkCurrent() {
+  const QModelIndex current = view_->currentIndex();
+  if (!current.isValid()) return;
+  view_->selectRow(current.row());
+  view_->selectionModel()->select(current,
+                                  QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  view_->selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
 }
 
 void DataGrid::MarkAll() {

@@ -2,54 +2,19 @@
 
 #include <algorithm>
 
-#include "platform/text/Dates.h"
-#include "platform/text/Numbers.h"
-
 namespace tevra {
 
-namespace {
-
-// A yes/no field may be read as -1 or as yes.
-bool SameEntry(const Value& a, const Value& b) {
-  if (a.IsText() || b.IsText()) return a.IsText() && b.IsText() && a == b;
-  return a.AsDouble() == b.AsDouble();
-}
-
-std::string Formatted(const Value& value, const std::string& format) {
-  switch (value.GetKind()) {
-    case Value::Kind::DateTime:
-      return format.empty() ? CStr(value.AsDateTime()) : Format(value.AsDateTime(), format);
-    case Value::Kind::Whole:
-    case Value::Kind::Double:
-      return format.empty() ? value.AsText() : Format(value.AsDouble(), format);
-    case Value::Kind::YesNo:
-      return value.AsBool() ? "Da" : "Nu";
-    default:
-      return value.AsText();
-  }
-}
-
-}  // namespace
-
 QString ShownText(const Value& value, const GridColumn& column) {
-  if (value.IsNull()) return {};
-  for (const auto& [entry, text] : column.list) {
-    if (SameEntry(entry, value)) return text;
-  }
-  try {
-    return QString::fromStdString(Formatted(value, column.format));
-  } catch (const Failure&) {
-    return QString::fromStdString(value.AsText());
-  }
+  return ShownText(value, column.format, column.list);
 }
 
 bool IsWord(const Value& value, const GridColumn& column) {
-  return !value.IsNull() && (!column.list.empty() || value.GetKind() == Value::Kind::YesNo);
+  return IsWord(value, column.list);
 }
 
 QString CellEditText(const Value& value, const GridColumn& column) {
   if (!column.list.empty() || value.IsNull()) return ShownText(value, column);
-  return QString::fromStdString(Formatted(value, {}));
+  return ShownText(value, std::string());
 }
 
 Value CellValue(const QString& typed, const GridColumn& column) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/data/Recordset.h"
+#include "platform/export/ValueText.h"
 
 namespace tevra {
 
@@ -18,7 +19,7 @@ struct GridColumn {
   /// short, numbers with their digits).
   std::string format = {};
   /// Texts shown, and offered when editing, in the place of values.
-  std::vector<std::pair<Value, QString>> list = {};
+  ValueWords list = {};
   int width = 0;  ///< in characters; 0: by the field's type and size
   bool readOnly = false;
   bool visible = true;

@@ -37,6 +37,10 @@ class GridContent {
   /// cannot be read: a list taken elsewhere is whole or not at all.
   Value ValueAt(std::size_t row, std::size_t column) const;
 
+  /// Puts the sums of these very rows under the footed columns, in the columns' own formats: what
+  /// stands under the grid may be of other rows. Throws as ValueAt.
+  void SumFooters();
+
   /// The same as the grid shows it.
   QString TextAt(std::size_t row, std::size_t column) const;
 

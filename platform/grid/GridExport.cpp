@@ -1,50 +1,12 @@
 #include "platform/grid/GridExport.h"
 
 #include <QMimeData>
-#include <fstream>
-
-#include "platform/data/CsvCell.h"
-#include "platform/grid/SpreadsheetFile.h"
-#include "platform/system/Paths.h"
-#include "platform/text/Csv.h"
-#include "platform/text/FailureText.h"
-
-namespace fs = std::filesystem;
 
 namespace tevra {
 
 namespace {
 
-struct GivenUp {};
-
-void Tell(const GridProgress& progress, std::size_t row, std::size_t all) {
-  constexpr std::size_t kRowsBetween = 256;
-  if (progress && row % kRowsBetween == 0 && !progress(row, all)) throw GivenUp();
-}
-
-// What is read as a word stands as the word; other cells keep their full value.
-std::string ExactCell(const GridContent& content, std::size_t row, std::size_t column) {
-  const GridColumn& shown = content.Columns()[column].shown;
-  const Value value = content.ValueAt(row, column);
-  if (!IsWord(value, shown)) return CsvCellOf(value);
-  return CsvText(ShownText(value, shown).toStdString());
-}
-
-void WriteCsv(const GridContent& content, std::ostream& out, const GridProgress& progress) {
-  const std::size_t columns = content.Columns().size();
-  const auto separator = [](std::size_t column) { return column == 0 ? "" : ","; };
-  for (std::size_t column = 0; column < columns; ++column) {
-    out << separator(column) << CsvText(content.Columns()[column].shown.caption.toStdString());
-  }
-  out << '\n';
-  for (std::size_t row = 0; row < content.RowCount(); ++row) {
-    for (std::size_t column = 0; column < columns; ++column) {
-      out << separator(column) << ExactCell(content, row, column);
-    }
-    out << '\n';
-    Tell(progress, row, content.RowCount());
-  }
-}
+constexpr double kPixelsOfCharacter = 7.0;  // of the sheets' usual font
 
 // A break inside a cell would begin another row or column.
 QString OnOneLine(QString text) {
@@ -65,41 +27,20 @@ QString HtmlRow(const QStringList& cells, const QList<bool>& right, const char* 
 
 }  // namespace
 
-bool SaveSpreadsheet(const GridContent& content, const QString& title, const fs::path& file,
-                     const GridProgress& progress) {
-  if (content.RowCount() > SpreadsheetFile::kMostRows) {
-    throw Failure(kOverflow,
-                  FailureText(kOverflow) + ": lista are mai multe randuri decat o foaie");
+ExportTable TableOf(const GridContent& content, const QString& title) {
+  ExportTable table{title, {}, content.RowCount(), {}};
+  for (const GridContent::Column& column : content.Columns()) {
+    const double width = column.width / kPixelsOfCharacter + 1;
+    table.columns.push_back({column.shown.caption, column.shown.format, column.type,
+                             column.alignment, column.footed, width, column.shown.list});
   }
-  try {
-    paths::ReplaceFile(file, [&](const fs::path& temporary) {
-      SpreadsheetFile sheet(temporary, title, content.Columns());
-      Values values(content.Columns().size());
-      for (std::size_t row = 0; row < content.RowCount(); ++row) {
-        for (std::size_t i = 0; i < values.size(); ++i) values[i] = content.ValueAt(row, i);
-        sheet.AddRow(values);
-        Tell(progress, row, content.RowCount());
-      }
-      sheet.Close();
-    });
-  } catch (const GivenUp&) {
-    return false;
-  }
-  return true;
-}
-
-bool SaveCsv(const GridContent& content, const fs::path& file, const GridProgress& progress) {
-  try {
-    paths::ReplaceFile(file, [&](const fs::path& temporary) {
-      std::ofstream out(temporary, std::ios::binary);
-      WriteCsv(content, out, progress);
-      out.close();
-      if (!out) throw FileFailure(kDiskFull, file.string());
-    });
-  } catch (const GivenUp&) {
-    return false;
-  }
-  return true;
+  table.next = [&content, row = std::size_t{0}](Values& values) mutable {
+    if (row == content.RowCount()) return false;
+    for (std::size_t i = 0; i < values.size(); ++i) values[i] = content.ValueAt(row, i);
+    ++row;
+    return true;
+  };
+  return table;
 }
 
 QMimeData* ClipboardTable(const GridContent& content) {

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "platform/print/frmPageSetup.h"
 #include "platform/print/TableDocument.h"
+#include "platform/print/frmPageSetup.h"
 #include "platform/print/frmPreview.h"
 
 namespace tevra {

@@ -5,11 +5,12 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QMimeData>
-#include <QProgressDialog>
 #include <QTableView>
 #include <QToolButton>
 
+#include "platform/export/TableExport.h"
 #include "platform/forms/Hourglass.h"
+#include "platform/forms/frmProgress.h"
 #include "platform/grid/ColumnArrangement.h"
 #include "platform/grid/DataGrid.h"
 #include "platform/grid/GridExport.h"
@@ -28,24 +29,6 @@ std::vector<std::string> FieldsOf(const DataGrid& grid) {
   for (const GridColumn& column : grid.Columns()) fields.push_back(column.field);
   return fields;
 }
-
-// A long list shows how far it is, and may be given up.
-class Waiting {
- public:
-  Waiting(QWidget* parent, const QString& what) : dialog_(what, "Renunta", 0, 100, parent) {
-    constexpr int kPatience = 400;  // milliseconds
-    dialog_.setMinimumDuration(kPatience);
-    dialog_.setWindowModality(Qt::WindowModal);
-    dialog_.setWindowTitle(parent->window()->windowTitle());
-  }
-  bool GoOn(std::size_t done, std::size_t all) {
-    dialog_.setValue(static_cast<int>(done * 100 / std::max<std::size_t>(all, 1)));
-    return !dialog_.wasCanceled();
-  }
-
- private:
-  QProgressDialog dialog_;
-};
 
 void TellFailure() {
   ShowMessage({ShortErrorText(CaughtFailure()), kCritical, {}, {}});
@@ -84,10 +67,18 @@ void GridTools::PlaceButton() {
 
 // ---- Menus --------------------------------------------------------------------------------------
 
+// Goes with the grid, also when that goes while the menu is open.
+QMenu& GridTools::NewMenu() {
+  auto* menu = new QMenu(&grid_);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  return *menu;
+}
+
 // What the mouse does by dragging a header, from the keyboard too.
 void GridTools::ShowHeaderMenu(int column, const QPoint& globalPosition) {
   if (column < 0 || column >= static_cast<int>(grid_.Columns().size())) return;
-  QMenu menu(&grid_);
+  if (key_.empty() && !grid_.HasGroupArea()) return;
+  QMenu& menu = NewMenu();
   if (grid_.HasGroupArea()) {
     const std::string field = grid_.Columns()[static_cast<std::size_t>(column)].field;
     const auto add = [&](const char* text, const std::string& by, bool descending) {
@@ -99,7 +90,7 @@ void GridTools::ShowHeaderMenu(int column, const QPoint& globalPosition) {
     menu.addSeparator();
   }
   if (!key_.empty()) FillColumnMenu(menu, column);
-  if (!menu.isEmpty()) menu.exec(globalPosition);
+  menu.popup(globalPosition);
 }
 
 void GridTools::FillColumnMenu(QMenu& menu, int column) {
@@ -114,9 +105,9 @@ void GridTools::FillColumnMenu(QMenu& menu, int column) {
 
 void GridTools::ShowMenu(const QPoint& globalPosition) {
   if (key_.empty()) return;
-  QMenu menu(&grid_);
+  QMenu& menu = NewMenu();
   FillMenu(menu);
-  menu.exec(globalPosition);
+  menu.popup(globalPosition);
 }
 
 void GridTools::FillMenu(QMenu& menu) {
@@ -147,20 +138,11 @@ void GridTools::Copy() {
 }
 
 void GridTools::ExportSpreadsheet() {
-  Export("Foaie de calcul", "xlsx", [this](const std::string& file) {
-    Waiting waiting(&grid_, "Se scrie lista...");
-    return SaveSpreadsheet(grid_.Content(), title_, file, [&](std::size_t done, std::size_t all) {
-      return waiting.GoOn(done, all);
-    });
-  });
+  Export("Foaie de calcul", "xlsx", SaveSpreadsheet);
 }
 
 void GridTools::ExportCsv() {
-  Export("Fisier CSV", "csv", [this](const std::string& file) {
-    Waiting waiting(&grid_, "Se scrie lista...");
-    return SaveCsv(grid_.Content(), file,
-                   [&](std::size_t done, std::size_t all) { return waiting.GoOn(done, all); });
-  });
+  Export("Fisier CSV", "csv", SaveCsv);
 }
 
 void GridTools::Export(const char* what, const char* extension, const Save& save) {
@@ -171,7 +153,12 @@ void GridTools::Export(const char* what, const char* extension, const Save& save
     request.name = title_.toStdString() + "." + extension;
     request.extension = extension;
     const auto file = AskSaveFile(request);
-    if (!file || !save(*file)) return;
+    if (!file) return;
+    const GridContent content = grid_.Content();
+    {
+      frmProgress progress(what, {}, grid_.window());
+      if (!save(TableOf(content, title_), *file, progress.Asked())) return;
+    }
     ShowMessage({"Lista a fost salvata in " + *file, kInformation, {}, {}});
   } catch (const std::exception&) {
     TellFailure();
@@ -183,8 +170,10 @@ void GridTools::Print() {
     GridPrintInfo info = grid_.PrintInfo();
     if (info.header.isEmpty()) info.header = title_;
     const bool several = grid_.SelectedRows().size() > 1;
-    PreviewGrid(grid_.Content(several ? DataGrid::Rows::kMarked : DataGrid::Rows::kAll), info,
-                title_);
+    const Hourglass waiting;
+    GridContent content = grid_.Content(several ? DataGrid::Rows::kMarked : DataGrid::Rows::kAll);
+    content.SumFooters();
+    PreviewGrid(content, info, title_);
   } catch (const std::exception&) {
     TellFailure();
   }
@@ -207,6 +196,7 @@ void GridTools::ChooseColumns() {
     header->moveSection(header->visualIndex(choice.column), visual++);
     header->setSectionHidden(choice.column, !choice.shown);
   }
+  grid_.LeaveHiddenColumn();
 }
 
 void GridTools::RestoreColumns() {

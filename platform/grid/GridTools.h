@@ -4,8 +4,11 @@
 
 #include <QObject>
 #include <QPoint>
+#include <filesystem>
 #include <functional>
 #include <string>
+
+#include "platform/system/Progress.h"
 
 class QMenu;
 class QToolButton;
@@ -13,6 +16,7 @@ class QToolButton;
 namespace tevra {
 
 class DataGrid;
+struct ExportTable;
 
 /// Belongs to a grid, which tells it where and when. Before SetUp there is no menu and no memory.
 class GridTools : public QObject {
@@ -45,7 +49,9 @@ class GridTools : public QObject {
   void PlaceButton();
 
  private:
-  using Save = std::function<bool(const std::string& file)>;
+  using Save = std::function<bool(const ExportTable& table, const std::filesystem::path& file,
+                                  const Progress& progress)>;
+  QMenu& NewMenu();
   void FillMenu(QMenu& menu);
   void FillColumnMenu(QMenu& menu, int column);
   void Export(const char* what, const char* extension, const Save& save);

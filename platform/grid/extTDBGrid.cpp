@@ -6,6 +6,16 @@ namespace tevra {
 
 namespace {
 enum SortTypes : long { kNone = 0, kAscending = 1, kDescending = 2 };
+
+template <class Sorting>
+void Told(Sorting sorting) {
+  const Procedure procedure{"DataGrid_GroupColMove", "User Control", "extTDBGrid", 1};
+  try {
+    sorting();
+  } catch (const std::exception&) {
+    ShowStandardError(CaughtFailure(), procedure);
+  }
+}
 }  // namespace
 
 extTDBGrid::extTDBGrid(QWidget* form) : QObject(form) {
@@ -25,17 +35,14 @@ void extTDBGrid::SetTDBGrid(DataGrid* grid) {
   connect(grid_, &DataGrid::GroupColMove, this, [this] { DataGrid_GroupColMove(); });
   connect(grid_, &DataGrid::SortWanted, this, [this](const std::string& field, bool descending) {
     if (sortType_ == kNone) return;
-    SortBy(field.empty() ? std::vector<std::string>() : std::vector{field}, descending);
+    Told([&] {
+      SortBy(field.empty() ? std::vector<std::string>() : std::vector{field}, descending);
+    });
   });
 }
 
 void extTDBGrid::DataGrid_GroupColMove() {
-  const Procedure procedure{"DataGrid_GroupColMove", "User Control", "extTDBGrid", 1};
-  try {
-    Sort();
-  } catch (const std::exception&) {
-    ShowStandardError(CaughtFailure(), procedure);
-  }
+  Told([this] { Sort(); });
 }
 
 void extTDBGrid::Sort() {

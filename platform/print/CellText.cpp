@@ -25,6 +25,12 @@ QString Plain(const QString& text) {
   return plain.trimmed();
 }
 
+// What numbers and dates are written with: it never joins, so widths add up.
+bool IsOfNumbers(QChar character) {
+  const char16_t code = character.unicode();
+  return (code >= '0' && code <= '9') || code == '.' || code == ',' || code == '-';
+}
+
 }  // namespace
 
 QFont PaperFont(double points, bool bold) {
@@ -35,6 +41,8 @@ QFont PaperFont(double points, bool bold) {
   font.setBold(bold);
   // Letters fitted to the pixels of a screen would have widths of their own there.
   font.setHintingPreference(QFont::PreferNoHinting);
+  // Digits moved together ("11") would not stand below those of the row above.
+  font.setKerning(false);
   return font;
 }
 
@@ -44,19 +52,36 @@ CellText::CellText(const QFont& font) : font_(font), metrics_(font) {
   }
 }
 
-bool CellText::FitsOneLine(const QString& text, double width) const {
+double CellText::Width(const QString& text) const {
+  double sum = 0;
+  for (const QChar character : text) {
+    if (!IsOfNumbers(character)) return metrics_.horizontalAdvance(text);
+    sum += letters_[character.unicode()];
+  }
+  return sum;
+}
+
+// By its letters alone, without asking how they join; most cells are such.
+bool CellText::SurelyFits(const QString& text, double width) const {
   constexpr double kJoined = 1.02;  // letters beside each other may stand a little further apart
-  if (text.size() > kLongestText) return false;
+  if (text.isEmpty()) return true;
+  if (text.front() == ' ' || text.back() == ' ') return false;
   double sum = 0;
   for (const QChar character : text) {
     const char16_t code = character.unicode();
-    if (code >= letters_.size()) return Width(Plain(text)) <= width + kSlack;
+    if (code < ' ' || code >= letters_.size()) return false;
     sum += letters_[code];
   }
-  return sum * kJoined <= width || Width(Plain(text)) <= width + kSlack;
+  return sum * kJoined <= width;
+}
+
+bool CellText::FitsOneLine(const QString& text, double width) const {
+  if (text.size() > kLongestText) return false;
+  return SurelyFits(text, width) || Width(Plain(text)) <= width + kSlack;
 }
 
 FittedText CellText::Fit(const QString& text, double width, int mostLines, bool isNumber) const {
+  if (SurelyFits(text, width)) return {{text}, 1};
   const QString plain = Plain(text);
   const double wanted = Width(plain);
   if (wanted <= width + kSlack) return {{plain}, 1};
@@ -100,7 +125,7 @@ void CellText::Paint(QPainter& painter, const FittedText& text, const QRectF& ce
   if (text.shrink < 1) {
     font.setPixelSize(std::max(1, static_cast<int>(std::floor(font.pixelSize() * text.shrink))));
   }
-  const QFontMetricsF shrunken(font);
+  const QFontMetricsF shrunken = text.shrink < 1 ? QFontMetricsF(font) : metrics_;
   const QFontMetricsF& metrics = text.shrink < 1 ? shrunken : metrics_;
   const double height = metrics.height() * static_cast<double>(text.lines.size());
   double top = cell.top();
@@ -108,10 +133,12 @@ void CellText::Paint(QPainter& painter, const FittedText& text, const QRectF& ce
   if (alignment & Qt::AlignBottom) top += cell.height() - height;
   painter.setFont(font);
   for (const QString& line : text.lines) {
-    const double spare = cell.width() - metrics.horizontalAdvance(line);
     double left = cell.left();
-    if (alignment & Qt::AlignRight) left += spare;
-    if (alignment & Qt::AlignHCenter) left += spare / 2;
+    if (alignment & (Qt::AlignRight | Qt::AlignHCenter)) {
+      const double width = text.shrink < 1 ? shrunken.horizontalAdvance(line) : Width(line);
+      const double spare = cell.width() - width;
+      left += alignment & Qt::AlignRight ? spare : spare / 2;
+    }
     painter.drawText(QPointF(left, top + metrics.ascent()), line);
     top += metrics.height();
   }

@@ -28,7 +28,7 @@ class CellText {
   explicit CellText(const QFont& font);
 
   double LineHeight() const { return metrics_.height(); }
-  double Width(const QString& text) const { return metrics_.horizontalAdvance(text); }
+  double Width(const QString& text) const;
 
   /// True when the text surely needs no second line; quick, since a list asks it for every cell.
   bool FitsOneLine(const QString& text, double width) const;
@@ -40,6 +40,8 @@ class CellText {
              Qt::Alignment alignment) const;
 
  private:
+  bool SurelyFits(const QString& text, double width) const;
+
   QFont font_;
   QFontMetricsF metrics_;
   std::array<double, 128> letters_;  // widths of the plain ones

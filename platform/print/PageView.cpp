@@ -10,6 +10,8 @@
 #include <cstdlib>
 #include <exception>
 
+#include "platform/print/PagePicture.h"
+
 namespace tevra {
 namespace {
 
@@ -22,6 +24,8 @@ constexpr double kLeastZoom = 0.1;
 constexpr double kMostZoom = 4;
 constexpr QColor kDesk(0x8C, 0x90, 0x96);
 constexpr QColor kEdge(0x6A, 0x6E, 0x74);
+constexpr QColor kMark(0xFF, 0xEE, 0x70);
+constexpr QColor kCurrentMark(0xFF, 0xA8, 0x38);
 
 }  // namespace
 
@@ -135,6 +139,26 @@ void PageView::GoToPage(int page) {
   SetCurrent(page);
 }
 
+void PageView::ShowPlace(const FoundPlace& place) {
+  QRectF marks;
+  for (const QRectF& mark : place.marks) marks = marks.united(mark);
+  const double scale = PixelsPerTwip();
+  const auto bring = [](QScrollBar& bar, int from, int to, int room) {
+    constexpr int kSeen = 24;  // pixels of what stands around it
+    if (from - kSeen >= 0 && to + kSeen <= room) return;
+    bar.setValue(bar.value() + (from + to - room) / 2);
+  };
+  going_ = true;
+  const QRect area = QRectF(marks.topLeft() * scale, marks.size() * scale)
+                         .toAlignedRect()
+                         .translated(Corner(place.page));
+  bring(*verticalScrollBar(), area.top(), area.bottom(), viewport()->height());
+  bring(*horizontalScrollBar(), area.left(), area.right(), viewport()->width());
+  going_ = false;
+  SetCurrent(place.page);
+  viewport()->update();
+}
+
 void PageView::SetCurrent(int page) {
   if (page == current_) return;
   current_ = page;
@@ -216,38 +240,47 @@ void PageView::PaintSheet(QPainter& painter, int page) {
     painter.fillRect(sheet.translated(i, i), QColor(0, 0, 0, 22));
   }
   painter.drawPixmap(sheet.topLeft(), Picture(page));
+  PaintMarks(painter, page);
   painter.setPen(kEdge);
   painter.drawRect(sheet.adjusted(-1, -1, 0, 0));
 }
 
+// No exception may leave a paint event. The page stays white behind what it got.
 QPixmap PageView::Picture(int page) {
   if (const QPixmap* known = pictures_.object(page)) return *known;
-  const qreal density = devicePixelRatioF();
-  QImage image((QSizeF(PagePixels()) * density).toSize(), QImage::Format_RGB32);
-  image.setDevicePixelRatio(density);
-  image.fill(Qt::white);
-  QPainter painter(&image);
-  painter.setRenderHint(QPainter::TextAntialiasing);
-  painter.scale(PixelsPerTwip(), PixelsPerTwip());
-  PaintContent(painter, page);
-  painter.end();
-  QPixmap picture = QPixmap::fromImage(std::move(image));
+  QPixmap picture;
+  try {
+    PaintPicture(picture, document_, page, PagePixels(), devicePixelRatioF());
+  } catch (const std::exception& error) {
+    TellFailure(QString::fromUtf8(error.what()));
+  }
   const auto kilobytes = picture.width() * picture.height() / 256;
   pictures_.insert(page, new QPixmap(picture), kilobytes);
   return picture;
 }
 
-// No exception may leave a paint event. The page stays white behind what it got.
-void PageView::PaintContent(QPainter& painter, int page) {
-  try {
-    document_.PaintPage(painter, page);
-  } catch (const std::exception& error) {
-    if (failed_) return;
-    failed_ = true;
-    const QString reason = QString::fromUtf8(error.what());
-    QMetaObject::invokeMethod(
-        this, [this, reason] { emit PaintingFailed(reason); }, Qt::QueuedConnection);
+void PageView::TellFailure(const QString& reason) {
+  if (failed_) return;
+  failed_ = true;
+  QMetaObject::invokeMethod(
+      this, [this, reason] { emit PaintingFailed(reason); }, Qt::QueuedConnection);
+}
+
+// As with a text marker: the letters stay as dark as they are.
+void PageView::PaintMarks(QPainter& painter, int page) const {
+  if (!search_) return;
+  painter.save();
+  painter.setCompositionMode(QPainter::CompositionMode_Multiply);
+  const double scale = PixelsPerTwip();
+  const QPointF corner = Corner(page);
+  for (const FoundPlace& place : search_->PlacesOn(page)) {
+    const bool current = &place == search_->CurrentPlace();
+    for (const QRectF& mark : place.marks) {
+      const QRectF area(corner + mark.topLeft() * scale, mark.size() * scale);
+      painter.fillRect(area.adjusted(-1, 0, 1, 0), current ? kCurrentMark : kMark);
+    }
   }
+  painter.restore();
 }
 
 }  // namespace tevra

@@ -6,6 +6,7 @@
 #include <QPixmap>
 
 #include "platform/print/PagedDocument.h"
+#include "platform/print/TextSearch.h"
 
 namespace tevra {
 
@@ -28,6 +29,11 @@ class PageView : public QAbstractScrollArea {
   int CurrentPage() const { return current_; }
   /// Brings the upper edge of a page to that of the window, as far as there are pages below it.
   void GoToPage(int page);
+
+  /// What is found in the pages is marked in them; the search lives as long as the view.
+  void SetSearch(const TextSearch& search) { search_ = &search; }
+  /// Brings a place on show, into the middle of the window where it is not yet.
+  void ShowPlace(const FoundPlace& place);
 
   /// More pages are there.
   void PagesAdded();
@@ -62,7 +68,8 @@ class PageView : public QAbstractScrollArea {
   void SetCurrent(int page);
   void PaintSheet(QPainter& painter, int page);
   QPixmap Picture(int page);
-  void PaintContent(QPainter& painter, int page);
+  void PaintMarks(QPainter& painter, int page) const;
+  void TellFailure(const QString& reason);
 
   PagedDocument& document_;
   double zoom_ = 1;
@@ -73,6 +80,7 @@ class PageView : public QAbstractScrollArea {
   bool going_ = false;   // the program scrolls, to a page
   bool failed_ = false;  // a failure was told
   QCache<int, QPixmap> pictures_;
+  const TextSearch* search_ = nullptr;
 };
 
 }  // namespace tevra

@@ -26,7 +26,7 @@ QRectF PagedDocument::PrintArea() const {
   return QRectF(QPointF(0, 0), PageSize()).marginsRemoved(margins);
 }
 
-bool PagedDocument::LayOutAll(const PrintProgress& progress) {
+bool PagedDocument::LayOutAll(const Progress& progress) {
   while (!IsComplete()) {
     LayOutMore();
     if (progress && !progress(PageCount(), 0)) return false;

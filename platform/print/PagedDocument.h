@@ -5,7 +5,10 @@
 #include <QPageLayout>
 #include <QRectF>
 #include <QString>
-#include <functional>
+#include <memory>
+
+#include "platform/print/DocumentRows.h"
+#include "platform/system/Progress.h"
 
 class QPainter;
 
@@ -15,9 +18,6 @@ namespace tevra {
 /// it, so that a text breaks at the same place on every device.
 inline constexpr double kTwipsPerPoint = 20;
 inline constexpr double kTwipsPerInch = 1440;
-
-/// Told how far long work is: pages done, of how many (0 while nobody knows). False gives it up.
-using PrintProgress = std::function<bool(int done, int of)>;
 
 /// What preview, printer and PDF know of a document. A long one is laid out while its first pages
 /// are already on show: pages that PageCount counts can be painted at once and stay as they are but
@@ -47,11 +47,17 @@ class PagedDocument {
   /// called again.
   virtual void LayOutMore() = 0;
   /// Lays out the rest. False when `progress` gave it up; what is laid out by then stays.
-  bool LayOutAll(const PrintProgress& progress = {});
+  bool LayOutAll(const Progress& progress = {});
 
   /// Paints a page (from 0, below PageCount) in twips, the paper's upper left corner at 0,0. Throws
   /// as LayOutMore does.
   virtual void PaintPage(QPainter& painter, int page) = 0;
+
+  /// True when the document's rows can be had, for a spreadsheet and the like.
+  virtual bool HasRows() const { return false; }
+  /// The rows from the first on; none when the document has none. They are read while the document
+  /// lives. Throws as LayOutMore does.
+  virtual std::unique_ptr<DocumentRows> Rows() { return nullptr; }
 
  protected:
   /// The page layout changed: forget what was laid out.

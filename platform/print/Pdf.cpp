@@ -19,7 +19,7 @@ void CheckWritten(const QFile& file, const std::filesystem::path& path) {
 }
 
 void WritePages(PagedDocument& document, QFile& file, const std::filesystem::path& path,
-                const PrintProgress& progress) {
+                const Progress& progress) {
   QPdfWriter writer(&file);
   writer.setTitle(document.Title());
   writer.setCreator("Tevra");
@@ -41,8 +41,7 @@ void WritePages(PagedDocument& document, QFile& file, const std::filesystem::pat
 
 }  // namespace
 
-bool SavePdf(PagedDocument& document, const std::filesystem::path& path,
-             const PrintProgress& progress) {
+bool SavePdf(PagedDocument& document, const std::filesystem::path& path, const Progress& progress) {
   if (!document.LayOutAll(progress)) return false;
   try {
     paths::ReplaceFile(path, [&](const std::filesystem::path& temporary) {

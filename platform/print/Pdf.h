@@ -12,6 +12,6 @@ namespace tevra {
 /// the work up. Throws Failure 76 or 70 for a path that cannot be written, 61 for a full disk, and
 /// what the document's layout and painting throw.
 bool SavePdf(PagedDocument& document, const std::filesystem::path& path,
-             const PrintProgress& progress = {});
+             const Progress& progress = {});
 
 }  // namespace tevra

@@ -51,7 +51,7 @@ const Printers& CurrentPrinters() {
   return Chosen();
 }
 
-bool PrintDocument(PagedDocument& document, const PrintJob& job, const PrintProgress& progress) {
+bool PrintDocument(PagedDocument& document, const PrintJob& job, const Progress& progress) {
   if (!document.LayOutAll(progress)) return false;
   const std::unique_ptr<QPrinter> printer = Chosen().open(job.printer);
   SetUp(*printer, document, job);

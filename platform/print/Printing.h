@@ -32,7 +32,6 @@ struct PrintJob {
 /// the order of its pages. False when `progress` gave it up. Throws Failure 57 when the printer
 /// refuses, and what the document's layout and painting throw; the job is then taken back as far as
 /// the printer lets it.
-bool PrintDocument(PagedDocument& document, const PrintJob& job,
-                   const PrintProgress& progress = {});
+bool PrintDocument(PagedDocument& document, const PrintJob& job, const Progress& progress = {});
 
 }  // namespace tevra

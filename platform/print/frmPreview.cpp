@@ -2,23 +2,17 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QRegularExpressionValidator>
-#include <QScreen>
 #include <QScrollBar>
-#include <QShortcut>
 #include <QTimer>
-#include <QVBoxLayout>
 #include <algorithm>
 #include <array>
 
-#include "platform/forms/Buttons.h"
-#include "platform/forms/Pictures.h"
+#include "platform/forms/frmProgress.h"
 #include "platform/print/Pdf.h"
+#include "platform/print/PreviewButtons.h"
 #include "platform/print/frmPageSetup.h"
 #include "platform/print/frmPrint.h"
-#include "platform/print/frmProgress.h"
 #include "platform/system/Desktop.h"
 
 namespace tevra {
@@ -27,47 +21,17 @@ namespace {
 constexpr std::array kZooms = {0.5, 0.75, 1.0, 1.25, 1.5, 2.0};
 constexpr int kWidthItem = static_cast<int>(kZooms.size());
 constexpr int kPageItem = kWidthItem + 1;
-constexpr int kIdleStep = 12;  // ms of layout between two looks at what the user does
-
-QToolButton* MakeToolButton(const char* name, const char* picture, const char* text,
-                            const char* tip, QWidget* parent) {
-  auto* button = new QToolButton(parent);
-  button->setObjectName(name);
-  button->setToolTip(tip);
-  button->setAccessibleName(tip);
-  button->setAutoRaise(true);
-  button->setFocusPolicy(Qt::TabFocus);
-  const QIcon icon = PictureIcon(picture);
-  icon.isNull() ? button->setText(text) : button->setIcon(icon);
-  button->setMinimumSize(28, 28);
-  return button;
-}
-
-QPushButton* MakeCommand(const char* name, const char* caption, const char* picture,
-                         const char* tip, QWidget* parent) {
-  QPushButton* button = MakeButton(name, caption, tip, parent);
-  button->setIcon(PictureIcon(picture));
-  button->setMinimumWidth(0);
-  button->setFocusPolicy(Qt::TabFocus);
-  return button;
-}
-
-QFrame* MakeSeparator(QWidget* parent) {
-  auto* line = new QFrame(parent);
-  line->setFrameShape(QFrame::VLine);
-  line->setFrameShadow(QFrame::Sunken);
-  return line;
-}
+constexpr int kIdleStep = 12;  // ms of layout or of search between two looks at what the user does
 
 // A title as a name that every file system takes.
-std::string FileNameOf(const QString& title) {
+std::string FileNameOf(const QString& title, const char* extension) {
   QString name = title.simplified();
   for (QChar& character : name) {
     if (QString("/\\:*?\"<>|").contains(character)) character = '_';
   }
   constexpr int kLongest = 80;
-  return (name.isEmpty() ? QString("Raport") : name.left(kLongest).trimmed()).toStdString() +
-         ".pdf";
+  return (name.isEmpty() ? QString("Raport") : name.left(kLongest).trimmed()).toStdString() + "." +
+         extension;
 }
 
 }  // namespace
@@ -79,6 +43,8 @@ frmPreview::frmPreview(std::unique_ptr<PagedDocument> document, QWidget* parent)
   Build();
   Wire();
   idle_ = new QTimer(this);
+  searching_ = new QTimer(this);
+  connect(searching_, &QTimer::timeout, this, [this] { SearchWhenIdle(); });
   connect(idle_, &QTimer::timeout, this, [this] { LayOutWhenIdle(); });
   if (!document_->IsComplete()) idle_->start(0);
   View->SetFit(PageView::Fit::kWidth);
@@ -90,104 +56,8 @@ frmPreview::frmPreview(std::unique_ptr<PagedDocument> document, QWidget* parent)
 frmPreview::~frmPreview() {
   // The pages are gone before the document is.
   delete View;
-}
-
-// ---- The screen ---------------------------------------------------------------------------------
-
-void frmPreview::Build() {
-  View = new PageView("View", *document_, this);
-  auto* all = new QVBoxLayout(this);
-  all->setContentsMargins(0, 0, 0, 0);
-  all->setSpacing(0);
-  all->addWidget(BuildBar());
-  all->addWidget(View, 1);
-  constexpr QSize kWanted(1060, 760);
-  const QScreen* shownOn = screen();
-  resize(shownOn ? kWanted.boundedTo(shownOn->availableSize() * 0.95) : kWanted);
-}
-
-QWidget* frmPreview::BuildBar() {
-  auto* bar = new QWidget(this);
-  cmdPrima = MakeToolButton("cmdPrima", "\\BMP\\Prima.bmp", "|<", "Prima pagina (Home)", bar);
-  cmdInapoi = MakeToolButton("cmdInapoi", "\\BMP\\Inapoi.bmp", "<",
-                             "Pagina anterioara (Ctrl+Page Up)", bar);
-  txtPagina = new QLineEdit(bar);
-  txtPagina->setObjectName("txtPagina");
-  txtPagina->setToolTip("Pagina afisata; scrieti alta si apasati Enter");
-  txtPagina->setAlignment(Qt::AlignRight);
-  txtPagina->setValidator(
-      new QRegularExpressionValidator(QRegularExpression("[0-9]{0,6}"), txtPagina));
-  txtPagina->setFixedWidth(txtPagina->fontMetrics().horizontalAdvance("00000") + 20);
-  lblPagini = new QLabel(bar);
-  lblPagini->setObjectName("lblPagini");
-  // As wide as it may become: what stands beside it keeps its place.
-  lblPagini->setMinimumWidth(lblPagini->fontMetrics().horizontalAdvance("din 0000..."));
-  cmdInainte = MakeToolButton("cmdInainte", "\\BMP\\Inainte.bmp", ">",
-                              "Pagina urmatoare (Ctrl+Page Down)", bar);
-  cmdUltima = MakeToolButton("cmdUltima", "\\BMP\\Ultima.bmp", ">|", "Ultima pagina (End)", bar);
-  BuildZoom(bar);
-  cmdTiparire = MakeCommand("cmdTiparire", "&Tipareste", "\\BMP\\Tiparire.bmp",
-                            "Tiparire la imprimanta (Ctrl+P)", bar);
-  cmdSalvarePDF = MakeCommand("cmdSalvarePDF", "&Salveaza PDF", "\\BMP\\SalvarePDF.bmp",
-                              "Salvare ca fisier PDF (Ctrl+S)", bar);
-  cmdPagina = MakeCommand("cmdPagina", "&Pagina...", "\\BMP\\Pagina.bmp",
-                          "Hartia, orientarea si marginile paginii", bar);
-  cmdIesire =
-      MakeCommand("cmdIesire", "&Iesire", "\\BMP\\Iesire.bmp", "Inchidere fereastra (Escape)", bar);
-  SetCancelButton(cmdIesire);
-  auto* row = new QHBoxLayout(bar);
-  row->setContentsMargins(8, 6, 8, 6);
-  row->setSpacing(4);
-  for (QWidget* widget : std::initializer_list<QWidget*>{
-           cmdPrima, cmdInapoi, txtPagina, lblPagini, cmdInainte, cmdUltima, MakeSeparator(bar),
-           cmdMicsorare, cboZoom, cmdMarire, MakeSeparator(bar), cmdTiparire, cmdSalvarePDF,
-           cmdPagina}) {
-    row->addWidget(widget);
-  }
-  row->addStretch(1);
-  row->addWidget(cmdIesire);
-  return bar;
-}
-
-void frmPreview::BuildZoom(QWidget* bar) {
-  cmdMicsorare = MakeToolButton("cmdMicsorare", "\\BMP\\Micsorare.bmp", "-", "Micsorare (-)", bar);
-  cmdMarire = MakeToolButton("cmdMarire", "\\BMP\\Marire.bmp", "+", "Marire (+)", bar);
-  cboZoom = new QComboBox(bar);
-  cboZoom->setObjectName("cboZoom");
-  cboZoom->setToolTip("Marimea paginii pe ecran (Ctrl si rotita)");
-  for (const double zoom : kZooms) cboZoom->addItem(QString("%1 %").arg(zoom * 100));
-  cboZoom->addItem("Latimea paginii");
-  cboZoom->addItem("Pagina intreaga");
-}
-
-void frmPreview::Wire() {
-  OnClick(cmdPrima, "cmdPrima_Click", [this](Procedure&) { View->GoToPage(0); });
-  OnClick(cmdInapoi, "cmdInapoi_Click",
-          [this](Procedure&) { View->GoToPage(View->CurrentPage() - 1); });
-  OnClick(cmdInainte, "cmdInainte_Click",
-          [this](Procedure&) { View->GoToPage(View->CurrentPage() + 1); });
-  OnClick(cmdUltima, "cmdUltima_Click",
-          [this](Procedure&) { View->GoToPage(document_->PageCount() - 1); });
-  OnClick(cmdMicsorare, "cmdMicsorare_Click", [this](Procedure&) { Zoom(-1); });
-  OnClick(cmdMarire, "cmdMarire_Click", [this](Procedure&) { Zoom(1); });
-  OnClick(cmdTiparire, "cmdTiparire_Click", [this](Procedure&) { cmdTiparire_Click(); });
-  OnClick(cmdSalvarePDF, "cmdSalvarePDF_Click", [this](Procedure&) { cmdSalvarePDF_Click(); });
-  OnClick(cmdPagina, "cmdPagina_Click", [this](Procedure&) { cmdPagina_Click(); });
-  connect(cmdIesire, &QPushButton::clicked, this, [this] { close(); });
-  connect(txtPagina, &QLineEdit::returnPressed, this, [this] { GoToTyped(); });
-  connect(txtPagina, &QLineEdit::editingFinished, this, [this] { ShowCounts(); });
-  connect(cboZoom, &QComboBox::activated, this, [this](int index) { ZoomChosen(index); });
-  connect(View, &PageView::CurrentPageChanged, this, [this] { ShowCounts(); });
-  connect(View, &PageView::ZoomWanted, this, [this](int step) { Zoom(step); });
-  connect(View, &PageView::PaintingFailed, this, [this](const QString& reason) {
-    Run("View_Paint", [&](Procedure&) { throw Failure(kInternalError, reason.toStdString()); });
-  });
-  const auto shortcut = [this](const QKeySequence& keys, QPushButton* button) {
-    connect(new QShortcut(keys, this), &QShortcut::activated, button,
-            [button] { button->click(); });
-  };
-  shortcut(Qt::CTRL | Qt::Key_P, cmdTiparire);
-  shortcut(Qt::CTRL | Qt::Key_S, cmdSalvarePDF);
+  delete List;
+  delete Find;
 }
 
 // ---- Pages --------------------------------------------------------------------------------------
@@ -203,15 +73,36 @@ void frmPreview::LayOutWhenIdle() {
   ShowCounts();
 }
 
+// A page that cannot be read is told once and ends the search.
+void frmPreview::SearchWhenIdle() {
+  bool more = false;
+  Run("Form_Search", [&](Procedure&) { more = Find->SearchMore(kIdleStep); });
+  if (!more) searching_->stop();
+}
+
+void frmPreview::ShowList(bool shown) {
+  if (!shown && List->hasFocus()) View->setFocus();
+  List->setVisible(shown);
+}
+
+void frmPreview::PagesChanged() {
+  View->PagesChanged();
+  List->PagesChanged();
+  Find->DocumentChanged();
+}
+
 void frmPreview::ShowCounts() {
   const int pages = document_->PageCount();
   if (complete_ != document_->IsComplete()) {
     complete_ = document_->IsComplete();
-    View->PagesChanged();  // the number of pages is known now, or no longer
+    PagesChanged();  // the number of pages is known now, or no longer
   } else {
     View->PagesAdded();
+    List->PagesAdded();
   }
+  if (Find->IsSearching() && !searching_->isActive()) searching_->start(0);
   const int page = View->CurrentPage();
+  List->SetCurrent(page);
   if (!txtPagina->isModified() || !txtPagina->hasFocus()) {
     txtPagina->setText(QString::number(page + 1));
   }
@@ -232,6 +123,17 @@ void frmPreview::GoToTyped() {
 }
 
 // ---- Zoom ---------------------------------------------------------------------------------------
+
+void frmPreview::BuildZoom(QWidget* bar) {
+  cmdMicsorare = MakeToolButton("cmdMicsorare", "\\BMP\\Micsorare.bmp", "-", "Micsorare (-)", bar);
+  cmdMarire = MakeToolButton("cmdMarire", "\\BMP\\Marire.bmp", "+", "Marire (+)", bar);
+  cboZoom = new QComboBox(bar);
+  cboZoom->setObjectName("cboZoom");
+  cboZoom->setToolTip("Marimea paginii pe ecran (Ctrl si rotita)");
+  for (const double zoom : kZooms) cboZoom->addItem(QString("%1 %").arg(zoom * 100));
+  cboZoom->addItem("Latimea paginii");
+  cboZoom->addItem("Pagina intreaga");
+}
 
 void frmPreview::Zoom(int step) {
   const double zoom = View->Zoom();
@@ -265,10 +167,14 @@ void frmPreview::ShowZoom() {
 
 // ---- Commands -----------------------------------------------------------------------------------
 
-// Lays out no more behind work that lays out itself; what that came to is on show behind it.
+// Lays out and searches no more behind work that lays out itself; what that came to is on show
+// behind it.
 class frmPreview::Busy {
  public:
-  explicit Busy(frmPreview& preview) : preview_(preview) { preview_.idle_->stop(); }
+  explicit Busy(frmPreview& preview) : preview_(preview) {
+    preview_.idle_->stop();
+    preview_.searching_->stop();
+  }
   Busy(const Busy&) = delete;
   Busy& operator=(const Busy&) = delete;
   ~Busy() {
@@ -286,12 +192,24 @@ void frmPreview::cmdTiparire_Click() {
 }
 
 void frmPreview::cmdSalvarePDF_Click() {
-  const std::optional<std::string> path =
-      AskSaveFile({"Salvare ca PDF", "Fisiere PDF|*.pdf", FileNameOf(document_->Title()), "pdf"});
+  const std::optional<std::string> path = AskSaveFile(
+      {"Salvare ca PDF", "Fisiere PDF|*.pdf", FileNameOf(document_->Title(), "pdf"), "pdf"});
   if (!path) return;
   const Busy busy(*this);
-  frmProgress progress("Salvare ca PDF", this);
+  frmProgress progress("Salvare ca PDF", PageWords(), this);
   SavePdf(*document_, *path, progress.Asked());
+}
+
+void frmPreview::SaveRows(const char* what, const char* extension, const Save& save) {
+  const std::optional<std::string> path =
+      AskSaveFile({what, std::string(what) + "|*." + extension,
+                   FileNameOf(document_->Title(), extension), extension});
+  if (!path) return;
+  const Busy busy(*this);
+  const std::unique_ptr<DocumentRows> rows = document_->Rows();
+  if (!rows) return;
+  frmProgress progress(what, {}, this);
+  save(TableOf(*rows, document_->Title()), *path, progress.Asked());
 }
 
 void frmPreview::cmdPagina_Click() {
@@ -300,12 +218,15 @@ void frmPreview::cmdPagina_Click() {
   const Busy busy(*this);
   document_->SetPageLayout(layout);
   document_->LayOutMore();
-  View->PagesChanged();
+  PagesChanged();
 }
 
 void frmPreview::keyPressEvent(QKeyEvent* event) {
   const bool control = event->modifiers() & Qt::ControlModifier;
   switch (event->key()) {
+    case Qt::Key_Escape:
+      if (Find->isHidden()) break;
+      return Find->Close();
     case Qt::Key_Home:
       return View->GoToPage(0);
     case Qt::Key_End:

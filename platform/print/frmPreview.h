@@ -5,9 +5,15 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QToolButton>
+#include <filesystem>
+#include <functional>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "platform/forms/Form.h"
+#include "platform/print/FindBar.h"
+#include "platform/print/PageList.h"
 #include "platform/print/PageView.h"
 #include "platform/print/PagedDocument.h"
 
@@ -15,7 +21,7 @@ class QTimer;
 
 namespace tevra {
 
-/// Lays out a long document while its first pages are on show.
+/// Lays out a long document, and searches it, while its first pages are on show.
 class frmPreview : public Form {
   Q_OBJECT
 
@@ -25,6 +31,7 @@ class frmPreview : public Form {
 
   PagedDocument& Document() { return *document_; }
 
+  QToolButton* cmdListaPagini;  ///< shows the pages as small pictures at the left
   QToolButton* cmdPrima;
   QToolButton* cmdInapoi;
   QLineEdit* txtPagina;  ///< the page on show; Enter goes to the one typed
@@ -34,22 +41,36 @@ class frmPreview : public Form {
   QToolButton* cmdMicsorare;
   QComboBox* cboZoom;
   QToolButton* cmdMarire;
+  QToolButton* cmdCauta;
   QPushButton* cmdTiparire;
   QPushButton* cmdSalvarePDF;
+  QPushButton* cmdFoaieCalcul;  ///< this and the next: of a document that has rows
+  QPushButton* cmdCSV;
   QPushButton* cmdPagina;
   QPushButton* cmdIesire;
+  FindBar* Find;
+  PageList* List;
   PageView* View;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   class Busy;
+  using Save = std::function<bool(const ExportTable& table, const std::filesystem::path& file,
+                                  const Progress& progress)>;
   void Build();
   QWidget* BuildBar();
   void BuildZoom(QWidget* bar);
+  void FitCaptions();
   void Wire();
+  void WirePages();
+  void WireKeys();
   void LayOutWhenIdle();
+  void SearchWhenIdle();
+  void ShowList(bool shown);
+  void PagesChanged();
   void ShowCounts();
   void GoToTyped();
   void Zoom(int step);
@@ -57,10 +78,14 @@ class frmPreview : public Form {
   void ShowZoom();
   void cmdTiparire_Click();
   void cmdSalvarePDF_Click();
+  void SaveRows(const char* what, const char* extension, const Save& save);
   void cmdPagina_Click();
 
   std::unique_ptr<PagedDocument> document_;
+  QWidget* bar_;
+  std::vector<std::pair<QPushButton*, QString>> captions_;  // the first gives way first
   QTimer* idle_;
+  QTimer* searching_;
   bool complete_ = false;  // what the counts on show say
 };
 

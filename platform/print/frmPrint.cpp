@@ -8,7 +8,6 @@
 
 #include "platform/forms/Buttons.h"
 #include "platform/forms/Pictures.h"
-#include "platform/print/frmProgress.h"
 #include "platform/system/MessageBox.h"
 
 namespace tevra {
@@ -109,7 +108,7 @@ void frmPrint::cmdTiparire_Click() {
   PrintJob job{cboImprimanta->currentText(), txtExemplare->value(), 1, 0};
   if (optInterval->isChecked()) {
     {
-      frmProgress progress(kCaption, this);
+      frmProgress progress(kCaption, PageWords(), this);
       if (!document_.LayOutAll(progress.Asked())) return;
     }
     job.from = txtDeLa->value();
@@ -125,6 +124,10 @@ void frmPrint::cmdTiparire_Click() {
   }
   chosen_ = job;
   close();
+}
+
+ProgressWords PageWords() {
+  return {"Pagina %1 din %2", "Se pregatesc paginile: %1"};
 }
 
 void PrintAsked(PagedDocument& document, QWidget* parent) {
@@ -144,7 +147,7 @@ void PrintAsked(PagedDocument& document, QWidget* parent) {
     job = screen.Chosen();
   }
   if (!job) return;
-  frmProgress progress(kCaption, parent);
+  frmProgress progress(kCaption, PageWords(), parent);
   PrintDocument(document, *job, progress.Asked());
 }
 

@@ -7,6 +7,7 @@
 
 #include "platform/forms/Boxes.h"
 #include "platform/forms/Form.h"
+#include "platform/forms/frmProgress.h"
 #include "platform/print/Printing.h"
 
 namespace tevra {
@@ -37,6 +38,9 @@ class frmPrint : public Form {
   PagedDocument& document_;
   std::optional<PrintJob> chosen_;
 };
+
+/// How far work on pages is.
+ProgressWords PageWords();
 
 /// Asks and prints; where there is no printer, says so. Throws as PrintDocument.
 void PrintAsked(PagedDocument& document, QWidget* parent);

@@ -3,17 +3,18 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QMimeData>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QToolButton>
-#include <QXmlStreamReader>
 #include <fstream>
 #include <sstream>
 
+#include "platform/export/TableExport.h"
 #include "platform/grid/GridExport.h"
 #include "platform/grid/GridTools.h"
 #include "platform/grid/frmColoane.h"
+#include "platform/system/Desktop.h"
 #include "platform/system/Settings.h"
+#include "tests/SheetFile.h"
 #include "tests/grid/GridFixture.h"
 
 namespace tevra::test {
@@ -32,6 +33,10 @@ class GridWork : public Grid {
     const QRect cell = grid_.View()->visualRect(grid_.View()->model()->index(row, 0));
     QTest::mouseClick(grid_.View()->viewport(), Qt::LeftButton, keys, cell.center());
   }
+  ExportTable Table(const char* title) {
+    content_ = std::make_unique<GridContent>(grid_.Content());
+    return TableOf(*content_, title);
+  }
   std::string File(const char* name) const { return folder_.filePath(name).toStdString(); }
   static std::string Text(const std::string& file) {
     std::ifstream in(file, std::ios::binary);
@@ -47,31 +52,8 @@ class GridWork : public Grid {
     return fields;
   }
 
-  // The cells of the sheet: reference -> what stands there, "f:" before a formula.
-  std::map<std::string, std::string> Sheet(const std::string& file) {
-    QProcess unpack;
-    unpack.setWorkingDirectory(folder_.path());
-    unpack.start("cmake", {"-E", "tar", "xf", QString::fromStdString(file)});
-    EXPECT_TRUE(unpack.waitForFinished() && unpack.exitCode() == 0);
-    QFile sheet(folder_.filePath("xl/worksheets/sheet1.xml"));
-    EXPECT_TRUE(sheet.open(QIODevice::ReadOnly));
-    QXmlStreamReader xml(&sheet);
-    std::map<std::string, std::string> cells;
-    std::string at;
-    while (!xml.atEnd()) {
-      if (xml.readNext() != QXmlStreamReader::StartElement) continue;
-      if (xml.name() == QString("c")) at = xml.attributes().value("r").toString().toStdString();
-      if (xml.name() == QString("v") || xml.name() == QString("t")) {
-        cells[at] += xml.readElementText().toStdString();
-      } else if (xml.name() == QString("f")) {
-        cells[at] += "f:" + xml.readElementText().toStdString() + " ";
-      }
-    }
-    EXPECT_FALSE(xml.hasError());
-    return cells;
-  }
-
   QTemporaryDir folder_;
+  std::unique_ptr<GridContent> content_;
 };
 
 TEST_F(GridWork, ARowThatTheUserGoesToIsMarkedAndTheProgramsOwnMoveMarksNothing) {
@@ -91,6 +73,44 @@ TEST_F(GridWork, ARowThatTheUserGoesToIsMarkedAndTheProgramsOwnMoveMarksNothing)
   EXPECT_EQ(grid_.SelectedRows().size(), 3u);
   source_.Refresh();
   EXPECT_TRUE(grid_.SelectedRows().empty());
+}
+
+TEST_F(GridWork, TheStripsAndTheRowsOwnMarksGoTogether) {
+  source_.show();
+  QWidget* selectors = grid_.View()->verticalHeader()->viewport();
+  Click(0);
+  const int y = grid_.View()->verticalHeader()->sectionViewportPosition(1) + 4;
+  QTest::mouseClick(selectors, Qt::LeftButton, {}, QPoint(6, y));
+  EXPECT_EQ(grid_.SelectedRows(), std::vector<std::size_t>{1});
+  QTest::keyClick(grid_.View(), Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(grid_.SelectedRows(), (std::vector<std::size_t>{1, 2}));
+  // The data source's strip is the user's hand, too.
+  const auto buttons = source_.findChildren<QToolButton*>();
+  ASSERT_EQ(buttons.size(), 4);
+  buttons.first()->click();
+  EXPECT_EQ(grid_.SelectedRows(), std::vector<std::size_t>{0});
+}
+
+TEST_F(GridWork, TheCurrentCellLeavesAHiddenColumn) {
+  Click(0);
+  ASSERT_EQ(grid_.View()->currentIndex().column(), 0);
+  grid_.View()->setColumnHidden(0, true);
+  grid_.LeaveHiddenColumn();
+  EXPECT_EQ(grid_.View()->currentIndex(), grid_.View()->model()->index(0, 1));
+  source_.MoveTo(1);
+  EXPECT_EQ(grid_.View()->currentIndex(), grid_.View()->model()->index(1, 1));
+}
+
+// The footers on the screen may be of other rows.
+TEST_F(GridWork, WhatIsPrintedBearsTheSumsOfItsRows) {
+  grid_.SetFooter("VAL_CUMP", "1.250,50");
+  Click(1);
+  Click(2, Qt::ControlModifier);
+  GridContent marked = grid_.Content(DataGrid::Rows::kMarked);
+  EXPECT_EQ(marked.Columns()[2].footer, "1.250,50");
+  marked.SumFooters();
+  EXPECT_EQ(marked.Columns()[2].footer, "16,00");
+  EXPECT_EQ(marked.Columns()[1].footer, "");
 }
 
 TEST_F(GridWork, TheUsersColumnsAreRememberedAndCanBeGivenUp) {
@@ -178,8 +198,8 @@ TEST_F(GridWork, ASpreadsheetHoldsNumbersDatesAndSums) {
   header->moveSection(header->visualIndex(2), 0);
   grid_.View()->setColumnHidden(3, true);
   const std::string file = File("lista.xlsx");
-  ASSERT_TRUE(SaveSpreadsheet(grid_.Content(), "Imobilizari: [2026]", file));
-  auto cells = Sheet(file);
+  ASSERT_TRUE(SaveSpreadsheet(Table("Imobilizari: [2026]"), file));
+  auto cells = CellsOf(file);
   EXPECT_EQ(cells["A1"], "Valoare Lei");
   EXPECT_EQ(cells["B1"], "Nr. inv.");
   EXPECT_EQ(std::stod(cells["A2"]), 1234.5);
@@ -198,7 +218,7 @@ TEST_F(GridWork, CsvKeepsAllDigits) {
                           {1.0 / 3, "Freza, \"mica\""});
   source_.Refresh();
   source_.Recordset().SetSort("COD DESC");
-  ASSERT_TRUE(SaveCsv(grid_.Content(), File("lista.csv")));
+  ASSERT_TRUE(SaveCsv(Table("Lista"), File("lista.csv")));
   EXPECT_EQ(Text(File("lista.csv")),
             "Nr. inv.,Denumire,Valoare Lei,Cota anuala,Data cumparare,Blocata\n"
             "c,\"Freza, \"\"mica\"\"\",0.3333333333333333,0,,Nu\n"
@@ -208,21 +228,44 @@ TEST_F(GridWork, CsvKeepsAllDigits) {
 
 TEST_F(GridWork, AFileIsReplacedWholeOrNotAtAll) {
   std::ofstream(File("veche.xlsx")) << "veche";
-  const auto giveUp = [](std::size_t, std::size_t) { return false; };
-  EXPECT_FALSE(SaveSpreadsheet(grid_.Content(), "Lista", File("veche.xlsx"), giveUp));
-  EXPECT_FALSE(SaveCsv(grid_.Content(), File("veche.xlsx"), giveUp));
+  const auto giveUp = [](int, int) { return false; };
+  EXPECT_FALSE(SaveSpreadsheet(Table("Lista"), File("veche.xlsx"), giveUp));
+  EXPECT_FALSE(SaveCsv(Table("Lista"), File("veche.xlsx"), giveUp));
   EXPECT_EQ(Text(File("veche.xlsx")), "veche");
   EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
   for (const char* missing : {"lipsa/lista.xlsx", "lipsa/lista.csv"}) {
     try {
       const std::string file = File(missing);
-      file.ends_with("csv") ? SaveCsv(grid_.Content(), file)
-                            : SaveSpreadsheet(grid_.Content(), "Lista", file);
+      file.ends_with("csv") ? SaveCsv(Table("Lista"), file) : SaveSpreadsheet(Table("Lista"), file);
       FAIL();
     } catch (const Failure& failure) {
       EXPECT_EQ(failure.Number(), kPathNotFound);
     }
   }
+}
+
+TEST_F(GridWork, TheUserSavesTheListWhereHeSays) {
+  GridTools tools(grid_);
+  tools.SetUp({}, "Imobilizari");
+  std::string chosen = File("lista.csv");
+  std::vector<std::string> offered;
+  SetSaveFileHandler([&](const SaveFileRequest& request) {
+    offered.push_back(request.name);
+    return chosen;
+  });
+  tools.ExportCsv();
+  EXPECT_NE(Text(chosen).find("b,Strung,1234.5,"), std::string::npos);
+  chosen = File("lista.xlsx");
+  tools.ExportSpreadsheet();
+  EXPECT_EQ(CellsOf(chosen)["B3"], "Freza");
+  chosen = File("lipsa/lista.xlsx");
+  tools.ExportSpreadsheet();
+  SetSaveFileHandler({});
+  EXPECT_EQ(offered,
+            (std::vector<std::string>{"Imobilizari.csv", "Imobilizari.xlsx", "Imobilizari.xlsx"}));
+  ASSERT_EQ(messages_.shown.size(), 3u);
+  EXPECT_EQ(messages_.shown[1].prompt, "Lista a fost salvata in " + File("lista.xlsx"));
+  EXPECT_NE(messages_.shown[2].prompt.find("Path not found"), std::string::npos);
 }
 
 // What is taken elsewhere stays as it was when the list goes on.

@@ -56,8 +56,10 @@ TEST_F(Preview, ShowsPagesBeforeAllAreLaidOut) {
   EXPECT_FALSE(preview.Document().IsComplete());
   EXPECT_TRUE(preview.lblPagini->text().endsWith("..."));
   EXPECT_GT(DarkPixels(*preview.View), 500);
-  QTRY_VERIFY_WITH_TIMEOUT(preview.Document().IsComplete(), 60000);
-  QTRY_COMPARE(preview.lblPagini->text(), QString("din %1").arg(preview.Document().PageCount()));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return preview.Document().IsComplete(); }, 60000));
+  ASSERT_TRUE(QTest::qWaitFor([&] {
+    return preview.lblPagini->text() == QString("din %1").arg(preview.Document().PageCount());
+  }));
 }
 
 TEST_F(Preview, ButtonsAndKeysGoThroughThePages) {
@@ -175,7 +177,7 @@ TEST_F(Preview, AnotherPaperIsLaidOutAnew) {
     screen->cmdAccept->click();
   });
   preview.cmdPagina->click();
-  QTRY_VERIFY(preview.Document().IsComplete());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return preview.Document().IsComplete(); }));
   QCoreApplication::processEvents();
   EXPECT_LT(preview.Document().PageCount(), portrait);
   EXPECT_EQ(preview.lblPagini->text(), QString("din %1").arg(preview.Document().PageCount()));
@@ -190,7 +192,7 @@ TEST_F(Preview, DataThatCannotBeReadIsToldOnce) {
   };
   frmPreview preview(std::make_unique<TableDocument>(list, DefaultPageLayout()));
   preview.show();
-  QTRY_COMPARE(messages_.shown.size(), 1u);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return messages_.shown.size() == 1u; }));
   QTest::qWait(50);
   ASSERT_EQ(messages_.shown.size(), 1u);
   EXPECT_NE(messages_.shown[0].prompt.find("randul nu poate fi citit"), std::string::npos);

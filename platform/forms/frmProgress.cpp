@@ -1,4 +1,4 @@
-#include "platform/print/frmProgress.h"
+#include "platform/forms/frmProgress.h"
 
 #include <QApplication>
 #include <QVBoxLayout>
@@ -13,8 +13,8 @@ constexpr int kBetween = 60;  // ms between two looks at what the user does
 
 }  // namespace
 
-frmProgress::frmProgress(const QString& caption, QWidget* parent)
-    : Form("frmProgress", caption, parent) {
+frmProgress::frmProgress(const QString& caption, const ProgressWords& words, QWidget* parent)
+    : Form("frmProgress", caption, parent), words_(words) {
   setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
   setWindowModality(Qt::ApplicationModal);
   lblStare = new QLabel(this);
@@ -36,7 +36,7 @@ frmProgress::frmProgress(const QString& caption, QWidget* parent)
   told_.start();
 }
 
-PrintProgress frmProgress::Asked() {
+Progress frmProgress::Asked() {
   return [this](int done, int of) { return Tell(done, of); };
 }
 
@@ -44,8 +44,7 @@ bool frmProgress::Tell(int done, int of) {
   if (told_.elapsed() < kBetween) return true;
   told_.restart();
   if (since_.elapsed() < kMoment) return true;
-  lblStare->setText(of > 0 ? QString("Pagina %1 din %2").arg(done).arg(of)
-                           : QString("Se pregatesc paginile: %1").arg(done));
+  lblStare->setText(of > 0 ? words_.counted.arg(done).arg(of) : words_.uncounted.arg(done));
   Bar->setRange(0, of);
   Bar->setValue(done);
   if (!isVisible()) show();

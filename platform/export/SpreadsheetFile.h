@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/grid/GridContent.h"
+#include "platform/export/ExportTable.h"
 
 namespace tevra {
 
@@ -18,13 +18,16 @@ class SpreadsheetFile {
   /// `file` is made when Close is called. `title`: of the document and, as far as a sheet may bear
   /// it, of the sheet.
   SpreadsheetFile(const std::filesystem::path& file, const QString& title,
-                  const std::vector<GridContent::Column>& columns);
+                  const std::vector<ExportColumn>& columns);
   /// Without Close nothing is left of the file.
   ~SpreadsheetFile();
   SpreadsheetFile(const SpreadsheetFile&) = delete;
   SpreadsheetFile& operator=(const SpreadsheetFile&) = delete;
 
-  /// The next row, a value a column.
+  /// Throws Failure 6 for more rows than a sheet has.
+  static void RequireRoom(std::size_t rows);
+
+  /// The next row, a value a column. Throws Failure 6 when the sheet has no room for it.
   void AddRow(const Values& values);
 
   /// The sums of the footed columns below the rows, then the file. Throws Failure 61 or 70.

@@ -1,4 +1,4 @@
-#include "platform/grid/SpreadsheetFile.h"
+#include "platform/export/SpreadsheetFile.h"
 
 #include <QRegularExpression>
 #include <algorithm>
@@ -16,18 +16,17 @@ namespace tevra {
 
 namespace {
 
-constexpr double kPixelsOfCharacter = 7.0;  // of the sheets' usual font
-constexpr double kWidest = 80;              // characters
+constexpr double kWidest = 80;  // characters
 // The sheets' calendar goes wrong before 1 March 1900.
 constexpr double kFirstSureDay = 61;
 
 // The formats of our columns in the words of a sheet.
-std::string SheetFormat(const GridColumn& column, FieldType type) {
+std::string SheetFormat(const ExportColumn& column) {
   static const std::map<std::string, const char*> kFormats{
       {"Standard", "#,##0.00"}, {"Fixed", "0.00"},           {"Percent", "0.00%"},
       {"###,###", "#,##0"},     {"#.##0", "#,##0"},          {"#.##0,00", "#,##0.00"},
       {"General Number", ""},   {"dd.MM.yyyy", "dd.mm.yyyy"}};
-  if (column.format.empty()) return type == FieldType::DateTime ? "dd.mm.yyyy" : "";
+  if (column.format.empty()) return column.type == FieldType::DateTime ? "dd.mm.yyyy" : "";
   const auto known = kFormats.find(column.format);
   return known == kFormats.end() ? column.format : known->second;
 }
@@ -49,19 +48,19 @@ Failure WriteFailure(lxw_error error, const std::filesystem::path& file) {
 
 struct SpreadsheetFile::Impl {
   struct Column {
-    GridContent::Column shown;
+    ExportColumn shown;
     lxw_format* format = nullptr;
     lxw_format* sumFormat = nullptr;
     MoneySum sum;
   };
 
   Impl(const std::filesystem::path& path, const QString& title,
-       const std::vector<GridContent::Column>& shown);
+       const std::vector<ExportColumn>& shown);
   ~Impl() {
     if (book) lxw_workbook_free(book);
   }
 
-  lxw_format* NewFormat(const std::string& numbers, const GridContent::Column& column);
+  lxw_format* NewFormat(const std::string& numbers, const ExportColumn& column);
   void WriteCaptions();
   void WriteCell(lxw_col_t at, const Value& value);
   void WriteSums();
@@ -74,7 +73,7 @@ struct SpreadsheetFile::Impl {
 };
 
 SpreadsheetFile::Impl::Impl(const std::filesystem::path& path, const QString& title,
-                            const std::vector<GridContent::Column>& shown)
+                            const std::vector<ExportColumn>& shown)
     : file(path) {
   lxw_workbook_options options{LXW_TRUE, nullptr, LXW_FALSE};
   book = workbook_new_opt(file.c_str(), &options);
@@ -86,9 +85,9 @@ SpreadsheetFile::Impl::Impl(const std::filesystem::path& path, const QString& ti
   const std::string name = SheetName(title);
   sheet = workbook_add_worksheet(book, name.empty() ? nullptr : name.c_str());
   if (!sheet) throw Failure(kOutOfMemory, FailureText(kOutOfMemory));
-  for (const GridContent::Column& each : shown) {
+  for (const ExportColumn& each : shown) {
     Column column{each, nullptr, nullptr, {}};
-    const std::string numbers = SheetFormat(each.shown, each.type);
+    const std::string numbers = SheetFormat(each);
     column.format = NewFormat(numbers, each);
     column.sumFormat = NewFormat(numbers, each);
     format_set_bold(column.sumFormat);
@@ -99,7 +98,7 @@ SpreadsheetFile::Impl::Impl(const std::filesystem::path& path, const QString& ti
 }
 
 lxw_format* SpreadsheetFile::Impl::NewFormat(const std::string& numbers,
-                                             const GridContent::Column& column) {
+                                             const ExportColumn& column) {
   lxw_format* format = workbook_add_format(book);
   if (!numbers.empty()) format_set_num_format(format, numbers.c_str());
   if (column.alignment & Qt::AlignRight) format_set_align(format, LXW_ALIGN_RIGHT);
@@ -115,9 +114,9 @@ void SpreadsheetFile::Impl::WriteCaptions() {
   format_set_bottom(bold, LXW_BORDER_THIN);
   for (std::size_t i = 0; i < columns.size(); ++i) {
     const auto at = static_cast<lxw_col_t>(i);
-    const double width = std::min(columns[i].shown.width / kPixelsOfCharacter + 1, kWidest);
-    worksheet_set_column(sheet, at, at, width, nullptr);
-    const std::string caption = columns[i].shown.shown.caption.toStdString();
+    const double width = std::min(columns[i].shown.width, kWidest);
+    if (width > 0) worksheet_set_column(sheet, at, at, width, nullptr);
+    const std::string caption = columns[i].shown.caption.toStdString();
     worksheet_write_string(sheet, 0, at, caption.c_str(), bold);
   }
   worksheet_freeze_panes(sheet, 1, 0);
@@ -134,12 +133,13 @@ void SpreadsheetFile::Impl::WriteCell(lxw_col_t at, const Value& value) {
   const Value::Kind kind = value.GetKind();
   const bool number =
       kind == Value::Kind::Whole || kind == Value::Kind::Double || kind == Value::Kind::DateTime;
-  const bool word = !number || IsWord(value, column.shown.shown);
+  const bool word = !number || IsWord(value, column.shown.words);
   const double amount = word ? 0 : value.AsDouble();
   const bool fits =
       std::isfinite(amount) && (kind != Value::Kind::DateTime || amount >= kFirstSureDay);
   if (word || !fits) {
-    const std::string text = ShownText(value, column.shown.shown).toStdString();
+    const std::string text =
+        ShownText(value, column.shown.format, column.shown.words).toStdString();
     worksheet_write_string(sheet, row, at, text.c_str(), column.format);
     return;
   }
@@ -166,12 +166,18 @@ void SpreadsheetFile::Impl::WriteSums() {
 }
 
 SpreadsheetFile::SpreadsheetFile(const std::filesystem::path& file, const QString& title,
-                                 const std::vector<GridContent::Column>& columns)
+                                 const std::vector<ExportColumn>& columns)
     : impl_(std::make_unique<Impl>(file, title, columns)) {}
 
 SpreadsheetFile::~SpreadsheetFile() = default;
 
+void SpreadsheetFile::RequireRoom(std::size_t rows) {
+  if (rows <= kMostRows) return;
+  throw Failure(kOverflow, FailureText(kOverflow) + ": lista are mai multe randuri decat o foaie");
+}
+
 void SpreadsheetFile::AddRow(const Values& values) {
+  RequireRoom(impl_->row);  // the captions stand in the first
   for (std::size_t i = 0; i < values.size(); ++i) {
     impl_->WriteCell(static_cast<lxw_col_t>(i), values[i]);
   }
