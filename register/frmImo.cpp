@@ -20,6 +20,17 @@ namespace tevra {
 
 namespace {}  // namespace
 
+namespace {
+
+// The asset that is to be opened may not be the one on the current row.
+bool LacksNewCode(const std::string& nrcrt) {
+  const Recordset asset =
+      OpenRecordset("SELECT COD_GR_NOU FROM I_IMO WHERE NRCRT = CLng(?)", {nrcrt});
+  return !asset.Eof() && asset.Get(0).TextOrEmpty().empty();
+}
+
+}  // namespace
+
 frmImo::frmImo(QWidget* parent) : Form("frmImo", "Imobilizari", parent) {
   Build();
   Connect();
@@ -138,7 +149,8 @@ void frmImo::cmdModificare_Click() {
     return;
   }
   const bool onRow = TDBGrid1->View()->currentIndex().isValid();
-  if (onRow && TDBGrid1->ColumnText(TDBGrid1->ColumnOf("COD_GR_NOU")).empty()) {
+  const bool uncoded = onRow && TDBGrid1->ColumnText(TDBGrid1->ColumnOf("COD_GR_NOU")).empty();
+  if (uncoded || LacksNewCode(sNrCrt)) {
     MsgBoxEx("Va rog asociati un cod nou de clasificare in Tabela Coduri de clasificare");
     return;
   }

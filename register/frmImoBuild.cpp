@@ -48,6 +48,8 @@ void frmImo::Build() {
   all->addWidget(datPrimaryRS);
   all->addWidget(BuildButtons());
   datPrimaryRS->show();
+  OrderTabs({txtCautare, cmdCauta, cmdUp, cmdDown, TDBGrid1->View(), datPrimaryRS, cmdCreare,
+             cmdModificare, CommandButton3, cmdListare, cmdPlan, cmdInv, cmdClose});
   GiveFocus(TDBGrid1);
   resize(1000, 560);
 }
@@ -58,8 +60,8 @@ QWidget* frmImo::BuildSearch() {
   txtCautare->setToolTip("Sir de cautare");
   txtCautare->setAccessibleName("Sir de cautare");
   cmdCauta = MakeButton("cmdCauta", "Cautare", "Cautare dupa denumire", bar);
-  cmdUp = MakeArrow("cmdUp", "\\BMP\\Sus.bmp", "Sortare crescatoare", bar);
-  cmdDown = MakeArrow("cmdDown", "\\BMP\\Jos.bmp", "Sortare descrescatoare", bar);
+  cmdUp = MakeArrow("cmdUp", "\\BMP\\Sus.bmp", "Sortare Crescatoare", bar);
+  cmdDown = MakeArrow("cmdDown", "\\BMP\\Jos.bmp", "Sortare Descrescatoare", bar);
   auto* caption = new QLabel("Nr. :", bar);
   Label1 = new QLabel(bar);
   Label1->setObjectName("Label1");

@@ -185,7 +185,7 @@ void frmMain::ShowForm(Form& form) {
     mdiArea->setActiveSubWindow(window);
     return;
   }
-  const QSize wanted = form.size();
+  const QSize wanted = form.size().expandedTo(form.minimumSizeHint());
   const QMdiSubWindow* front = mdiArea->activeSubWindow();
   QMdiSubWindow* window = mdiArea->addSubWindow(&form);
   window->setAttribute(Qt::WA_DeleteOnClose);

@@ -155,7 +155,13 @@ void frmMsgBox::Arrange(QWidget* text) {
   all->setSpacing(kMargin);
   all->addLayout(message, 1);
   all->addLayout(buttons);
-  setMinimumWidth(220);
+  // The title must not be cut between the window's own buttons.
+  constexpr int kNarrowest = 220;
+  constexpr int kBesideTitle = 140;
+  QFont bold = font();
+  bold.setBold(true);
+  const int title = QFontMetrics(bold).horizontalAdvance(windowTitle());
+  setMinimumWidth(std::max(kNarrowest, title + kBesideTitle));
   adjustSize();
   setFixedSize(sizeHint().expandedTo(minimumSize()));
 }

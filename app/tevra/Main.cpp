@@ -9,6 +9,7 @@
 
 #include "app/tevra/Desktop.h"
 #include "app/tevra/Screens.h"
+#include "app/tevra/ToolkitWords.h"
 #include "platform/forms/Pictures.h"
 #include "platform/system/MessageBox.h"
 #include "platform/system/QtSettings.h"
@@ -46,6 +47,7 @@ class Application : public QApplication {
 void PrepareApplication() {
   QApplication::setApplicationName("tevra");
   QLocale::setDefault(QLocale(QLocale::Romanian, QLocale::Romania));
+  QCoreApplication::installTranslator(new ToolkitWords(qApp));
   SetSettings(std::make_unique<QtSettings>());
   SetApplicationTitle(kApplicationTitle);
   SetPictureDirectory(ProgramDirectory().string());

@@ -7,7 +7,7 @@
 
 #include "platform/data/Recordset.h"
 #include "platform/forms/Windows.h"
-#include "platform/print/PagedDocument.h"
+#include "platform/print/PageText.h"
 #include "platform/print/frmPageSetup.h"
 #include "platform/print/frmPreview.h"
 #include "platform/system/Settings.h"
@@ -35,7 +35,7 @@ class FrmImo : public ::testing::Test {
  protected:
   FrmImo() {
     SetSettings(nullptr);
-    for (const char* name : {"Strung", "Freza", "Strung 'mic'", "Presa"}) AddAsset(name);
+    for (const char* name : {"Strung", "Freza", "Strung 'mic'", "Presa strung"}) AddAsset(name);
   }
   ~FrmImo() override {
     for (Form* screen : OpenScreens<Form>()) delete screen;
@@ -96,6 +96,17 @@ class FrmImo : public ::testing::Test {
     return previews.size() == 1 ? &previews.front()->Document() : nullptr;
   }
 
+  static std::string PaperOf(PagedDocument& document) {
+    document.LayOutAll();
+    std::string text;
+    for (int page = 0; page < document.PageCount(); ++page) {
+      for (const PaintedText& each : TextOfPage(document, page)) {
+        text += each.Text().toStdString() + "\n";
+      }
+    }
+    return text;
+  }
+
   TestCompany company_;
   MessageRecorder messages_;
   frmImo* list_ = nullptr;
@@ -103,7 +114,7 @@ class FrmImo : public ::testing::Test {
 
 TEST_F(FrmImo, OpensWithTheNewestFirstItsTotalsAndItsCount) {
   frmImo& list = Open();
-  EXPECT_EQ(Names(), "Presa;Strung 'mic';Freza;Strung;");
+  EXPECT_EQ(Names(), "Presa strung;Strung 'mic';Freza;Strung;");
   EXPECT_EQ(list.TDBGrid1->Columns().size(), 65u);
   EXPECT_EQ(list.TDBGrid1->ShownColumns().size(), 29u);
   EXPECT_EQ(list.TDBGrid1->Footer("VAL_CUMP"), "4.002");
@@ -128,7 +139,7 @@ TEST_F(FrmImo, SearchesByTheBeginningOfTheName) {
   company_.Open().Execute("INSERT INTO I_LOCALIZARE (COD, TITLU) VALUES ('H1', 'Hala')");
   company_.Open().Execute("UPDATE I_IMO SET COD_LOC = 'H1'");
   Search("");
-  EXPECT_EQ(Names(), "Strung;Freza;Strung 'mic';Presa;");
+  EXPECT_EQ(Names(), "Strung;Freza;Strung 'mic';Presa strung;");
   EXPECT_EQ(list.TDBGrid1->ColumnText(list.TDBGrid1->ColumnOf("loc")), "");
   EXPECT_EQ(list.TDBGrid1->Footer("VAL_CUMP"), "4.002");
 }
@@ -147,6 +158,11 @@ TEST_F(FrmImo, TheCardOpensForTheRowSelectedLast) {
   EXPECT_EQ(LastMessage(),
             "Va rog asociati un cod nou de clasificare in Tabela Coduri de clasificare");
   EXPECT_TRUE(OpenScreens<frmFisaImo>().empty());
+  // From another row it does not open either.
+  list.datPrimaryRS->MoveTo(1);
+  Press(list.cmdModificare);
+  EXPECT_EQ(messages_.shown.size(), 3u);
+  EXPECT_TRUE(OpenScreens<frmFisaImo>().empty());
   Click(1);
   Press(list.cmdModificare);
   ASSERT_EQ(OpenScreens<frmFisaImo>().size(), 1u);
@@ -160,7 +176,7 @@ TEST_F(FrmImo, ComingBackShowsWhatWasSavedAtTheSamePlace) {
   AddAsset("Nou");
   company_.Open().Execute("UPDATE I_IMO SET DENUMIRE = 'Strung reparat' WHERE NRCRT = 3");
   list.Activate();
-  EXPECT_EQ(Names(), "Nou;Presa;Strung reparat;Freza;Strung;");
+  EXPECT_EQ(Names(), "Nou;Presa strung;Strung reparat;Freza;Strung;");
   EXPECT_EQ(list.TDBGrid1->ColumnText(0), "3");
   EXPECT_EQ(list.Label1->text(), "5");
   EXPECT_EQ(list.TDBGrid1->Footer("VAL_CUMP"), "4.002");
@@ -179,12 +195,13 @@ TEST_F(FrmImo, DeletesTheCurrentAssetWhenTheUserAgrees) {
   EXPECT_EQ(messages_.shown.back().title, "Confirmare stergere");
   EXPECT_EQ(list.Label1->text(), "4");
   Press(list.CommandButton3);
-  EXPECT_EQ(Names(), "Presa;Freza;Strung;");
+  EXPECT_EQ(Names(), "Presa strung;Freza;Strung;");
   EXPECT_EQ(list.TDBGrid1->ColumnText(0), "2");
   EXPECT_EQ(list.Label1->text(), "3");
   EXPECT_EQ(company_.Open().QueryValue("SELECT COUNT(*) FROM Kv_Linii").AsLong(), 1);
   // The card of an asset that is gone: told, and nothing is added.
   Press(list.cmdModificare);
+  EXPECT_EQ(LastMessage().substr(0, 7), "3021 - ");
   EXPECT_EQ(company_.Open().QueryValue("SELECT COUNT(*) FROM I_IMO").AsLong(), 3);
 
   company_.Open().Execute("DELETE * FROM I_IMO");
@@ -210,11 +227,19 @@ TEST_F(FrmImo, ListsTheSelectedRowsUnderTheirOwnTotals) {
   PagedDocument* none = Listed(list.cmdListare);
   ASSERT_TRUE(none);
   EXPECT_EQ(none->Title(), "Imobilizari");
+  EXPECT_EQ(PaperOf(*none).find("Strung"), std::string::npos);
   EXPECT_EQ(list.TDBGrid1->Footer("VAL_CUMP"), "0");
   for (frmPreview* preview : OpenScreens<frmPreview>()) delete preview;
   Click(0);
   QTest::keyClick(list.TDBGrid1->View(), Qt::Key_Down, Qt::ShiftModifier);
-  ASSERT_TRUE(Listed(list.cmdListare));
+  PagedDocument* two = Listed(list.cmdListare);
+  ASSERT_TRUE(two);
+  const std::string paper = PaperOf(*two);
+  for (const char* part : {"R A P O R T", "Presa strung", "Strung 'mic'", "2.000", "401",
+                           "Editat de Kelnar Tevra", "Pagina: 1"}) {
+    EXPECT_NE(paper.find(part), std::string::npos) << part;
+  }
+  EXPECT_EQ(paper.find("Freza"), std::string::npos);
   EXPECT_EQ(list.TDBGrid1->Footer("VAL_CUMP"), "2.000");
   EXPECT_EQ(list.TDBGrid1->Footer("VAL_CUMP_VAL"), "401");
 }
@@ -222,13 +247,13 @@ TEST_F(FrmImo, ListsTheSelectedRowsUnderTheirOwnTotals) {
 TEST_F(FrmImo, SortsByADraggedColumnInBothDirections) {
   frmImo& list = Open();
   list.TDBGrid1->AddGroupColumn(list.TDBGrid1->ColumnOf("DENUMIRE"));
-  EXPECT_EQ(Names(), "Freza;Presa;Strung;Strung 'mic';");
+  EXPECT_EQ(Names(), "Freza;Presa strung;Strung;Strung 'mic';");
   list.cmdDown->click();
-  EXPECT_EQ(Names(), "Strung 'mic';Strung;Presa;Freza;");
+  EXPECT_EQ(Names(), "Strung 'mic';Strung;Presa strung;Freza;");
   list.Activate();
-  EXPECT_EQ(Names(), "Strung 'mic';Strung;Presa;Freza;");
+  EXPECT_EQ(Names(), "Strung 'mic';Strung;Presa strung;Freza;");
   list.cmdUp->click();
-  EXPECT_EQ(Names(), "Freza;Presa;Strung;Strung 'mic';");
+  EXPECT_EQ(Names(), "Freza;Presa strung;Strung;Strung 'mic';");
 }
 
 TEST_F(FrmImo, ShowsThePlanOfTheCurrentAsset) {
@@ -247,7 +272,7 @@ TEST_F(FrmImo, ShowsThePlanOfTheCurrentAsset) {
   ASSERT_EQ(OpenScreens<frmPlanAmo>().size(), 1u);
   frmPlanAmo& plan = *OpenScreens<frmPlanAmo>().front();
   EXPECT_EQ(plan.Label2->text(), "4");
-  EXPECT_EQ(plan.Label4->text(), "Presa");
+  EXPECT_EQ(plan.Label4->text(), "Presa strung");
   const QAbstractItemModel* rows = plan.TDBGrid1->View()->model();
   ASSERT_EQ(rows->rowCount(), 6);
   EXPECT_EQ(rows->index(0, 0).data().toString(), "2004");
@@ -261,7 +286,10 @@ TEST_F(FrmImo, ShowsThePlanOfTheCurrentAsset) {
   EXPECT_EQ(plan.picGrafic->Currency(), "USD");
   Press(plan.cmdListare);
   ASSERT_EQ(OpenScreens<frmPreview>().size(), 1u);
-  EXPECT_EQ(OpenScreens<frmPreview>().front()->Document().Title(), "Plan de Amortizare");
+  const std::string paper = PaperOf(OpenScreens<frmPreview>().front()->Document());
+  for (const char* part : {"PLAN DE AMORTIZARE", "Denumire: Presa strung", "2009", "Pagina: 1"}) {
+    EXPECT_NE(paper.find(part), std::string::npos) << part;
+  }
 
   // Asked for again, the same window shows the other asset.
   Click(4);
