@@ -3,18 +3,22 @@
 //
 //   bench-list [--benchmark_repetitions=N]
 //
-// Prints, behind the times, list to bare statements (at most 2) and what a page costs while
-// scrolling (at most 2 ms).
+// Prints, behind the times, list to bare statements (at most 2), what the whole screen takes, and
+// what a page costs while scrolling (at most 2 ms).
+#include <QApplication>
 #include <cstdio>
 #include <string>
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
+#include "bench/BareRows.h"
 #include "bench/GeneratedCompany.h"
 #include "bench/Medians.h"
 #include "platform/data/Recordset.h"
 #include "register/AssetList.h"
+#include "register/frmImo.h"
+#include "session/Session.h"
 
 namespace {
 
@@ -63,24 +67,27 @@ void Sort(benchmark::State& state, Connection* connection) {
   }
 }
 
+// The screen as the menu opens it, painted once.
+void Screen(benchmark::State& state, const GeneratedCompany* company) {
+  CurrentSession().connectionString = company->ConnectionString();
+  while (state.KeepRunning()) {
+    frmImo screen;
+    screen.show();
+    benchmark::DoNotOptimize(screen.grab());
+  }
+}
+
 void Bare(benchmark::State& state, sqlite3* db) {
   while (state.KeepRunning()) {
-    for (const char* sql : {kBarePage, kBareTotals}) {
-      sqlite3_stmt* statement = nullptr;
-      sqlite3_prepare_v2(db, sql, -1, &statement, nullptr);
-      while (sqlite3_step(statement) == SQLITE_ROW) {
-        for (int i = 0; i < sqlite3_column_count(statement); ++i) {
-          benchmark::DoNotOptimize(sqlite3_column_text(statement, i));
-        }
-      }
-      sqlite3_finalize(statement);
-    }
+    for (const char* sql : {kBarePage, kBareTotals}) ReadBareRows(db, sql);
   }
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
   const GeneratedCompany company(kAssets);
   Connection connection(company.ConnectionString());
   sqlite3* bare = nullptr;
@@ -92,6 +99,7 @@ int main(int argc, char** argv) {
   };
   add("list", List, &connection);
   add("bare", Bare, bare);
+  add("screen", Screen, &company);
   add("scroll", Scroll, &connection);
   add("sort", Sort, &connection);
   Medians medians;
@@ -101,6 +109,7 @@ int main(int argc, char** argv) {
   const double pages = static_cast<double>((kAssets + kPage - 1) / kPage);
   std::printf("\nlist to bare statements:  %.2f (at most 2)\n",
               medians.Of("list") / medians.Of("bare"));
+  std::printf("the screen, in all:       %.0f ms\n", medians.Of("screen"));
   std::printf("a page while scrolling:   %.2f ms (at most 2)\n", medians.Of("scroll") / pages);
   return 0;
 }

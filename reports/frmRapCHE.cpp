@@ -1,80 +1,38 @@
 #include "reports/frmRapCHE.h"
 
-#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 #include "accounting/ChargePostings.h"
 #include "engine/Module3.h"
 #include "platform/forms/Hourglass.h"
+#include "platform/print/frmPreview.h"
 #include "platform/system/Clock.h"
 #include "platform/text/Dates.h"
+#include "reports/Reports.h"
+#include "session/Module1.h"
 #include "session/Session.h"
 
 namespace tevra {
 
 frmRapCHE::frmRapCHE(QWidget* parent)
-    : Form("frmRapCHE", "Listare Cheltuieli cu amortizarea", parent) {
+    : Form("frmRapCHE", "Listare Cheltuieli cu amortizarea", parent), currency_(this) {
+  ckbDeviza = currency_.ckbDeviza;
+  cboCodDeviza = currency_.cboCodDeviza;
   Build();
-  connect(MonthView1, &QCalendarWidget::selectionChanged, this, [this] { MonthView1_Click(); });
-  connect(cmdCalcul, &QPushButton::clicked, this, [this] { cmdCalcul_Click(); });
-  connect(cmdCMCancel, &QPushButton::clicked, this, [this] { close(); });
+  Connect();
   Form_Load();
 }
 
-void frmRapCHE::Build() {
-  Frame1 = new QGroupBox("Atentie!", this);
-  Frame1->setObjectName("Frame1");
-  Label1 = new QLabel(
-      "Inainte de Listare, va rugam efectuati Calculul amortizarilor pentru luna dorita.", Frame1);
-  Label1->setObjectName("Label1");
-  Label1->setWordWrap(true);
-  (new QVBoxLayout(Frame1))->addWidget(Label1);
-
-  MonthView1 = new QCalendarWidget(this);
-  MonthView1->setObjectName("MonthView1");
-  MonthView1->setLocale(QLocale(QLocale::Romanian, QLocale::Romania));
-  MonthView1->setFirstDayOfWeek(Qt::Monday);
-  MonthView1->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-  MonthView1->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
-  MonthView1->setGridVisible(true);
-
-  lblData = new QLabel(this);
-  lblData->setObjectName("lblData");
-
-  fraDiverse = new QGroupBox(this);
-  fraDiverse->setObjectName("fraDiverse");
-  chkGenNoteContabile = new CheckBox("chkGenNoteContabile", "Note Contabile", fraDiverse);
-  chkGenNoteContabile->setToolTip("Scrie si notele contabile ale lunii, in locul celor vechi");
-  (new QVBoxLayout(fraDiverse))->addWidget(chkGenNoteContabile);
-
-  cmdCalcul = new QPushButton("Calcule", this);
-  cmdCalcul->setObjectName("cmdCalcul");
-  cmdCalcul->setDefault(true);
-  cmdCMCancel = new QPushButton("Iesire", this);
-  cmdCMCancel->setObjectName("cmdCMCancel");
-  for (QPushButton* button : {cmdCalcul, cmdCMCancel}) button->setMinimumSize(110, 32);
-
-  auto* buttons = new QVBoxLayout;
-  buttons->addWidget(fraDiverse);
-  buttons->addWidget(cmdCalcul);
-  buttons->addStretch();
-  buttons->addWidget(cmdCMCancel);
-
-  auto* calendar = new QVBoxLayout;
-  calendar->addWidget(MonthView1, 1);
-  calendar->addWidget(lblData);
-
-  auto* middle = new QHBoxLayout;
-  middle->addLayout(calendar, 1);
-  middle->addLayout(buttons);
-
-  auto* all = new QVBoxLayout(this);
-  all->addWidget(Frame1);
-  all->addLayout(middle, 1);
-  SetCancelButton(cmdCMCancel);
-  MonthView1->setMinimumSize(360, 240);
-  MonthView1->setFocus();
-  resize(540, 370);
+void frmRapCHE::Connect() {
+  connect(MonthView1, &QCalendarWidget::selectionChanged, this, [this] { MonthView1_Click(); });
+  connect(cmdCalcul, &QPushButton::clicked, this, [this] { cmdCalcul_Click(); });
+  connect(cmdCMCancel, &QPushButton::clicked, this, [this] { close(); });
+  OnClick(cmdListare, "cmdListare_Click",
+          [this](Procedure& running) { cmdListare_Click(running); });
+  // Coming back to the account changes the mark alone: it is what the screen opens with.
+  connect(optCODCL, &OptionButton::Click, this, [this] { bGrupare_ = 1; });
+  connect(optLoc, &OptionButton::Click, this, [this] { bGrupare_ = 2; });
+  connect(optCC, &OptionButton::Click, this, [this] { bGrupare_ = 3; });
 }
 
 void frmRapCHE::Form_Load() {
@@ -84,6 +42,11 @@ void frmRapCHE::Form_Load() {
     MonthView1->setSelectedDate(QDate(today.Year(), today.Month(), today.Day()));
     procedure.line = 2;
     MonthView1_Click();
+    procedure.line = 3;
+    optCont->setChecked(true);
+    bGrupare_ = 0;
+    procedure.line = 4;
+    currency_.Load();
   });
 }
 
@@ -112,6 +75,27 @@ void frmRapCHE::pAddNoteContabile() {
     procedure.line = 2;
     PostCharges(connection, SelectedDate());
   });
+}
+
+void frmRapCHE::cmdListare_Click(Procedure& running) {
+  running.line = 1;
+  const DateTime date = SelectedDate();
+  ChargesRequest request;
+  request.grouping = bGrupare_;
+  request.currency = currency_.Currency();
+  request.month = date.Month();
+  request.year = date.Year();
+  request.detail = !ckbDetaliu->isChecked();
+  running.line = 2;
+  std::unique_ptr<BandedReport> report;
+  {
+    const Hourglass waiting;
+    report = ChargesReport(request);
+  }
+  running.line = 3;
+  ShowPreview(std::move(report));
+  running.line = 4;
+  close();
 }
 
 DateTime frmRapCHE::SelectedDate() const {

@@ -1,5 +1,6 @@
 #include "tests/TestCompany.h"
 
+#include "platform/data/Recordset.h"
 #include "session/Module1.h"
 #include "session/Session.h"
 
@@ -20,6 +21,16 @@ TestCompany::TestCompany() {
 
 std::string TestCompany::ConnectionString() const {
   return CompanyConnectionString(Directory().string(), "Kelnar01.mdb");
+}
+
+std::string TestCompany::Rows(const std::string& sql) const {
+  Recordset rows = Open().OpenRecordset(sql);
+  std::string text;
+  for (; !rows.Eof(); rows.MoveNext()) {
+    for (std::size_t i = 0; i < rows.FieldCount(); ++i) text += rows.Get(i).TextOrEmpty() + " ";
+    text += "\n";
+  }
+  return text;
 }
 
 int TestCompany::AddAsset(const std::vector<std::pair<std::string, Value>>& fields) const {

@@ -21,6 +21,9 @@ class TestCompany {
   std::string ConnectionString() const;
   Connection Open() const { return Connection(ConnectionString()); }
 
+  /// The rows of a statement as text: the values of a row with a blank behind each, a row a line.
+  std::string Rows(const std::string& sql) const;
+
   /// Inserts an asset with these fields, the others by default; returns its NRCRT.
   int AddAsset(const std::vector<std::pair<std::string, Value>>& fields) const;
 

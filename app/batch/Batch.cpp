@@ -17,6 +17,10 @@ void RunOnCompany(const CommandLine& line, const Streams& streams) {
   // Before anybody types a password.
   const bool dated = line.command == Command::Calculate || line.command == Command::Asset;
   const DateTime date = dated ? ParseDate(line.date) : DateTime();
+  for (const std::string* day : {&line.from, &line.to}) {
+    if (!day->empty()) ParseDate(*day);
+  }
+  if (line.command == Command::Report && !line.date.empty()) ParseDate(line.date);
   Login({line.directory, line.company, line.user, line.passwordFile}, streams);
   switch (line.command) {
     case Command::Load:
@@ -27,6 +31,8 @@ void RunOnCompany(const CommandLine& line, const Streams& streams) {
       return CalculateOneAsset(line.code, date, line.csv, streams.out);
     case Command::Plan:
       return WritePlan(line.nrcrt, line.csv, streams.out);
+    case Command::Report:
+      return WriteReport(line, streams.out);
     case Command::Assets:
       return ListAssets(line.csv, streams.out);
     default:

@@ -18,6 +18,10 @@ const std::map<std::string, Grouping> kGroupings{{"account", Grouping::Account},
                                                  {"location", Grouping::Location},
                                                  {"centre", Grouping::Centre}};
 
+const std::map<std::string, ReportKind> kReports{{"charges", ReportKind::Charges},
+                                                 {"purchases", ReportKind::Purchases},
+                                                 {"inventory", ReportKind::Inventory}};
+
 // The library's messages begin with the name that they are about.
 std::string Until(const std::string& text, char end) {
   return text.substr(0, text.find(end));
@@ -30,6 +34,7 @@ class Parser {
     AddProgramOptions();
     AddCompanyCommands();
     AddAssetCommands();
+    AddReportCommand();
   }
 
   CommandLine Parse(int argc, const char* const* argv) {
@@ -120,6 +125,24 @@ class Parser {
     AddCsvFlag(charges);
   }
 
+  void AddReportCommand() {
+    CLI::App* report = Add(Command::Report, "report", "Scrie un raport ca fisier PDF",
+                           {{"RAPORT", &report_, "charges, purchases sau inventory"}});
+    const auto option = [&](const char* name, std::string& value, const char* type,
+                            const char* description) {
+      return report->add_option(name, value, description)->type_name(type);
+    };
+    option("--pdf", line_.pdf, "FISIER", "Fisierul PDF, inlocuit intreg sau deloc")->required();
+    option("--by", by_, "GRUPARE",
+           "Gruparea: account (implicit), class (la inventory person), location, centre");
+    option("--currency", line_.currency, "COD", "Valorile in valuta, sub acest cod (implicit LEI)");
+    option("--date", line_.date, "DATA",
+           "charges: luna din titlu (implicit a ultimului calcul): ZZ.LL.AAAA");
+    option("--from", line_.from, "DATA", "purchases, inventory: prima zi: ZZ.LL.AAAA");
+    option("--to", line_.to, "DATA", "purchases, inventory: ultima zi: ZZ.LL.AAAA");
+    report->add_flag("!--no-detail", line_.detail, "charges: numai grupele si totalurile");
+  }
+
   CLI::App* Add(Command command, const char* name, const char* description,
                 const std::vector<Argument>& arguments) {
     CLI::App* sub = app_.add_subcommand(name, description);
@@ -155,12 +178,32 @@ class Parser {
     CheckOptions();
   }
 
-  void CheckOptions() {
-    const auto grouping = kGroupings.find(by_);
-    if (grouping == kGroupings.end()) {
-      throw UsageError("Grupare necunoscuta: " + by_ + " (account, class, location, centre) !");
+  void CheckReport() {
+    const auto report = kReports.find(report_);
+    if (report == kReports.end()) {
+      throw UsageError("Raport necunoscut: " + report_ + " (charges, purchases, inventory) !");
+    }
+    line_.report = report->second;
+    const bool period = line_.report != ReportKind::Charges;
+    if (period && line_.from.empty()) throw UsageError("Lipseste optiunea --from !");
+    if (period && line_.to.empty()) throw UsageError("Lipseste optiunea --to !");
+  }
+
+  void CheckGrouping() {
+    const bool inventory =
+        line_.command == Command::Report && line_.report == ReportKind::Inventory;
+    const char* second = inventory ? "person" : "class";
+    const auto grouping = kGroupings.find(by_ == "person" && inventory ? "class" : by_);
+    if (grouping == kGroupings.end() || (inventory && by_ == "class")) {
+      throw UsageError("Grupare necunoscuta: " + by_ + " (account, " + second +
+                       ", location, centre) !");
     }
     line_.grouping = grouping->second;
+  }
+
+  void CheckOptions() {
+    if (line_.command == Command::Report) CheckReport();
+    CheckGrouping();
     if (passwordFile_->count() > 0) line_.passwordFile = password_;
     if (NeedsLogin(line_.command) && line_.user.empty()) {
       throw UsageError("Lipseste optiunea --user !");
@@ -172,6 +215,7 @@ class Parser {
   CLI::Option* passwordFile_ = nullptr;
   std::string password_;
   std::string by_ = "account";
+  std::string report_;
   std::vector<std::pair<CLI::App*, Command>> commands_;
 };
 

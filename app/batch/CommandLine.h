@@ -7,10 +7,13 @@
 
 namespace tevra::batch {
 
-enum class Command { Companies, Create, Load, Calculate, Asset, Plan, Assets, Charges };
+enum class Command { Companies, Create, Load, Calculate, Asset, Plan, Assets, Charges, Report };
 
-/// What the assets are grouped by in the list of charges.
+/// What the assets are grouped by in the list of charges; inventory objects have a person in the
+/// place of a class. In the order of the reports' own codes.
 enum class Grouping { Account, Class, Location, Centre };
+
+enum class ReportKind { Charges, Purchases, Inventory };
 
 struct CommandLine {
   Command command = Command::Companies;
@@ -29,6 +32,12 @@ struct CommandLine {
   bool post = false;  ///< the month's charges go into the accounting lines, too
   std::string nrcrt;  ///< of the asset to plan, as written
   Grouping grouping = Grouping::Account;
+  ReportKind report = ReportKind::Charges;
+  std::string currency = "LEI";
+  bool detail = true;  ///< of a report of charges; else groups and totals alone
+  std::string from;    ///< first and last day of a report of purchases or inventory, as written
+  std::string to;
+  std::string pdf;  ///< the file that a report is written to
   bool csv = false;
 };
 

@@ -32,14 +32,7 @@ class ChargePostings : public ::testing::Test {
     return PostCharges(connection, date);
   }
   std::string Lines(const std::string& fields = "NDI, NRLINIE, CONT, DEBIT, CREDIT") {
-    Recordset rows =
-        company_.Open().OpenRecordset("SELECT " + fields + " FROM Kv_Linii ORDER BY NDI, NRLINIE");
-    std::string text;
-    for (; !rows.Eof(); rows.MoveNext()) {
-      for (std::size_t i = 0; i < rows.FieldCount(); ++i) text += rows.Get(i).TextOrEmpty() + " ";
-      text += "\n";
-    }
-    return text;
+    return company_.Rows("SELECT " + fields + " FROM Kv_Linii ORDER BY NDI, NRLINIE");
   }
 
   TestCompany company_;

@@ -34,13 +34,7 @@ Fields Linear(Fields more = {}) {
 }
 
 std::string Table(const TestCompany& company) {
-  Recordset rows = company.Open().OpenRecordset("SELECT * FROM I_IMO ORDER BY NRCRT");
-  std::string text;
-  for (; !rows.Eof(); rows.MoveNext()) {
-    for (std::size_t i = 0; i < rows.FieldCount(); ++i) text += rows.Get(i).TextOrEmpty() + "|";
-    text += "\n";
-  }
-  return text;
+  return company.Rows("SELECT * FROM I_IMO ORDER BY NRCRT");
 }
 
 Value Field(const TestCompany& company, const std::string& name, int nrcrt = 1) {

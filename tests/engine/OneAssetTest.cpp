@@ -32,15 +32,7 @@ class OneAsset : public ::testing::Test {
     return company_.Open().QueryValue(std::string("SELECT ") + name + " FROM I_IMO WHERE NRCRT = ?",
                                       {nrcrt});
   }
-  std::string Plan() {
-    Recordset rows = company_.Open().OpenRecordset("SELECT * FROM I_PLANAMO");
-    std::string text;
-    for (; !rows.Eof(); rows.MoveNext()) {
-      for (std::size_t i = 0; i < rows.FieldCount(); ++i) text += rows.Get(i).TextOrEmpty() + " ";
-      text += "\n";
-    }
-    return text;
-  }
+  std::string Plan() { return company_.Rows("SELECT * FROM I_PLANAMO"); }
 
   TestCompany company_;
   MessageRecorder messages_;

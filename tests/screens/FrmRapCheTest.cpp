@@ -1,12 +1,16 @@
 // The screen of the monthly charges, worked by keys and mouse.
 #include <QCalendarWidget>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QtTest>
+#include <functional>
 
 #include <gtest/gtest.h>
 
+#include "platform/print/frmPreview.h"
 #include "platform/system/Clock.h"
+#include "reports/Reports.h"
 #include "reports/frmRapCHE.h"
 #include "session/Session.h"
 #include "tests/TestCompany.h"
@@ -122,6 +126,80 @@ TEST_F(FrmRapChe, PostsTheMonthWhenAskedAlsoBehindARunThatFailed) {
             "Eroare -2147221494 - Trebuie sa precizati: Cont in procedura pAddNoteContabile din "
             "Form frmRapCHE Linia: 2");
   EXPECT_EQ(lines("SUM(DEBIT)").AsDouble(), 240.0);
+}
+
+TEST_F(FrmRapChe, TheCurrencyWaitsForItsTick) {
+  EXPECT_EQ(screen_.cboCodDeviza->currentText(), "LEI");
+  EXPECT_FALSE(screen_.cboCodDeviza->isEnabled());
+  screen_.ckbDeviza->setChecked(true);
+  EXPECT_TRUE(screen_.cboCodDeviza->isEnabled());
+  EXPECT_EQ(screen_.cboCodDeviza->currentText(), "");
+  EXPECT_GT(screen_.cboCodDeviza->count(), 1);
+  screen_.ckbDeviza->setChecked(false);
+  EXPECT_EQ(screen_.cboCodDeviza->currentText(), "LEI");
+}
+
+TEST_F(FrmRapChe, PrintsByWhatWasClickedLastButNeverBackByAccount) {
+  struct Case {
+    std::function<void(frmRapCHE&)> choose;
+    const char* design;
+    const char* currency;
+  };
+  const std::vector<Case> cases{
+      {[](frmRapCHE&) {}, "DataReportCHE", "LEI"},
+      {[](frmRapCHE& s) { s.optCODCL->click(); }, "DataReportCHE_GR", "LEI"},
+      {[](frmRapCHE& s) {
+         s.optLoc->click();
+         QCoreApplication::processEvents();
+         s.optCont->click();
+       },
+       "DataReportCHE_LOC", "LEI"},
+      {[](frmRapCHE& s) {
+         s.optCC->click();
+         s.ckbDeviza->setChecked(true);
+         s.cboCodDeviza->setEditText("EUR-Euro");
+       },
+       "DataReportCHE_CC_VAL", "EUR"},
+      {[](frmRapCHE& s) { s.ckbDeviza->setChecked(true); }, "DataReportCHEVAL", ""}};
+  for (const Case& each : cases) {
+    auto* screen = new frmRapCHE;
+    screen->setAttribute(Qt::WA_DeleteOnClose);
+    screen->show();
+    screen->MonthView1->setSelectedDate(QDate(2026, 9, 15));
+    each.choose(*screen);
+    QCoreApplication::processEvents();
+    const QPointer<frmRapCHE> alive(screen);
+    QTest::mouseClick(screen->cmdListare, Qt::LeftButton);
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(alive) << "the screen closes behind its report";
+    frmPreview* preview = nullptr;
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      if (auto* shown = qobject_cast<frmPreview*>(widget)) preview = shown;
+    }
+    ASSERT_TRUE(preview);
+    auto& report = dynamic_cast<BandedReport&>(preview->Document());
+    ReportLayout design = report.Design();
+    EXPECT_EQ(design.name, each.design);
+    EXPECT_EQ(design.Control("ReportHeader", "lblLuna").text, "Septembrie");
+    EXPECT_EQ(design.Control("ReportHeader", "lblAn").text, "2026");
+    EXPECT_EQ(design.Control("ReportHeader", "lblValuta").text, each.currency);
+    EXPECT_TRUE(design.Section("CH_Cont_Detail").visible);
+    delete preview;
+  }
+  EXPECT_TRUE(messages_.shown.empty());
+}
+
+TEST_F(FrmRapChe, AReportThatCannotBeMadeLeavesTheScreen) {
+  CurrentSession().connectionString += "x";
+  screen_.ckbDetaliu->setChecked(true);
+  QTest::mouseClick(screen_.cmdListare, Qt::LeftButton);
+  ASSERT_EQ(messages_.shown.size(), 1u);
+  EXPECT_NE(
+      messages_.shown[0].prompt.find(" in procedura cmdListare_Click din Form frmRapCHE Linia: 2"),
+      std::string::npos)
+      << messages_.shown[0].prompt;
+  EXPECT_TRUE(screen_.isVisible());
 }
 
 }  // namespace

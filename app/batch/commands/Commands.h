@@ -45,4 +45,8 @@ void ListAssets(bool csv, std::ostream& out);
 /// Writes the month's charge of every asset as the last run left it, by groups with their sums.
 void ListCharges(Grouping grouping, bool csv, std::ostream& out);
 
+/// Writes the report that the line asks for as a PDF and tells where. Throws Refusal for dates that
+/// are none, Failure for a file that cannot be written; an old one is then still there.
+void WriteReport(const CommandLine& line, std::ostream& out);
+
 }  // namespace tevra::batch

@@ -1,0 +1,84 @@
+// The charges by account of 32,767 assets opened as a report opens them, against the bare statement
+// of their rows ordered by account; and all their rows looked at page by page.
+//
+//   bench-shape [--benchmark_repetitions=N]
+//
+// Prints, behind the times, opening to bare statement (at most 1.5) and what reading adds to it.
+#include <cstdio>
+#include <string>
+
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+#include "bench/BareRows.h"
+#include "bench/GeneratedCompany.h"
+#include "bench/Medians.h"
+#include "platform/shape/ShapedRecordset.h"
+#include "reports/DataEnv.h"
+
+namespace {
+
+using namespace tevra;
+using namespace tevra::bench;
+
+constexpr int kAssets = 32767;
+const char* const kCommand = "CH_Cont_Grouping";
+
+// What the command's words say, without the dialect.
+const char* const kBareRows =
+    "SELECT NRCRT, COD, CONT, DENUMIRE, iif(BLOCATA, VAL_BLOCATA * COTAL_LUNARA, (VAL_CUMP - "
+    "VALCHELEI) * COTAL_LUNARA) AS VAL_AMOR, VAL_AMOR_CUMULATA, VAL_RAMASA, VAL_AMOR_CUMULATA + "
+    "VAL_RAMASA AS VAL_CUMP, SUM(I_IMO.VAL_CUMP), SUM(iif(BLOCATA, VAL_BLOCATA * COTAL_LUNARA, "
+    "(VAL_CUMP - VALCHELEI) * COTAL_LUNARA)), SUM(VAL_AMOR_CUMULATA), SUM(VAL_RAMASA), "
+    "COTAL_LUNARA FROM I_IMO GROUP BY COD, CONT, DENUMIRE, NRCRT, VAL_AMOR_CUMULATA, VAL_RAMASA, "
+    "I_IMO.VAL_CUMP, VALCHELEI, COTAL_LUNARA, BLOCATA, VAL_BLOCATA ORDER BY CONT, NRCRT";
+
+void Open(benchmark::State& state, Connection* connection) {
+  const std::string text = DataEnv().CommandText(kCommand);
+  while (state.KeepRunning()) {
+    const ShapedRecordset rows(*connection, text);
+    benchmark::DoNotOptimize(rows.GrandTotal(0));
+  }
+}
+
+void Read(benchmark::State& state, Connection* connection) {
+  const ShapedRecordset rows(*connection, DataEnv().CommandText(kCommand));
+  while (state.KeepRunning()) {
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+      for (std::size_t f = 0; f < rows.Fields().size(); ++f) {
+        benchmark::DoNotOptimize(rows.ValueAt(row, f));
+      }
+    }
+  }
+}
+
+void Bare(benchmark::State& state, sqlite3* db) {
+  while (state.KeepRunning()) {
+    ReadBareRows(db, kBareRows);
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const GeneratedCompany company(kAssets);
+  Connection connection(company.ConnectionString());
+  sqlite3* bare = nullptr;
+  sqlite3_open(company.File().c_str(), &bare);
+  const auto add = [](const char* name, auto function, auto* over) {
+    benchmark::RegisterBenchmark(name, function, over)
+        ->Unit(benchmark::kMillisecond)
+        ->Iterations(3);
+  };
+  add("open", Open, &connection);
+  add("read", Read, &connection);
+  add("bare", Bare, bare);
+  Medians medians;
+  RunInTurns(argc, argv, medians);
+  sqlite3_close(bare);
+
+  std::printf("\nopening to bare statement:  %.2f (at most 1.5)\n",
+              medians.Of("open") / medians.Of("bare"));
+  std::printf("all rows page by page:      %.2f of it\n", medians.Of("read") / medians.Of("bare"));
+  return 0;
+}

@@ -1,0 +1,175 @@
+#include "reports/GroupedCommands.h"
+
+namespace tevra {
+
+// The texts are the design of the reports, their unevenness included: CH_LOC asks for no blocked
+// assets, CH_INV_CC joins the cost centres on the location. They are not to be straightened.
+const std::vector<GroupedCommand>& GroupedCommands() {
+  static const std::vector<GroupedCommand> kCommands = {
+      {"CH_Cont_Grouping",
+       "SHAPE {SELECT NRCRT, COD, CONT, DENUMIRE, iif(BLOCATA, VAL_BLOCATA * COTAL_LUNARA, "
+       "(VAL_CUMP - VALCHELEI) * cotal_lunara) AS VAL_AMOR, VAL_AMOR_CUMULATA, VAL_RAMASA, "
+       "VAL_AMOR_CUMULATA + VAL_RAMASA AS VAL_CUMP, SUM(VAL_CUMP) AS TVALCUMP, "
+       "SUM(VAL_AMOR) AS TVALAM, SUM(VAL_AMOR_CUMULATA) AS TVALAMO, SUM(VAL_RAMASA) AS "
+       "TVALRAMASA, COTAL_LUNARA FROM I_IMO GROUP BY COD, CONT, DENUMIRE, NRCRT, "
+       "VAL_AMOR_CUMULATA, VAL_RAMASA, VAL_CUMP, VALCHELEI, COTAL_LUNARA, BLOCATA, "
+       "VAL_BLOCATA ORDER BY NRCRT}  AS CH_Cont COMPUTE CH_Cont, "
+       "SUM(CH_Cont.'VAL_AMOR_CUMULATA') AS TVALAMOR, SUM(CH_Cont.'VAL_RAMASA') AS "
+       "TVALRAMASAA, SUM(CH_Cont.'VAL_AMOR') AS TVALL, SUM(CH_Cont.'VAL_CUMP') AS TVALCUMPP "
+       "BY 'CONT'"},
+      {"CH_CONT_VAL_Grouping",
+       "SHAPE {SELECT NRCRT, COD, CONT, DENUMIRE, iif(BLOCATA,VAL_BLOCATA_VAL*COTAL_LUNARA, "
+       "(VAL_CUMP_VAL - VALCHEVAL) * cotal_lunara) AS VAL_AMOR, VAL_AMOR_CUMULATA_VAL AS "
+       "VAL_AMOR_CUMULATA, VAL_RAMASA_VAL AS VAL_RAMASA, VAL_AMOR_CUMULATA_VAL + "
+       "VAL_RAMASA_VAL AS VAL_CUMPV, SUM(VAL_CUMPV) AS TVALCUMP, SUM(VAL_AMOR) AS TVALAM, "
+       "SUM(VAL_AMOR_CUMULATA_VAL) AS TVALAMO, SUM(VAL_RAMASA_VAL) AS TVALRAMASA, "
+       "COTAL_LUNARA FROM I_IMO GROUP BY COD, CONT, DENUMIRE, NRCRT, VAL_AMOR_CUMULATA_VAL, "
+       "VAL_RAMASA_VAL, VALCHEVAL, VAL_CUMP_VAL, COTAL_LUNARA,BLOCATA,VAL_BLOCATA_VAL ORDER "
+       "BY NRCRT}  AS CH_CONT_VAL COMPUTE CH_CONT_VAL, SUM(CH_CONT_VAL.'VAL_AMOR_CUMULATA') "
+       "AS TVALAMOR, SUM(CH_CONT_VAL.'VAL_RAMASA') AS TVALRAMASAA, "
+       "SUM(CH_CONT_VAL.'VAL_AMOR') AS TVALL, SUM(CH_CONT_VAL.'TVALCUMP') AS TVALCUMPP BY "
+       "'CONT'"},
+      {"CH_GR_Grouping",
+       "SHAPE {SELECT NRCRT, COD, DENUMIRE, iif (BLOCATA,VAL_BLOCATA * "
+       "COTAL_LUNARA,(VAL_CUMP - VALCHELEI) * COTAL_LUNARA) AS VAL_AMOR, VAL_AMOR_CUMULATA "
+       "+ VAL_RAMASA AS VAL_CUMP, VAL_AMOR_CUMULATA, VAL_RAMASA, SUM(VAL_AMOR) AS TVALAM, "
+       "SUM(VAL_CUMP) AS TVALCUMP, SUM(VAL_AMOR_CUMULATA) AS TVALAMO, SUM(VAL_RAMASA) AS "
+       "TVALRAMASA, COTAL_LUNARA, COD_GR_NOU AS COD_GR FROM I_IMO GROUP BY COD, DENUMIRE, "
+       "NRCRT, VAL_AMOR_CUMULATA, VAL_RAMASA, VAL_CUMP, VALCHELEI, COTAL_LUNARA, "
+       "COD_GR_NOU, BLOCATA, VAL_BLOCATA ORDER BY NRCRT}  AS CH_GR COMPUTE CH_GR, "
+       "SUM(CH_GR.'VAL_AMOR_CUMULATA') AS TVALAMOR, SUM(CH_GR.'VAL_RAMASA') AS TVALRAMASAA, "
+       "SUM(CH_GR.'VAL_AMOR') AS TVALL, SUM(CH_GR.'VAL_CUMP') AS TVALCUMPP BY 'COD_GR'"},
+      {"CH_GR_VAL_Grouping",
+       "SHAPE {SELECT NRCRT, COD, DENUMIRE, IIF(BLOCATA, VAL_BLOCATA_VAL * COTAL_LUNARA, "
+       "(VAL_CUMP_VAL - VALCHEVAL) * COTAL_LUNARA) AS VAL_AMOR, VAL_AMOR_CUMULATA_VAL AS "
+       "VAL_AMOR_CUMULATA, VAL_RAMASA_VAL AS VAL_RAMASA, VAL_AMOR_CUMULATA_VAL + "
+       "VAL_RAMASA_VAL AS VAL_CUMP_VAL, SUM(VAL_CUMP_VAL) AS TVALCUMP, SUM(VAL_AMOR) AS "
+       "TVALAM, SUM(VAL_AMOR_CUMULATA_VAL) AS TVALAMO, SUM(VAL_RAMASA_VAL) AS TVALRAMASA, "
+       "COTAL_LUNARA, COD_GR_NOU AS COD_GR FROM I_IMO GROUP BY COD, DENUMIRE, NRCRT, "
+       "VAL_AMOR_CUMULATA_VAL, VAL_RAMASA_VAL, VAL_CUMP_VAL, VALCHEVAL, COTAL_LUNARA, "
+       "COD_GR_NOU, BLOCATA, VAL_BLOCATA_VAL ORDER BY NRCRT}  AS CH_GR_VAL COMPUTE "
+       "CH_GR_VAL, SUM(CH_GR_VAL.'VAL_AMOR_CUMULATA') AS TVALAMOR, "
+       "SUM(CH_GR_VAL.'VAL_RAMASA') AS TVALRAMASAA, SUM(CH_GR_VAL.'VAL_AMOR') AS TVALL, "
+       "SUM(CH_GR_VAL.'VAL_CUMP_VAL') AS TVALCUMPP BY 'COD_GR'"},
+      {"CH_LOC_VAL_Grouping",
+       "SHAPE {SELECT NRCRT, COD, DENUMIRE, VAL_AMOR_CUMULATA_VAL AS VAL_AMOR_CUMULATA, "
+       "VAL_RAMASA_VAL AS VAL_RAMASA, VAL_AMOR_CUMULATA_VAL + VAL_RAMASA_VAL AS "
+       "VAL_CUMP_VAL, IIF(BLOCATA,VAL_BLOCATA_VAL*COTAL_LUNARA,(VAL_CUMP_VAL - VALCHEVAL) * "
+       "COTAL_LUNARA) AS VAL_AMOR, SUM(VAL_CUMP_VAL) AS TVALCUMP, SUM(VAL_AMOR) AS TVALAM, "
+       "SUM(VAL_AMOR_CUMULATA_VAL) AS TVALAMO, SUM(VAL_RAMASA_VAL) AS TVALRAMASA, "
+       "COTAL_LUNARA, COD_LOC FROM I_IMO GROUP BY COD, DENUMIRE, NRCRT, "
+       "VAL_AMOR_CUMULATA_VAL, VAL_RAMASA_VAL, VAL_CUMP_VAL, VALCHEVAL, COTAL_LUNARA, "
+       "COD_LOC, BLOCATA, VAL_BLOCATA_VAL ORDER BY NRCRT}  AS CH_LOC_VAL COMPUTE "
+       "CH_LOC_VAL, SUM(CH_LOC_VAL.'VAL_AMOR_CUMULATA') AS TVALAMOR, "
+       "SUM(CH_LOC_VAL.'VAL_RAMASA') AS TVALRAMASAA, SUM(CH_LOC_VAL.'VAL_AMOR') AS TVALL, "
+       "SUM(CH_LOC_VAL.'VAL_CUMP_VAL') AS TVALCUMPP BY 'COD_LOC'"},
+      {"CH_LOC_Grouping",
+       "SHAPE {SELECT NRCRT, COD, DENUMIRE, VAL_AMOR_CUMULATA, VAL_RAMASA, "
+       "VAL_AMOR_CUMULATA + VAL_RAMASA AS VAL_CUMP, (VAL_AMOR_CUMULATA + VAL_RAMASA) * "
+       "COTAL_LUNARA AS VAL_AMOR, SUM(VAL_CUMP) AS TVALCUMP, SUM(VAL_AMOR) AS TVALAM, "
+       "SUM(VAL_AMOR_CUMULATA) AS TVALAMO, SUM(VAL_RAMASA) AS TVALRAMASA, COTAL_LUNARA, "
+       "COD_LOC FROM I_IMO GROUP BY COD, DENUMIRE, NRCRT, VAL_AMOR_CUMULATA, VAL_RAMASA, "
+       "VAL_CUMP, COTAL_LUNARA, COD_LOC ORDER BY NRCRT}  AS CH_LOC COMPUTE CH_LOC, "
+       "SUM(CH_LOC.'VAL_AMOR_CUMULATA') AS TVALAMOR, SUM(CH_LOC.'VAL_RAMASA') AS "
+       "TVALRAMASAA, SUM(CH_LOC.'VAL_AMOR') AS TVALL, SUM(CH_LOC.'VAL_CUMP') AS TVALCUMPP "
+       "BY 'COD_LOC'"},
+      {"CH_CC_Grouping",
+       "SHAPE {SELECT NRCRT, COD, DENUMIRE, VAL_AMOR_CUMULATA + VAL_RAMASA AS VAL_CUMP, "
+       "IIF(BLOCATA,VAL_BLOCATA*COTAL_LUNARA, (VAL_CUMP - VALCHELEI) * COTAL_LUNARA) AS "
+       "VAL_AMOR, VAL_AMOR_CUMULATA, VAL_RAMASA, SUM(VAL_AMOR) AS TVALAM, "
+       "SUM(VAL_AMOR_CUMULATA) AS TVALAMO, SUM(VAL_RAMASA) AS TVALRAMASA, SUM(VAL_CUMP) AS "
+       "TVALCUMP, COTAL_LUNARA, COD_CC FROM I_IMO GROUP BY COD, DENUMIRE, NRCRT, "
+       "VAL_AMOR_CUMULATA, VAL_RAMASA, VAL_CUMP, VALCHELEI, COTAL_LUNARA, "
+       "COD_CC,BLOCATA,VAL_BLOCATA ORDER BY NRCRT}  AS CH_CC COMPUTE CH_CC, "
+       "SUM(CH_CC.'VAL_AMOR_CUMULATA') AS TVALAMOR, SUM(CH_CC.'VAL_RAMASA') AS TVALRAMASAA, "
+       "SUM(CH_CC.'VAL_AMOR') AS TVALL, SUM(CH_CC.'VAL_CUMP') AS TVALCUMPP BY 'COD_CC'"},
+      {"CH_CC_VAL_Grouping",
+       "SHAPE {SELECT NRCRT, COD, DENUMIRE, VAL_AMOR_CUMULATA_VAL + VAL_RAMASA_VAL AS "
+       "VAL_CUMP_VAL, IIF(BLOCATA,VAL_BLOCATA_VAL*COTAL_LUNARA,(VAL_CUMP_VAL - VALCHEVAL) * "
+       "COTAL_LUNARA) AS VAL_AMOR, VAL_AMOR_CUMULATA_VAL AS VAL_AMOR_CUMULATA, "
+       "VAL_RAMASA_VAL AS VAL_RAMASA, SUM(VAL_AMOR) AS TVALAM, SUM(VAL_AMOR_CUMULATA_VAL) "
+       "AS TVALAMO, SUM(VAL_RAMASA_VAL) AS TVALRAMASA, SUM(VAL_CUMP_VAL) AS TVALCUMP, "
+       "COTAL_LUNARA, COD_CC FROM I_IMO GROUP BY COD, DENUMIRE, NRCRT, "
+       "VAL_AMOR_CUMULATA_VAL, VAL_RAMASA_VAL, VAL_CUMP_VAL, VALCHEVAL, COTAL_LUNARA, "
+       "COD_CC, BLOCATA,VAL_BLOCATA_VAL ORDER BY NRCRT}  AS CH_CC_VAL COMPUTE CH_CC_VAL, "
+       "SUM(CH_CC_VAL.'VAL_AMOR_CUMULATA') AS TVALAMOR, SUM(CH_CC_VAL.'VAL_RAMASA') AS "
+       "TVALRAMASAA, SUM(CH_CC_VAL.'VAL_AMOR') AS TVALL, SUM(CH_CC_VAL.'VAL_CUMP_VAL') AS "
+       "TVALCUMPP BY 'COD_CC'"},
+      {"Achizitii_Grouping",
+       "SHAPE {SELECT COD, DATA_ACH, DENUMIRE, VAL_CUMP, CONT FROM I_IMO WHERE (DATA_ACH >= "
+       "?) AND (DATA_ACH <= ?) GROUP BY COD, DATA_ACH, DENUMIRE, VAL_CUMP, CONT ORDER BY "
+       "DATA_ACH DESC}  AS Achizitii COMPUTE Achizitii, SUM(Achizitii.'VAL_CUMP') AS TVAL "
+       "BY 'CONT'"},
+      {"Achizitii_Val_Grouping",
+       "SHAPE {SELECT COD, CONT, DATA_ACH, DENUMIRE, VAL_CUMP_VAL AS VAL_CUMP FROM I_IMO "
+       "WHERE (DATA_ACH >= ? AND DATA_ACH <= ?) GROUP BY COD, CONT, DATA_ACH, DENUMIRE, "
+       "VAL_CUMP_VAL ORDER BY DATA_ACH DESC}  AS Achizitii_Val COMPUTE Achizitii_Val, "
+       "SUM(Achizitii_Val.'VAL_CUMP') AS TVAL BY 'CONT'"},
+      {"Achizitii_Loc_Grouping",
+       "SHAPE {SELECT COD, DATA_ACH, DENUMIRE, VAL_CUMP, COD_LOC FROM I_IMO WHERE (DATA_ACH "
+       ">= ?) AND (DATA_ACH <= ?) GROUP BY COD, DATA_ACH, DENUMIRE, VAL_CUMP, COD_LOC ORDER "
+       "BY DATA_ACH DESC}  AS Achizitii_Loc COMPUTE Achizitii_Loc, "
+       "SUM(Achizitii_Loc.'VAL_CUMP') AS TVAL BY 'COD_LOC'"},
+      {"Achizitii_Loc_Val_Grouping",
+       "SHAPE {SELECT COD, DATA_ACH, DENUMIRE, VAL_CUMP_VAL AS VAL_CUMP, COD_LOC FROM I_IMO "
+       "WHERE (DATA_ACH >= ?) AND (DATA_ACH <= ?) GROUP BY COD, DATA_ACH, DENUMIRE, "
+       "VAL_CUMP_VAL, COD_LOC ORDER BY DATA_ACH DESC}  AS Achizitii_Loc_Val COMPUTE "
+       "Achizitii_Loc_Val, SUM(Achizitii_Loc_Val.'VAL_CUMP') AS TVAL BY 'COD_LOC'"},
+      {"Achizitii_GR_Grouping",
+       "SHAPE {SELECT COD, DATA_ACH, DENUMIRE, VAL_CUMP, COD_GR_NOU AS COD_GR FROM I_IMO "
+       "WHERE (DATA_ACH >= ?) AND (DATA_ACH <= ?) GROUP BY COD, DATA_ACH, DENUMIRE, "
+       "VAL_CUMP, COD_GR_NOU ORDER BY DATA_ACH DESC}  AS Achizitii_GR COMPUTE Achizitii_GR, "
+       "SUM(Achizitii_GR.'VAL_CUMP') AS TVAL BY 'COD_GR'"},
+      {"Achizitii_GR_Val_Grouping",
+       "SHAPE {SELECT COD, DATA_ACH, DENUMIRE, VAL_CUMP_VAL AS VAL_CUMP, COD_GR_NOU AS "
+       "COD_GR FROM I_IMO WHERE (DATA_ACH >= ?) AND (DATA_ACH <= ?) GROUP BY COD, DATA_ACH, "
+       "DENUMIRE, VAL_CUMP_VAL, COD_GR_NOU ORDER BY DATA_ACH DESC}  AS Achizitii_GR_Val "
+       "COMPUTE Achizitii_GR_Val, SUM(Achizitii_GR_Val.'VAL_CUMP') AS TVAL BY 'COD_GR'"},
+      {"Achizitii_CC_Grouping",
+       "SHAPE {SELECT COD, DATA_ACH, DENUMIRE, VAL_CUMP, COD_CC FROM I_IMO WHERE (DATA_ACH "
+       ">= ?) AND (DATA_ACH <= ?) GROUP BY COD, DATA_ACH, DENUMIRE, VAL_CUMP, COD_CC ORDER "
+       "BY DATA_ACH DESC}  AS Achizitii_CC COMPUTE Achizitii_CC, "
+       "SUM(Achizitii_CC.'VAL_CUMP') AS TVAL BY 'COD_CC'"},
+      {"Achizitii_CC_Val_Grouping",
+       "SHAPE {SELECT COD, DATA_ACH, DENUMIRE, VAL_CUMP_VAL AS VAL_CUMP, COD_CC FROM I_IMO "
+       "WHERE (DATA_ACH >= ?) AND (DATA_ACH <= ?) GROUP BY COD, DATA_ACH, DENUMIRE, "
+       "VAL_CUMP_VAL, COD_CC ORDER BY DATA_ACH DESC}  AS Achizitii_CC_Val COMPUTE "
+       "Achizitii_CC_Val, SUM(Achizitii_CC_Val.'VAL_CUMP') AS TVAL BY 'COD_CC'"},
+      {"CH_INV_PERS_Grouping",
+       "SHAPE {SELECT nrcrt, cod, denumire, val_cump, val_cump_val, cont, cod_loc, "
+       "data_ach, data_pf, pers, SUM(val_cump) AS tval_cump, SUM(val_cump_val) AS "
+       "tval_cump_val FROM i_inv WHERE (data_ach >= ?) AND (data_Ach <= ?) GROUP BY nrcrt, "
+       "cod, denumire, cont, cod_loc, data_ach, data_pf, pers, val_cump, val_cump_val}  AS "
+       "CH_INV_PERS COMPUTE CH_INV_PERS, SUM(CH_INV_PERS.'val_cump') AS tvalcump, "
+       "SUM(CH_INV_PERS.'val_cump_val') AS tvalcumpval BY 'pers'"},
+      {"CH_INV_LOC_Grouping",
+       "SHAPE {SELECT A.nrcrt, A.cod, A.denumire, A.val_cump, A.val_cump_val, A.cont, "
+       "A.cod_loc, A.data_ach, A.data_pf, A.pers, SUM(A.val_cump) AS tval_cump, "
+       "SUM(A.val_cump_val) AS tval_cump_val, B.titlu FROM I_LOCALIZARE B RIGHT JOIN i_inv "
+       "A ON B.COD = A.cod_loc WHERE (a.data_ach >= ?) AND (a.data_ach<=?) GROUP BY "
+       "A.nrcrt, A.cod, A.denumire, A.cont, A.cod_loc, A.data_ach, A.data_pf, A.pers, "
+       "A.val_cump, A.val_cump_val, B.titlu}  AS CH_INV_LOC COMPUTE CH_INV_LOC, "
+       "SUM(CH_INV_LOC.'val_cump') AS TVALCUMP, SUM(CH_INV_LOC.'val_cump_val') AS "
+       "TVALCUMPVAL BY 'titlu'"},
+      {"CH_INV_CONT_Grouping",
+       "SHAPE {SELECT A.nrcrt, A.cod, A.denumire, A.val_cump, A.val_cump_val, A.cont, "
+       "A.cod_loc, A.data_ach, A.data_pf, A.pers, SUM(A.val_cump) AS tval_cump, "
+       "SUM(A.val_cump_val) AS tval_cump_val, B.titlu FROM I_LOCALIZARE B RIGHT JOIN i_inv "
+       "A ON B.COD = A.cod_loc WHERE (a.data_ach >= ?) AND (a.data_ach<=?) GROUP BY "
+       "A.nrcrt, A.cod, A.denumire, A.cont, A.cod_loc, A.data_ach, A.data_pf, A.pers, "
+       "A.val_cump, A.val_cump_val, B.titlu}  AS CH_INV_CONT COMPUTE CH_INV_CONT, "
+       "SUM(CH_INV_CONT.'val_cump') AS tvalcump, SUM(CH_INV_CONT.'val_cump_val') AS "
+       "tvalcumpval BY 'cont'"},
+      {"CH_INV_CC_Grouping",
+       "SHAPE {SELECT A.nrcrt, A.cod, A.denumire, A.val_cump, A.val_cump_val, A.cont, "
+       "A.cod_loc, A.data_ach, A.data_pf, A.pers, SUM(A.val_cump) AS tval_cump, "
+       "SUM(A.val_cump_val) AS tval_cump_val, B.titlu FROM KV_CC B RIGHT JOIN i_inv A ON "
+       "B.COD = A.cod_loc WHERE (a.data_ach >= ?) AND (a.data_ach <= ?) GROUP BY A.nrcrt, "
+       "A.cod, A.denumire, A.cont, A.cod_loc, A.data_ach, A.data_pf, A.pers, A.val_cump, "
+       "A.val_cump_val, B.titlu}  AS CH_INV_CC COMPUTE CH_INV_CC, SUM(CH_INV_CC.'val_cump') "
+       "AS tvalcump, SUM(CH_INV_CC.'val_cump_val') AS tvalcumpval BY 'titlu'"},
+  };
+  return kCommands;
+}
+
+}  // namespace tevra

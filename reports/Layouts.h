@@ -1,0 +1,17 @@
+// The designs of the program's twenty grouped reports.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/print/BandedLayout.h"
+
+namespace tevra {
+
+/// The design by its name, without case, with its captions as designed. Throws Failure 3265.
+ReportLayout LayoutNamed(const std::string& name);
+
+/// The names of all of them, by families: charges, purchases, inventory.
+std::vector<std::string> LayoutNames();
+
+}  // namespace tevra

@@ -1,0 +1,100 @@
+#include "reports/Reports.h"
+
+#include <array>
+#include <utility>
+
+#include "platform/print/PageSettings.h"
+#include "platform/system/Clock.h"
+#include "platform/text/Dates.h"
+#include "reports/DataEnv.h"
+#include "reports/Layouts.h"
+#include "reports/ShapedData.h"
+
+namespace tevra {
+
+namespace {
+
+// By the code of the grouping: the layout in lei and the one in currency.
+using Layouts = std::array<std::pair<const char*, const char*>, 4>;
+
+constexpr Layouts kCharges{{{"DataReportCHE", "DataReportCHEVAL"},
+                            {"DataReportCHE_GR", "DataReportCHE_GR_VAL"},
+                            {"DataReportCHE_LOC", "DataReportCHE_LOC_VAL"},
+                            {"DataReportCHE_CC", "DataReportCHE_CC_VAL"}}};
+constexpr Layouts kPurchases{{{"DataReport_STA_ACH", "DataReport_STA_ACH_VAL"},
+                              {"DataReport_STA_ACH_GR", "DataReport_STA_ACH_GR_VAL"},
+                              {"DataReport_STA_ACH_LOC", "DataReport_STA_ACH_LOC_VAL"},
+                              {"DataReport_STA_ACH_CC", "DataReport_STA_ACH_CC_VAL"}}};
+constexpr std::array<const char*, 4> kInventory{"DataReport_ObvInv_CONT", "DataReport_ObInv",
+                                                "DataReport_ObInv_LOC", "DataReport_ObInv_CC"};
+
+bool InLei(const std::string& currency) {
+  return currency == "LEI";
+}
+
+ReportLayout Design(const Layouts& layouts, std::uint8_t grouping, const std::string& currency) {
+  const auto& [lei, other] = layouts.at(grouping);
+  return LayoutNamed(InLei(currency) ? lei : other);
+}
+
+// An earlier run of the command is closed; a preview that shows it keeps its rows.
+std::unique_ptr<BandedReport> Run(ReportLayout design, const QString& title,
+                                  const Values& params = {}) {
+  DataEnv& environment = CurrentDataEnv();
+  environment.Close(design.command);
+  environment.Run(design.command, params);
+  auto data = std::make_shared<ShapedData>(environment.Rs(design.command), design.group);
+  return std::make_unique<BandedReport>(title, std::move(design), std::move(data), clock::Today(),
+                                        RememberedPageLayout());
+}
+
+void SetPeriod(ReportLayout& design, const PeriodRequest& request) {
+  const auto set = [&](const char* label, const std::string& text) {
+    design.Control("Section4", label).text = QString::fromStdString(text);
+  };
+  set("lblValuta", request.currency);
+  set("lblData1", ShortDate(request.from));
+  set("lblData2", ShortDate(request.to));
+}
+
+}  // namespace
+
+std::string MonthName(int month) {
+  static constexpr std::array<const char*, 12> kNames{
+      "Ianuarie", "Februarie", "Martie",     "Aprilie",   "Mai",       "Iunie",
+      "Iulie",    "August",    "Septembrie", "Octombrie", "Noiembrie", "Decembrie"};
+  return month >= 1 && month <= 12 ? kNames[static_cast<std::size_t>(month - 1)] : "";
+}
+
+std::unique_ptr<BandedReport> ChargesReport(const ChargesRequest& request) {
+  ReportLayout design = Design(kCharges, request.grouping, request.currency);
+  if (!request.detail) {
+    design.Section("CH_Cont_Detail").visible = false;
+    design.Control("CH_Cont_Grouping_Header", "Line5").visible = false;
+  }
+  const auto set = [&](const char* label, const std::string& text) {
+    design.Control("ReportHeader", label).text = QString::fromStdString(text);
+  };
+  set("lblLuna", MonthName(request.month));
+  set("lblAn", std::to_string(request.year));
+  set("lblValuta", request.currency);
+  return Run(std::move(design), "Cheltuieli cu amortizarea");
+}
+
+std::unique_ptr<BandedReport> PurchasesReport(const PeriodRequest& request) {
+  ReportLayout design = Design(kPurchases, request.grouping, request.currency);
+  SetPeriod(design, request);
+  return Run(std::move(design), "Achizitii", {request.from, request.to});
+}
+
+// One design for both kinds of money; its grand total stays the one in lei, as designed.
+std::unique_ptr<BandedReport> InventoryReport(const PeriodRequest& request) {
+  ReportLayout design = LayoutNamed(kInventory.at(request.grouping));
+  SetPeriod(design, request);
+  const bool lei = InLei(request.currency);
+  design.Control("section1", "txtValoare").field = lei ? "VAL_CUMP" : "VAL_CUMP_VAL";
+  design.Control("section7", "text7").field = lei ? "TVALCUMP" : "TVALCUMPVAL";
+  return Run(std::move(design), "Obiecte de inventar", {request.from, request.to});
+}
+
+}  // namespace tevra

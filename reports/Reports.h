@@ -1,0 +1,38 @@
+// The program's reports, ready to be shown or printed: a grouped command run on the open company,
+// in the design that belongs to it, with the captions of the moment.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/print/BandedReport.h"
+#include "platform/text/DateTime.h"
+
+namespace tevra {
+
+/// The monthly charges as the last calculation left them. Month and year are captions alone. Any
+/// currency but "LEI", the empty one too, prints the values in currency.
+struct ChargesRequest {
+  std::uint8_t grouping = 0;  ///< 0 account, 1 class, 2 location, 3 cost centre
+  std::string currency = "LEI";
+  int month = 1;
+  int year = 2000;
+  bool detail = true;  ///< else only groups and totals
+};
+std::unique_ptr<BandedReport> ChargesReport(const ChargesRequest& request);
+
+/// What was bought from one day to another, both included.
+struct PeriodRequest {
+  std::uint8_t grouping = 0;  ///< as ChargesRequest; for inventory 1 is the person in charge
+  std::string currency = "LEI";
+  DateTime from;
+  DateTime to;
+};
+std::unique_ptr<BandedReport> PurchasesReport(const PeriodRequest& request);
+std::unique_ptr<BandedReport> InventoryReport(const PeriodRequest& request);
+
+/// "Ianuarie" to "Decembrie"; empty for what is no month.
+std::string MonthName(int month);
+
+}  // namespace tevra

@@ -1,0 +1,83 @@
+// Reports from the command line, read back from their PDF files.
+#include <cstdio>
+#include <fstream>
+
+#include "app/batch/Batch.h"
+#include "tests/batch/BatchTest.h"
+
+namespace tevra::batch::test {
+
+namespace {
+
+class ReportTest : public BatchTest {
+ protected:
+  ReportTest() {
+    company_.AddAsset({{"COD", "10"},
+                       {"DENUMIRE", "Strung"},
+                       {"CONT", "2131"},
+                       {"DATA_ACH", DateTime(2026, 3, 14)},
+                       {"DATA_CALCUL", DateTime(2026, 9, 30)},
+                       {"VAL_CUMP", 12000.0},
+                       {"VAL_CUMP_VAL", 2400.0},
+                       {"VAL_RAMASA", 11000.0},
+                       {"VAL_RAMASA_VAL", 2200.0},
+                       {"COTAL_LUNARA", 0.01}});
+    company_.Open().Execute(
+        "INSERT INTO I_INV (COD, DENUMIRE, DATA_ACH, VAL_CUMP, PERS) VALUES ('i1', 'Scaun', "
+        "'2026-05-01 00:00:00', 350, 'Ana')");
+  }
+  std::string Pdf() const { return (Directory() / "raport.pdf").string(); }
+  // The report's text, or what was refused.
+  std::string Report(std::vector<std::string> arguments) const {
+    arguments.insert(arguments.begin(), "report");
+    arguments.insert(arguments.end(), {"--pdf", Pdf()});
+    const Result result = RunAsAdmin(arguments);
+    if (result.code != kDone) return result.err;
+    EXPECT_EQ(result.out, Pdf() + ": 1 pagina\n");
+    FILE* reader = popen(("pdftotext -layout '" + Pdf() + "' -").c_str(), "r");
+    std::string text;
+    for (int c = fgetc(reader); c != EOF; c = fgetc(reader)) text += static_cast<char>(c);
+    EXPECT_EQ(pclose(reader), 0);
+    return text;
+  }
+  static void ExpectIn(const std::string& text, std::initializer_list<const char*> parts) {
+    for (const char* part : parts) EXPECT_NE(text.find(part), std::string::npos) << part << text;
+  }
+};
+
+TEST_F(ReportTest, ChargesBearTheMonthOfTheLastCalculation) {
+  ExpectIn(Report({"charges"}), {"Cheltuieli cu amortizarea", "Septembrie", "2026", "LEI", "Cont",
+                                 "2131", "120", "Total general", "11.000", "Pagina 1 / 1"});
+  ExpectIn(Report({"charges", "--by", "centre", "--currency", "EUR", "--date", "31.12.2025"}),
+           {"Fixed Assets", "Decembrie", "2025", "EUR", "Strung", "General total", "2.200"});
+  const std::string totals = Report({"charges", "--by", "class", "--no-detail"});
+  ExpectIn(totals, {"Total cod", "11.000"});
+  EXPECT_EQ(totals.find("Strung"), std::string::npos);
+}
+
+TEST_F(ReportTest, PurchasesAndInventoryAreOfAPeriod) {
+  ExpectIn(Report({"purchases", "--from", "14.03.2026", "--to", "14.03.2026"}),
+           {"ACHIZITII", "realizate de la", "14.03.2026", "Strung", "12.000", "TOTAL GENERAL"});
+  EXPECT_EQ(Report({"purchases", "--from", "15.03.2026", "--to", "31.12.2026"}).find("Strung"),
+            std::string::npos);
+  ExpectIn(Report({"inventory", "--by", "person", "--from", "01.01.2026", "--to", "31.12.2026"}),
+           {"CHELTUIELI CU OBIECTE DE INVENTAR", "Ana", "Scaun", "350"});
+}
+
+TEST_F(ReportTest, WhatCannotBeMeantOrWrittenIsTold) {
+  ExpectIn(Report({"altceva"}), {"Raport necunoscut: altceva"});
+  ExpectIn(Report({"purchases"}), {"Lipseste optiunea --from !"});
+  ExpectIn(Report({"charges", "--by", "person"}), {"Grupare necunoscuta: person"});
+  ExpectIn(Report({"inventory", "--by", "class", "--from", "01.01.2026", "--to", "01.01.2026"}),
+           {"Grupare necunoscuta: class (account, person"});
+  ExpectIn(Report({"purchases", "--from", "azi", "--to", "01.01.2026"}), {"Data \"azi\""});
+  std::ofstream(Pdf()) << "vechi";
+  const Result result =
+      RunAsAdmin({"report", "charges", "--pdf", (Directory() / "lipsa" / "x.pdf").string()});
+  EXPECT_EQ(result.code, kRefused);
+  ExpectIn(result.err, {"Eroare 76"});
+}
+
+}  // namespace
+
+}  // namespace tevra::batch::test
