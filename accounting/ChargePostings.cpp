@@ -1,5 +1,7 @@
 #include "accounting/ChargePostings.h"
 
+#include <cmath>
+
 #include "accounting/cBLLNoteContabile.h"
 #include "platform/data/MoneySum.h"
 #include "platform/data/Recordset.h"
@@ -79,6 +81,7 @@ ChargesPosted PostCharges(Connection& connection, const DateTime& date) {
     const double charge = RoundTo(Nz(assets.Get("VAL_AMOR")).AsDouble(), kBani);
     if (charge == 0) continue;
     try {
+      if (!std::isfinite(charge)) throw Failure(kOverflow, "Overflow: VAL_AMOR");
       AddCharge(note, connection, assets, charge);
     } catch (const Failure& failure) {
       throw Failure(failure.Number(), failure.Description(),

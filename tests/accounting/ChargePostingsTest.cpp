@@ -108,6 +108,10 @@ TEST_F(ChargePostings, AFailureLeavesTheOldPostings) {
     EXPECT_EQ(refusal.source, "NRCRT 2");
     EXPECT_EQ(Lines(), before);
   }
+  company_.Open().Execute("UPDATE I_CONTURIIM SET CONT_AMO = '2813', CONT_CHELT = '6811'");
+  company_.Open().Execute("UPDATE I_IMO SET VAL_CUMP = 1e308, COTAL_LUNARA = 100 WHERE NRCRT = 2");
+  EXPECT_EQ(RefusalOf([&] { Post(DateTime(2026, 7, 31)); }).text, "Overflow: VAL_AMOR");
+  EXPECT_EQ(Lines(), before);
   Connection other = company_.Open();
   other.BeginTrans();
   Connection impatient(company_.ConnectionString() + ";Lock Timeout=50");

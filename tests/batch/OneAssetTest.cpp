@@ -31,7 +31,7 @@ TEST_F(OneAssetTest, AMonthIsPostedBehindItsRun) {
   EXPECT_EQ(result.code, kDone) << result.err;
   EXPECT_EQ(result.out,
             "Calculul cheltuielilor lunare s-a efectuat pentru  1 imobilizari\n"
-            "Note contabile IMO01: 1 note, 500,00 lei\n");
+            "Note contabile IMO01: 1 nota, 500,00 lei\n");
   EXPECT_EQ(Lines("SUM(CREDIT)").AsDouble(), 500.0);
   EXPECT_EQ(Lines("MAX(UTILIZATOR)"), Value("admin"));
 

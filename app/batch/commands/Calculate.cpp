@@ -25,8 +25,9 @@ void Post(const DateTime& date, std::ostream& out) {
   try {
     Connection connection(CurrentSession().connectionString);
     const ChargesPosted posted = PostCharges(connection, date);
-    out << "Note contabile " << ChargeDocument(date) << ": " << posted.notes << " note, "
-        << Format(posted.lei, "Standard") << " lei\n";
+    out << "Note contabile " << ChargeDocument(date) << ": " << posted.notes
+        << (posted.notes == 1 ? " nota, " : " note, ") << Format(posted.lei, "Standard")
+        << " lei\n";
   } catch (const Failure& failure) {
     throw Refusal("Luna a fost calculata, dar notele contabile nu au fost scrise !\n" +
                   Reason(failure));
