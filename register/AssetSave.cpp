@@ -12,24 +12,9 @@ namespace tevra {
 
 namespace {
 
-/// The boxes by what they hold.
-enum Numbers {
-  kValue = 0,
-  kExchangeRate = 1,
-  kForeignValue = 2,
-  kNormal = 3,
-  kReal = 4,
-  kRate = 5,
-  kUse = 6,
-  kBlockedValue = 7,
-  kBlockedForeignValue = 8,
-  kCoef = 10,
-  kYearsLeft = 11,
-  kExpensed = 13,
-  kExpensedForeign = 14,
-};
-enum Texts { kCod = 0, kGroup = 1, kCostCentre = 3, kSupplier = 6, kAccount = 8, kMethodText = 9 };
-enum Dates { kBought = 0, kInService = 1, kStart = 2, kEnd = 3, kBlockedFrom = 4 };
+using enum text::Place;
+using enum number::Place;
+using enum date::Place;
 
 const DateTime kNewCatalogue(2005, 1, 1);
 
@@ -42,43 +27,39 @@ Value TextOrNull(const std::string& text) {
 class RowWriter {
  public:
   RowWriter(const AssetCard& card, const Coefficients& coefficients, const DateTime& today)
-      : card_(card), coefficients_(coefficients), today_(today), real_(card.number[kReal]) {}
+      : card_(card), coefficients_(coefficients), today_(today), real_(card.number[kRealYears]) {}
 
   AssetRow Take() { return std::move(row_); }
 
   void Set(const char* field, const Value& value) { row_.fields.emplace_back(field, value); }
 
-  bool IsEmpty(int box) const { return card_.number[static_cast<std::size_t>(box)].IsNull(); }
+  bool IsEmpty(number::Place box) const { return card_.number[box].IsNull(); }
 
-  bool IsNumber(int box) const {
-    return !IsEmpty(box) && !card_.number[static_cast<std::size_t>(box)].IsText();
-  }
+  bool IsNumber(number::Place box) const { return !IsEmpty(box) && !card_.number[box].IsText(); }
 
-  double Number(int box) const {
-    const Value& value = box == kReal ? real_ : card_.number[static_cast<std::size_t>(box)];
+  double Number(number::Place box) const {
+    const Value& value = box == kRealYears ? real_ : card_.number[box];
     if (value.IsNull()) throw Failure(kTypeMismatch, "Type mismatch");
     return value.AsDouble();
   }
 
-  double NumberOrZero(int box) const { return IsEmpty(box) ? 0 : Number(box); }
+  double NumberOrZero(number::Place box) const { return IsEmpty(box) ? 0 : Number(box); }
 
-  const Value& AsItStands(int box) const {
-    return box == kReal ? real_ : card_.number[static_cast<std::size_t>(box)];
+  const Value& AsItStands(number::Place box) const {
+    return box == kRealYears ? real_ : card_.number[box];
   }
 
-  char Letter() const {
-    return card_.text[kMethodText].empty() ? '\0' : card_.text[kMethodText][0];
-  }
+  char Letter() const { return card_.text[kMethod].empty() ? '\0' : card_.text[kMethod][0]; }
 
   /// The asset itself, up to the user.
   void WriteIdentity() {
     static constexpr const char* kFields[] = {"DENUMIRE", "COD_CC",       "COD_LOC",
                                               "DOCUMENT", "COD_FURNIZOR", "COD_TVA_CUMP",
                                               "CONT",     "TIP_AM",       "OBS1"};
-    Set("COD", TextOrNull(card_.text[kCod]));
+    Set("COD", TextOrNull(card_.text[kCode]));
     Set(today_ >= kNewCatalogue ? "COD_GR_NOU" : "COD_GR", TextOrNull(card_.text[kGroup]));
     for (std::size_t i = 0; i < std::size(kFields); ++i) {
-      Set(kFields[i], TextOrNull(card_.text[i + 2]));
+      Set(kFields[i], TextOrNull(card_.text[kName + i]));
     }
   }
 
@@ -96,17 +77,17 @@ class RowWriter {
     std::int16_t linear = 0;
     std::int16_t degressive = 0;
     if (Letter() == kWithoutWear) {
-      linear = LinearYears(Number(kNormal), coefficients_.WithoutWear());
-      degressive = CInt(Number(kNormal) - linear);
+      linear = LinearYears(Number(kNormalYears), coefficients_.WithoutWear());
+      degressive = CInt(Number(kNormalYears) - linear);
     }
     if (Letter() == kWithWear) {
-      linear = LinearYears(Number(kNormal), coefficients_.WithWear(Number(kNormal)));
-      real_ = Number(kNormal) - linear;
-      row_.real = Number(kReal);
-      degressive = CInt(Number(kReal) - linear);
+      linear = LinearYears(Number(kNormalYears), coefficients_.WithWear(Number(kNormalYears)));
+      real_ = Number(kNormalYears) - linear;
+      row_.real = Number(kRealYears);
+      degressive = CInt(Number(kRealYears) - linear);
     }
-    if (isNew || Letter() != kNoDepreciation) Set("DRFANI", AsItStands(kReal));
-    if (isNew) Set("DRFLUNI", Number(kReal) * 12);
+    if (isNew || Letter() != kNoDepreciation) Set("DRFANI", AsItStands(kRealYears));
+    if (isNew) Set("DRFLUNI", Number(kRealYears) * 12);
     const bool phases = Letter() == kWithoutWear || Letter() == kWithWear;
     if (phases || Letter() == kAccelerated) Set("COEF", AsItStands(kCoef));
     if (phases) {
@@ -141,7 +122,7 @@ class RowWriter {
   }
 
  private:
-  DateTime Date(int box) const { return card_.date[static_cast<std::size_t>(box)].Midnight(); }
+  DateTime Date(date::Place box) const { return card_.date[box].Midnight(); }
 
   // The method's fields again, over the years that are left.
   void WriteYearsLeft(const DateTime& from) {
@@ -232,7 +213,7 @@ AssetRow NewAssetRow(const AssetCard& card, const Coefficients& coefficients, co
   row.Set("VAL_CUMP_VAL", RoundTo(row.NumberOrZero(kForeignValue), 3));
   row.Set("VALCHELEI", RoundTo(row.NumberOrZero(kExpensed), 2));
   row.Set("VALCHEVAL", RoundTo(row.NumberOrZero(kExpensedForeign), 2));
-  row.Set("DNFANI", row.AsItStands(kNormal));
+  row.Set("DNFANI", row.AsItStands(kNormalYears));
   row.WriteRates();
   row.WriteMethod(true);
   WriteStart(row);
@@ -250,8 +231,8 @@ AssetRow ChangedAssetRow(const AssetCard& card, const Coefficients& coefficients
   row.Set("VAL_CUMP", Round0(row.Number(kValue)));
   row.Set("CURS", row.NumberOrZero(kExchangeRate));
   row.Set("VAL_CUMP_VAL", row.NumberOrZero(kForeignValue));
-  row.Set("DNFANI", row.AsItStands(kNormal));
-  row.Set("DRFLUNI", row.Number(kReal) * 12);
+  row.Set("DNFANI", row.AsItStands(kNormalYears));
+  row.Set("DRFLUNI", row.Number(kRealYears) * 12);
   row.WriteRates();
   row.WriteMethod(false);
   WriteEstimate(row);
@@ -305,7 +286,7 @@ void Prepare(cBLLNoteContabile& note, const AssetCard& card, const VatRate& vat,
   note.Curs = rate;
   note.CotaTVA = CByte(vat.percent);
   note.DataInr = card.date[kInService].Midnight();
-  note.Doc = note.Marca = card.text[kCod];
+  note.Doc = note.Marca = card.text[kCode];
   note.Utilizator = session.userName;
   note.Jurnal = "JC";
   note.cod = session.codDeviza;
@@ -322,7 +303,7 @@ void pAddNoteContabile(const AssetCard& card) {
   const RowWriter boxes(card, none, DateTime());
   Connection connection(CurrentSession().connectionString);
   Transaction transaction(connection);
-  connection.Execute("DELETE FROM Kv_LINII WHERE DOC=?", {card.text[kCod]});
+  connection.Execute("DELETE FROM Kv_LINII WHERE DOC=?", {card.text[kCode]});
   if (boxes.NumberOrZero(kValue) != 0) {
     const VatRate vat = ReadVatRate(card.tva);
     const double lei = boxes.Number(kValue);

@@ -10,18 +10,19 @@
 
 #include "platform/data/Connection.h"
 #include "platform/text/DateTime.h"
+#include "register/CardBoxes.h"
 #include "register/MethodPanel.h"
 
 namespace tevra {
 
 /// The boxes of the card as they stand.
 struct AssetCard {
-  std::array<std::string, 11> text;  ///< txtText
+  std::array<std::string, text::kCount> text;  ///< txtText
   /// txtNumar: a number in full, Null for an empty box, a text for one that holds no number.
-  std::array<Value, 15> number;
-  std::array<DateTime, 5> date;  ///< DTPicker1
-  bool blocked = false;          ///< chkBlocata
-  std::string tva;               ///< the text of cboTVA
+  std::array<Value, number::kCount> number;
+  std::array<DateTime, date::kCount> date;  ///< DTPicker1
+  bool blocked = false;                     ///< chkBlocata
+  std::string tva;                          ///< the text of cboTVA
 };
 
 using FieldValues = std::vector<std::pair<std::string, Value>>;
@@ -30,8 +31,8 @@ using FieldValues = std::vector<std::pair<std::string, Value>>;
 /// screen.
 struct AssetRow {
   FieldValues fields;
-  std::optional<double> real;        ///< txtNumar(4), under the method with moral wear
-  std::optional<DateTime> blocking;  ///< DTPicker1(4), moved to the 1st
+  std::optional<double> real;        ///< the real duration, under the method with moral wear
+  std::optional<DateTime> blocking;  ///< the blocking date, moved to the 1st
 };
 
 /// The row of a new asset. `today` and `user` as they are stored. Throws Failure 13 for a box that

@@ -14,6 +14,10 @@ namespace tevra {
 
 namespace {
 
+using enum text::Place;
+using enum number::Place;
+using enum date::Place;
+
 const DateTime kNewCatalogue(2005, 1, 1);
 
 // The list of classes changed hands a day later than the field that keeps the class.
@@ -69,20 +73,19 @@ void frmFisaImo::Connect() {
     connect(option, &OptionButton::Click, this,
             [this, option] { OptionClicked(MethodOf(option)); });
   }
-  for (const int index : {0, 1, 3, 4, 7, 8}) {
-    OnLeave(txtNumar[static_cast<std::size_t>(index)], "txtNumar_LostFocus",
-            [this, index](Procedure&) {
-              txtNumar_LostFocus(index);
-              return true;
-            });
+  for (const number::Place left :
+       {kValue, kExchangeRate, kNormalYears, kRealYears, kBlockedValue, kBlockedForeignValue}) {
+    OnLeave(txtNumar[left], "txtNumar_LostFocus", [this, left](Procedure&) {
+      txtNumar_LostFocus(left);
+      return true;
+    });
   }
   // What cannot be derived is told and holds nobody: the box with the mistake may be another one.
-  for (const int index : {0, 1, 2}) {
-    OnLeave(DTPicker1[static_cast<std::size_t>(index)], "DTPicker1_LostFocus",
-            [this, index](Procedure&) {
-              RunShort("DTPicker1_LostFocus", [&](Procedure&) { DTPicker1_LostFocus(index); });
-              return true;
-            });
+  for (const date::Place left : {kBought, kInService, kStart}) {
+    OnLeave(DTPicker1[left], "DTPicker1_LostFocus", [this, left](Procedure&) {
+      RunShort("DTPicker1_LostFocus", [&](Procedure&) { DTPicker1_LostFocus(left); });
+      return true;
+    });
   }
   connect(chkBlocata, &CheckBox::Click, this,
           [this] { RunShort("chkBlocata_Click", [this](Procedure&) { chkBlocata_Click(); }); });
@@ -116,12 +119,12 @@ void frmFisaImo::OpenNew() {
   cmdVanzare->setEnabled(false);
   cmdSalvare->setDefault(true);
   Liniara->setChecked(true);
-  txtNumar[6]->SetText("100");
-  txtText[7]->SetText("0");
-  txtNumar[13]->SetText("0");
-  txtNumar[14]->SetText("0");
-  DTPicker1[2]->SetDate(DTPicker1[1]->Date().value().AddMonths(1));
-  DTPicker1[3]->SetDate(DTPicker1[2]->Date());
+  txtNumar[kUse]->SetText("100");
+  txtText[kVat]->SetText("0");
+  txtNumar[kExpensed]->SetText("0");
+  txtNumar[kExpensedForeign]->SetText("0");
+  DTPicker1[kStart]->SetDate(DTPicker1[kInService]->Date().value().AddMonths(1));
+  DTPicker1[kEnd]->SetDate(DTPicker1[kStart]->Date());
 }
 
 void frmFisaImo::OpenExisting() {
@@ -130,14 +133,14 @@ void frmFisaImo::OpenExisting() {
   const Recordset row =
       OpenRecordset("Select * from I_IMO Where NRCRT = ?", {CLng(CDbl(asset_.sNrCrt))});
   LoadBoxes(row);
-  if (KeepsNewClass()) txtText[1]->SetText(row.Get("COD_GR_NOU").TextOrEmpty());
+  if (KeepsNewClass()) txtText[kGroup]->SetText(row.Get("COD_GR_NOU").TextOrEmpty());
   if (Nz(row.Get("BLOCATA"), Value::YesNo(false)).AsBool()) chkBlocata->setChecked(true);
   for (OptionButton* option : {Liniara, CuUzura, FaraUzura, Accelerata, Faraam}) {
     if (MethodOf(option) != Letter()) continue;
     option->setChecked(true);
     break;
   }
-  const std::optional<double> expensed = txtNumar[13]->Number();
+  const std::optional<double> expensed = txtNumar[kExpensed]->Number();
   chkChelt->setChecked(expensed && *expensed != 0);
 }
 
@@ -169,7 +172,7 @@ void frmFisaImo::LoadBoxes(const Recordset& row) {
 std::array<frmFisaImo::ComboSource, 7> frmFisaImo::Combos() const {
   const bool newer = OffersNewClasses();
   return {{
-      {cboGrupa, txtText[1], newer ? "COD_GR_NOU" : "COD_GR", "COD_DENUMIRE",
+      {cboGrupa, txtText[kGroup], newer ? "COD_GR_NOU" : "COD_GR", "COD_DENUMIRE",
        newer ? "Select COD_GR_NOU, COD_GR_NOU & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE "
                "where durnor_nou<>0 order by COD_GR_NOU"
              : "Select COD_GR, COD_GR & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE where "
@@ -177,22 +180,22 @@ std::array<frmFisaImo::ComboSource, 7> frmFisaImo::Combos() const {
        newer ? "Select COD_GR_NOU & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE where "
                "COD_GR_NOU = ?"
              : "Select COD_GR & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE where COD_GR = ?"},
-      {cboCentruCost, txtText[3], "COD", "COD_TITLU",
+      {cboCentruCost, txtText[kCostCentre], "COD", "COD_TITLU",
        "Select COD, COD & '-' & TITLU As COD_TITLU from kv_cc Where UTILIZABIL = 'D' order by COD",
        "Select COD & '-' & TITLU As COD_TITLU from kv_cc where COD = ?"},
-      {cboLocalizare, txtText[4], "COD", "COD_TITLU",
+      {cboLocalizare, txtText[kLocation], "COD", "COD_TITLU",
        "Select COD, COD & '-' & TITLU As COD_TITLU from I_LOCALIZARE order by COD",
        "Select COD & '-' & TITLU As COD_TITLU from I_LOCALIZARE where COD = ?"},
-      {cboFurnizori, txtText[6], "COD", "NUME",
+      {cboFurnizori, txtText[kSupplier], "COD", "NUME",
        "Select COD, NUME from kv_ter where Ucase(TIP) in ('F', 'M') order by NUME",
        "Select NUME  from kv_TER where COD = CLng(?)"},
-      {cboTVA, txtText[7], "COD", "CONT_PROCENT",
+      {cboTVA, txtText[kVat], "COD", "CONT_PROCENT",
        "Select COD, CONT & '-' & PROCENT As CONT_PROCENT from kv_COTE Order by COD",
        "Select CONT & '-' & PROCENT As CONT_PROCENT from kv_COTE where COD = CLng(?)"},
-      {cboCont, txtText[8], "CONT", "CONT_TITLU",
+      {cboCont, txtText[kAccount], "CONT", "CONT_TITLU",
        "Select CONT, CONT & '-' & TITLU As CONT_TITLU from kv_PC WHERE LEN(CONT) >=3 order by CONT",
        "Select CONT & '-' & TITLU As CONT_TITLU from kv_PC where CONT = ?"},
-      {cboGradUtiliz, txtNumar[6], "Indice", "Indice",
+      {cboGradUtiliz, txtNumar[kUse], "Indice", "Indice",
        "Select INDICE from I_Grade Order by Indice desc", nullptr},
   }};
 }
@@ -231,17 +234,17 @@ void frmFisaImo::PickedInCombo(const ComboSource& combo) {
   const std::string procedure = combo.combo->objectName().toStdString() + "_Click";
   RunShort(procedure.c_str(), [&](Procedure&) {
     const std::string bound = combo.combo->BoundText();
-    if (combo.combo == cboGradUtiliz) return txtNumar[6]->SetText(bound);
+    if (combo.combo == cboGradUtiliz) return txtNumar[kUse]->SetText(bound);
     static_cast<TextBox*>(combo.box)->SetText(bound);
     if (combo.combo == cboGrupa && !bound.empty()) cboGrupa_Click();
   });
 }
 
 void frmFisaImo::cboGrupa_Click() {
-  const double normal = DurataNormala(txtText[1]->Text());
-  txtNumar[3]->SetNumber(normal);
-  txtNumar[4]->SetNumber(normal);
-  txtNumar[5]->SetNumber(Divide(1, normal));
+  const double normal = DurataNormala(txtText[kGroup]->Text());
+  txtNumar[kNormalYears]->SetNumber(normal);
+  txtNumar[kRealYears]->SetNumber(normal);
+  txtNumar[kRate]->SetNumber(Divide(1, normal));
 }
 
 // ---- Saving -------------------------------------------------------------------------------------
@@ -263,8 +266,8 @@ AssetCard frmFisaImo::Card() const {
 }
 
 void frmFisaImo::ShowSaved(const AssetRow& row) {
-  if (row.real) txtNumar[4]->SetNumber(row.real);
-  if (row.blocking) DTPicker1[4]->SetDate(row.blocking);
+  if (row.real) txtNumar[kRealYears]->SetNumber(row.real);
+  if (row.blocking) DTPicker1[kBlockedFrom]->SetDate(row.blocking);
 }
 
 void frmFisaImo::cmdSalvare_Click() {
@@ -294,8 +297,8 @@ void frmFisaImo::cmdModificare_Click() {
       "pModificaImobilizare",
       [this](Procedure& procedure) {
         procedure.line = 2;
-        for (const std::size_t i : {13, 14}) {
-          if (txtNumar[i]->IsEmpty()) txtNumar[i]->SetText("0");
+        for (const auto place : {kExpensed, kExpensedForeign}) {
+          if (txtNumar[place]->IsEmpty()) txtNumar[place]->SetText("0");
         }
         procedure.line = 3;
         ShowSaved(pModificaImobilizare(Card(), CLng(CDbl(asset_.sNrCrt))));
@@ -317,10 +320,8 @@ void frmFisaImo::AddNote() {
 
 // The amounts of direct expense and what is left of a blocked asset stay, and so do both ticks.
 void frmFisaImo::CurataCampuri() {
-  for (std::size_t i = 0; i <= 10; ++i) {
-    txtNumar[i]->SetNumber(std::nullopt);
-    txtText[i]->SetText("");
-  }
+  for (std::size_t i = 0; i <= kCoef; ++i) txtNumar[i]->SetNumber(std::nullopt);
+  for (TextBox* box : txtText) box->SetText("");
   for (DateBox* box : DTPicker1) box->SetDate(clock::Today());
   for (DataCombo* combo :
        {cboCentruCost, cboCont, cboFurnizori, cboGradUtiliz, cboGrupa, cboLocalizare, cboTVA}) {
@@ -332,8 +333,8 @@ void frmFisaImo::CurataCampuri() {
     option->setAutoExclusive(true);
   }
   Liniara->setChecked(true);
-  txtNumar[6]->SetText("100");
-  GiveFocus(txtText[0]);
+  txtNumar[kUse]->SetText("100");
+  GiveFocus(txtText[kCode]);
 }
 
 // ---- Validation ---------------------------------------------------------------------------------
@@ -344,24 +345,25 @@ bool frmFisaImo::Refuse(const std::string& message, QWidget* box) {
   return false;
 }
 
-bool frmFisaImo::RefuseNumber(int index) {
-  NumberBox* box = txtNumar[static_cast<std::size_t>(index)];
+bool frmFisaImo::RefuseNumber(number::Place place) {
+  NumberBox* box = txtNumar[place];
   return Refuse(
       "Va rugam introduceti o valoare numerica pozitiva pentru " + TagOf(box).toStdString() + " !",
       box);
 }
 
-bool frmFisaImo::IsNumberFromZero(int index) const {
-  const NumberBox& box = *txtNumar[static_cast<std::size_t>(index)];
+bool frmFisaImo::IsNumberFromZero(number::Place place) const {
+  const NumberBox& box = *txtNumar[place];
   return box.IsNumeric() && box.Number().value_or(-1) >= 0;
 }
 
 bool frmFisaImo::EsteFisaValida() {
   bool valid = false;
   RunShort("EsteFisaValida", [&](Procedure&) {
-    for (const std::size_t i : {0, 2, 5}) {
-      if (!Trim(txtText[i]->Text()).empty()) continue;
-      Refuse("Va rugam completati " + TagOf(txtText[i]).toStdString() + " !", txtText[i]);
+    for (const text::Place place : {kCode, kName, kDocument}) {
+      TextBox* box = txtText[place];
+      if (!Trim(box->Text()).empty()) continue;
+      Refuse("Va rugam completati " + TagOf(box).toStdString() + " !", box);
       return;
     }
     const std::pair<DataCombo*, const char*> combos[] = {{cboTVA, " nu este completata !"},
@@ -373,7 +375,7 @@ bool frmFisaImo::EsteFisaValida() {
       Refuse(TagOf(combo).toStdString() + words, combo);
       return;
     }
-    if (txtText[9]->Text().empty()) {
+    if (txtText[kMethod]->Text().empty()) {
       Refuse("Va rugam selectati tipul de amortizare !", nullptr);
       return;
     }
@@ -383,42 +385,44 @@ bool frmFisaImo::EsteFisaValida() {
 }
 
 bool frmFisaImo::AreNumbersValid() {
-  if (!IsNumberFromZero(0)) return RefuseNumber(0);
-  for (const int i : {1, 2}) {
-    const bool empty = txtNumar[static_cast<std::size_t>(i)]->IsEmpty();
-    if (!empty && !IsNumberFromZero(i)) return RefuseNumber(i);
+  if (!IsNumberFromZero(kValue)) return RefuseNumber(kValue);
+  for (const number::Place place : {kExchangeRate, kForeignValue}) {
+    if (!txtNumar[place]->IsEmpty() && !IsNumberFromZero(place)) return RefuseNumber(place);
   }
-  for (const int i : {3, 4, 5}) {
-    if (!IsNumberFromZero(i)) return RefuseNumber(i);
+  for (const number::Place place : {kNormalYears, kRealYears, kRate}) {
+    if (!IsNumberFromZero(place)) return RefuseNumber(place);
   }
   if (!cboGradUtiliz->Text().empty()) return true;
   return Refuse(TagOf(cboGradUtiliz).toStdString() + " nu este completat !", cboGradUtiliz);
 }
 
 bool frmFisaImo::IsBlockingValid() {
-  for (const int i : {7, 8}) {
-    if (!txtNumar[static_cast<std::size_t>(i)]->IsNumeric()) return RefuseNumber(i);
+  const number::Place blockedValues[] = {kBlockedValue, kBlockedForeignValue};
+  for (const number::Place place : blockedValues) {
+    if (!txtNumar[place]->IsNumeric()) return RefuseNumber(place);
   }
-  for (const int i : {7, 8}) {
-    if (!IsNumberFromZero(i)) return RefuseNumber(i);
+  for (const number::Place place : blockedValues) {
+    if (!IsNumberFromZero(place)) return RefuseNumber(place);
   }
-  const auto refuseAbove = [this](std::size_t blocked, std::size_t whole) {
+  const auto refuseAbove = [this](number::Place blocked, number::Place whole) {
     return Refuse("Va rugam introduceti o valoare numerica pozitiva pentru " +
                       TagOf(txtNumar[blocked]).toStdString() + " mai mica decat " +
                       TagOf(txtNumar[whole]).toStdString() + "!",
                   txtNumar[blocked]);
   };
-  if (txtNumar[7]->Number() > txtNumar[0]->Number()) return refuseAbove(7, 0);
-  if (!txtNumar[2]->IsEmpty() && txtNumar[8]->Number() > txtNumar[2]->Number()) {
-    return refuseAbove(8, 2);
+  if (txtNumar[kBlockedValue]->Number() > txtNumar[kValue]->Number())
+    return refuseAbove(kBlockedValue, kValue);
+  if (!txtNumar[kForeignValue]->IsEmpty() &&
+      txtNumar[kBlockedForeignValue]->Number() > txtNumar[kForeignValue]->Number()) {
+    return refuseAbove(kBlockedForeignValue, kForeignValue);
   }
-  if (DTPicker1[4]->Date() < DTPicker1[2]->Date()) {
-    return Refuse("Selectati data de blocare a imobilizarii corect!", DTPicker1[4]);
+  if (DTPicker1[kBlockedFrom]->Date() < DTPicker1[kStart]->Date()) {
+    return Refuse("Selectati data de blocare a imobilizarii corect!", DTPicker1[kBlockedFrom]);
   }
-  if (DTPicker1[4]->Date() > DTPicker1[3]->Date()) {
+  if (DTPicker1[kBlockedFrom]->Date() > DTPicker1[kEnd]->Date()) {
     return Refuse(
         "Atentie! Nu puteti bloca o imobilizare a carei perioada de amortizare s-a sfarsit!",
-        DTPicker1[4]);
+        DTPicker1[kBlockedFrom]);
   }
   return true;
 }

@@ -29,9 +29,9 @@ class frmFisaImo : public Form {
   explicit frmFisaImo(const AssetToOpen& asset, QWidget* parent = nullptr);
   ~frmFisaImo() override;
 
-  std::array<TextBox*, 11> txtText{};
-  std::array<NumberBox*, 15> txtNumar{};
-  std::array<DateBox*, 5> DTPicker1{};
+  std::array<TextBox*, text::kCount> txtText{};
+  std::array<NumberBox*, number::kCount> txtNumar{};
+  std::array<DateBox*, date::kCount> DTPicker1{};
   DataCombo* cboGrupa = nullptr;
   DataCombo* cboCentruCost = nullptr;
   DataCombo* cboLocalizare = nullptr;
@@ -102,11 +102,11 @@ class frmFisaImo : public Form {
   void MethodClick(Method method);
   void FallBackToLinear();
   void Apply(const Derived& derived, bool withReal = true);
-  void txtNumar_LostFocus(int index);
+  void txtNumar_LostFocus(number::Place left);
   void LeaveNormalDuration();
   void LeaveRealDuration();
   void DeriveFromDuration(bool withReal);
-  void DTPicker1_LostFocus(int index);
+  void DTPicker1_LostFocus(date::Place left);
   void chkBlocata_Click();
   void chkBlocata_LostFocus();
   void chkChelt_Click();
@@ -119,8 +119,8 @@ class frmFisaImo : public Form {
   void AddNote();
   void CurataCampuri();
   bool Refuse(const std::string& message, QWidget* box);
-  bool RefuseNumber(int index);
-  bool IsNumberFromZero(int index) const;
+  bool RefuseNumber(number::Place place);
+  bool IsNumberFromZero(number::Place place) const;
   bool AreNumbersValid();
   bool IsBlockingValid();
 

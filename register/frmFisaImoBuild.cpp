@@ -15,6 +15,10 @@ namespace tevra {
 
 namespace {
 
+using enum text::Place;
+using enum number::Place;
+using enum date::Place;
+
 struct TextInfo {
   const char* tag;
   int longest;
@@ -116,10 +120,13 @@ void frmFisaImo::MakeBoxes() {
         new NumberBox(Indexed("txtNumar", i).c_str(), kNumbers[i].money ? "Standard" : "", this);
     txtNumar[i]->setProperty("Tag", kNumbers[i].tag);
   }
-  for (const std::size_t hidden : {6, 9}) txtNumar[hidden]->hide();
-  for (const std::size_t narrow : {3, 4, 5, 10, 11, 12}) {
-    txtNumar[narrow]->setMinimumWidth(narrow > 10 ? 44 : kShortNumber);
-    if (narrow > 10) txtNumar[narrow]->setMaximumWidth(60);
+  for (const auto hidden : {kUse, kNrCrt}) txtNumar[hidden]->hide();
+  for (const auto narrow : {kNormalYears, kRealYears, kRate, kCoef}) {
+    txtNumar[narrow]->setMinimumWidth(kShortNumber);
+  }
+  for (const auto narrowest : {kYearsLeft, kMonthsLeft}) {
+    txtNumar[narrowest]->setMinimumWidth(44);
+    txtNumar[narrowest]->setMaximumWidth(60);
   }
   for (std::size_t i = 0; i < DTPicker1.size(); ++i) {
     DTPicker1[i] = new DateBox(Indexed("DTPicker1", i).c_str(), this, "d/MM/yyyy");
@@ -144,8 +151,8 @@ DataCombo* frmFisaImo::MakeCombo(const char* name, const char* tag) {
 QWidget* frmFisaImo::BuildIdentity() {
   QGroupBox* frame = Frame("Frame1", "Imobilizare");
   Pairs pairs(frame);
-  pairs.Add("Nr. inv.", txtText[0]);
-  pairs.Add("&Denumire", txtText[2]);
+  pairs.Add("Nr. inv.", txtText[kCode]);
+  pairs.Add("&Denumire", txtText[kName]);
   pairs.Add("Cod &grupa", cboGrupa);
   pairs.Add("Cont imo&bilizare", cboCont);
   pairs.Add("&Centru de cost", cboCentruCost);
@@ -157,12 +164,12 @@ QWidget* frmFisaImo::BuildIdentity() {
 QWidget* frmFisaImo::BuildPurchase() {
   QGroupBox* frame = Frame("Frame3", "Cumparare");
   Pairs pairs(frame);
-  pairs.Add("D&ocument", txtText[5]);
+  pairs.Add("D&ocument", txtText[kDocument]);
   pairs.Add("Furni&zor", cboFurnizori);
   pairs.Add("TVA", cboTVA);
-  pairs.Add("Valoare LEI", txtNumar[0]);
-  pairs.Add("C&urs", txtNumar[1]);
-  pairs.Add("Valoare valuta", txtNumar[2]);
+  pairs.Add("Valoare LEI", txtNumar[kValue]);
+  pairs.Add("C&urs", txtNumar[kExchangeRate]);
+  pairs.Add("Valoare valuta", txtNumar[kForeignValue]);
   pairs.Close();
   return frame;
 }
@@ -180,13 +187,14 @@ QWidget* frmFisaImo::BuildMethod() {
   CuUzura = MakeOption("CuUzura", "Degresiva cu uzura morala", kWithWear);
   FaraUzura = MakeOption("FaraUzura", "Degresiva fara uzura morala", kWithoutWear);
   Faraam = MakeOption("Faraam", "Fara amortizare", kNoDepreciation);
-  txtNumar[10]->setToolTip("Coeficientul primei faze; se poate schimba la amortizarea accelerata");
+  txtNumar[kCoef]->setToolTip(
+      "Coeficientul primei faze; se poate schimba la amortizarea accelerata");
   auto* grid = new QGridLayout(Frame6);
   grid->setVerticalSpacing(5);
   int row = 0;
   for (OptionButton* option : Options()) grid->addWidget(option, row++, 0, 1, 2);
-  grid->addWidget(LabelOf(txtNumar[10], "Coeficient"), row, 0);
-  grid->addWidget(txtNumar[10], row, 1);
+  grid->addWidget(LabelOf(txtNumar[kCoef], "Coeficient"), row, 0);
+  grid->addWidget(txtNumar[kCoef], row, 1);
   grid->setRowStretch(row + 1, 1);
   return Frame6;
 }
@@ -194,9 +202,9 @@ QWidget* frmFisaImo::BuildMethod() {
 QWidget* frmFisaImo::BuildDurations() {
   QGroupBox* frame = Frame("Frame4", "Durata");
   Pairs pairs(frame);
-  pairs.Add("&Normala", txtNumar[3], "ani");
-  pairs.Add("Reala", txtNumar[4], "ani");
-  pairs.Add("Cota anuala", txtNumar[5]);
+  pairs.Add("&Normala", txtNumar[kNormalYears], "ani");
+  pairs.Add("Reala", txtNumar[kRealYears], "ani");
+  pairs.Add("Cota anuala", txtNumar[kRate]);
   pairs.Add("Grad de utilizare", cboGradUtiliz);
   pairs.Close();
   return frame;
@@ -205,10 +213,10 @@ QWidget* frmFisaImo::BuildDurations() {
 QWidget* frmFisaImo::BuildDates() {
   QGroupBox* frame = Frame("Frame5", "Date");
   Pairs pairs(frame);
-  pairs.Add("Achizitie", DTPicker1[0]);
-  pairs.Add("Punere in functiune", DTPicker1[1]);
-  pairs.Add("Inceput amortizare", DTPicker1[2]);
-  pairs.Add("Sfarsit amortizare", DTPicker1[3]);
+  pairs.Add("Achizitie", DTPicker1[kBought]);
+  pairs.Add("Punere in functiune", DTPicker1[kInService]);
+  pairs.Add("Inceput amortizare", DTPicker1[kStart]);
+  pairs.Add("Sfarsit amortizare", DTPicker1[kEnd]);
   pairs.Close();
   return frame;
 }
@@ -218,8 +226,8 @@ QWidget* frmFisaImo::BuildExpense() {
   chkChelt = new CheckBox("chkChelt", "20%", Frame7);
   Pairs pairs(Frame7);
   pairs.AddAcross(chkChelt);
-  pairs.Add("Valoare Lei", txtNumar[13]);
-  pairs.Add("Valoare Valuta", txtNumar[14]);
+  pairs.Add("Valoare Lei", txtNumar[kExpensed]);
+  pairs.Add("Valoare Valuta", txtNumar[kExpensedForeign]);
   pairs.Close();
   return Frame7;
 }
@@ -229,17 +237,17 @@ QWidget* frmFisaImo::BuildBlocking() {
   chkBlocata = new CheckBox("chkBlocata", "Blocata", frame);
   auto* left = new QHBoxLayout;
   left->setSpacing(5);
-  left->addWidget(LabelOf(txtNumar[11], "Durata ramasa"));
-  left->addWidget(txtNumar[11]);
+  left->addWidget(LabelOf(txtNumar[kYearsLeft], "Durata ramasa"));
+  left->addWidget(txtNumar[kYearsLeft]);
   left->addWidget(new QLabel("ani si"));
-  left->addWidget(txtNumar[12]);
+  left->addWidget(txtNumar[kMonthsLeft]);
   left->addWidget(new QLabel("luni"));
   left->addStretch();
   Pairs pairs(frame);
   pairs.AddAcross(chkBlocata);
-  pairs.Add("Data", DTPicker1[4]);
-  pairs.Add("Valoare blocata LEI", txtNumar[7]);
-  pairs.Add("Valoare blocata USD", txtNumar[8]);
+  pairs.Add("Data", DTPicker1[kBlockedFrom]);
+  pairs.Add("Valoare blocata LEI", txtNumar[kBlockedValue]);
+  pairs.Add("Valoare blocata USD", txtNumar[kBlockedForeignValue]);
   pairs.AddAcross(left);
   pairs.Close();
   return frame;
@@ -273,8 +281,8 @@ void frmFisaImo::Build() {
              BuildDurations(), BuildExpense(),  BuildBlocking()};
   Arrange(false);
   auto* remarks = new QHBoxLayout;
-  remarks->addWidget(LabelOf(txtText[10], "Observatii"));
-  remarks->addWidget(txtText[10], 1);
+  remarks->addWidget(LabelOf(txtText[kRemarks], "Observatii"));
+  remarks->addWidget(txtText[kRemarks], 1);
   auto* whole = new QVBoxLayout(page);
   whole->addLayout(grid_);
   whole->addLayout(remarks);
@@ -293,7 +301,7 @@ void frmFisaImo::Build() {
   wide_ = page->minimumSizeHint().width() + 40;
   setMinimumSize(560, 240);
   resize(page->sizeHint().expandedTo({1100, 0}) + QSize(24, 90));
-  txtText[0]->setFocus();
+  txtText[kCode]->setFocus();
 }
 
 // Two rows of frames side by side, or, where the card is narrow, four of two.
@@ -325,17 +333,22 @@ void frmFisaImo::resizeEvent(QResizeEvent* event) {
 // As one reads: the asset, its purchase, its dates, then how it is depreciated.
 void frmFisaImo::SetTabOrder() {
   QWidget* before = nullptr;
-  for (QWidget* next : std::initializer_list<QWidget*>{
-           txtText[0],   txtText[2],    cboGrupa,     cboCont,       cboCentruCost, cboLocalizare,
-           txtText[5],   cboFurnizori,  cboTVA,       txtNumar[0],   txtNumar[1],   txtNumar[2],
-           DTPicker1[0], DTPicker1[1],  DTPicker1[2], DTPicker1[3],  Liniara,       Accelerata,
-           CuUzura,      FaraUzura,     Faraam,       txtNumar[10],  txtNumar[3],   txtNumar[4],
-           txtNumar[5],  cboGradUtiliz, chkChelt,     txtNumar[13],  txtNumar[14],  chkBlocata,
-           DTPicker1[4], txtNumar[7],   txtNumar[8],  txtNumar[11],  txtNumar[12],  txtText[10],
-           cmdSalvare,   cmdModificare, cmdVanzare,   cmdConservare, cmdIesire}) {
-    if (before) setTabOrder(before, next);
-    before = next;
-  }
+  const auto then = [&before](std::initializer_list<QWidget*> boxes) {
+    for (QWidget* next : boxes) {
+      if (before) setTabOrder(before, next);
+      before = next;
+    }
+  };
+  then({txtText[kCode], txtText[kName], cboGrupa, cboCont, cboCentruCost, cboLocalizare});
+  then({txtText[kDocument], cboFurnizori, cboTVA});
+  then({txtNumar[kValue], txtNumar[kExchangeRate], txtNumar[kForeignValue]});
+  then({DTPicker1[kBought], DTPicker1[kInService], DTPicker1[kStart], DTPicker1[kEnd]});
+  then({Liniara, Accelerata, CuUzura, FaraUzura, Faraam, txtNumar[kCoef]});
+  then({txtNumar[kNormalYears], txtNumar[kRealYears], txtNumar[kRate], cboGradUtiliz});
+  then({chkChelt, txtNumar[kExpensed], txtNumar[kExpensedForeign]});
+  then({chkBlocata, DTPicker1[kBlockedFrom], txtNumar[kBlockedValue]});
+  then({txtNumar[kBlockedForeignValue], txtNumar[kYearsLeft], txtNumar[kMonthsLeft]});
+  then({txtText[kRemarks], cmdSalvare, cmdModificare, cmdVanzare, cmdConservare, cmdIesire});
 }
 
 }  // namespace tevra

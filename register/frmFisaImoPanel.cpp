@@ -9,6 +9,10 @@ namespace tevra {
 
 namespace {
 
+using enum text::Place;
+using enum number::Place;
+using enum date::Place;
+
 Coefficients CompanyCoefficients() {
   Connection connection(CurrentSession().connectionString);
   return ReadCoefficients(connection);
@@ -24,7 +28,7 @@ double NumberIn(const NumberBox& box) {
 }  // namespace
 
 Method frmFisaImo::Letter() const {
-  const std::string letter = txtText[9]->Text();
+  const std::string letter = txtText[kMethod]->Text();
   return letter.empty() ? kNoMethod : static_cast<Method>(letter[0]);
 }
 
@@ -59,25 +63,26 @@ void frmFisaImo::OptionClicked(Method method) {
 }
 
 void frmFisaImo::Liniara_Click() {
-  txtText[9]->SetText("L");
+  txtText[kMethod]->SetText("L");
   Frame7->setEnabled(true);
   Derived derived;
-  PickLinear(txtNumar[3]->Number(), derived);
+  PickLinear(txtNumar[kNormalYears]->Number(), derived);
   Apply(derived);
-  txtNumar[10]->setEnabled(false);
+  txtNumar[kCoef]->setEnabled(false);
 }
 
 // A direct expense stays on a linear asset only.
 void frmFisaImo::MethodClick(Method method) {
-  txtText[9]->SetText(std::string(1, static_cast<char>(method)));
+  txtText[kMethod]->SetText(std::string(1, static_cast<char>(method)));
   Frame7->setEnabled(false);
-  txtNumar[13]->SetText("0");
-  txtNumar[14]->SetText("0");
+  txtNumar[kExpensed]->SetText("0");
+  txtNumar[kExpensedForeign]->SetText("0");
   chkChelt->setChecked(false);
-  if (txtNumar[3]->IsEmpty()) {
-    MsgBoxEx("Va rugam completati " + txtNumar[3]->property("Tag").toString().toStdString() + " !");
+  if (txtNumar[kNormalYears]->IsEmpty()) {
+    MsgBoxEx("Va rugam completati " +
+             txtNumar[kNormalYears]->property("Tag").toString().toStdString() + " !");
     FallBackToLinear();
-    GiveFocus(txtNumar[3]);
+    GiveFocus(txtNumar[kNormalYears]);
     return;
   }
   Derived derived;
@@ -87,19 +92,19 @@ void frmFisaImo::MethodClick(Method method) {
     // Only what the method looks at must be a number.
     const bool byYearsLeft = method == kAccelerated && chkBlocata->isChecked();
     const bool byNormal = method != kNoDepreciation && !byYearsLeft;
-    fits = PickMethod(method, byNormal ? NumberIn(*txtNumar[3]) : 0, byYearsLeft,
-                      byYearsLeft ? txtNumar[11]->Number() : std::nullopt, CompanyCoefficients,
-                      derived);
+    fits = PickMethod(method, byNormal ? NumberIn(*txtNumar[kNormalYears]) : 0, byYearsLeft,
+                      byYearsLeft ? txtNumar[kYearsLeft]->Number() : std::nullopt,
+                      CompanyCoefficients, derived);
   } catch (const Failure&) {
     Apply(derived);
     throw;
   }
   if (!fits) {
-    MsgBoxEx(OutOfRangeText(method, txtNumar[3]->Text()));
+    MsgBoxEx(OutOfRangeText(method, txtNumar[kNormalYears]->Text()));
     return FallBackToLinear();
   }
   Apply(derived);
-  txtNumar[10]->setEnabled(method == kAccelerated);
+  txtNumar[kCoef]->setEnabled(method == kAccelerated);
 }
 
 void frmFisaImo::FallBackToLinear() {
@@ -113,20 +118,20 @@ void frmFisaImo::FallBackToLinear() {
 
 void frmFisaImo::Apply(const Derived& derived, bool withReal) {
   if (derived.realIsNormal) {
-    if (txtNumar[3]->IsNumeric()) {
-      txtNumar[4]->SetNumber(txtNumar[3]->Number());
+    if (txtNumar[kNormalYears]->IsNumeric()) {
+      txtNumar[kRealYears]->SetNumber(txtNumar[kNormalYears]->Number());
     } else {
-      txtNumar[4]->SetText(txtNumar[3]->Text());
+      txtNumar[kRealYears]->SetText(txtNumar[kNormalYears]->Text());
     }
   }
-  if (withReal && derived.real) txtNumar[4]->SetNumber(derived.real);
-  if (derived.rate) txtNumar[5]->SetNumber(derived.rate);
-  if (derived.coef) txtNumar[10]->SetNumber(derived.coef);
+  if (withReal && derived.real) txtNumar[kRealYears]->SetNumber(derived.real);
+  if (derived.rate) txtNumar[kRate]->SetNumber(derived.rate);
+  if (derived.coef) txtNumar[kCoef]->SetNumber(derived.coef);
 }
 
 // ---- Leaving number boxes -----------------------------------------------------------------------
 
-void frmFisaImo::txtNumar_LostFocus(int index) {
+void frmFisaImo::txtNumar_LostFocus(number::Place left) {
   const auto told = [](const Failure& failure, const Procedure& procedure) {
     MsgBoxEx(ShortErrorText(failure), kCritical,
              "TxtNumar_lostfocus - Linia " + std::to_string(procedure.line));
@@ -134,39 +139,43 @@ void frmFisaImo::txtNumar_LostFocus(int index) {
   RunWith(
       "txtNumar_LostFocus",
       [&](Procedure& procedure) {
-        procedure.line = index + 1;
-        if (index == 0 || index == 1) {
-          if (!txtNumar[0]->IsNumeric() || !txtNumar[1]->IsNumeric()) return;
-          txtNumar[2]->SetNumber(ValueInCurrency(NumberIn(*txtNumar[0]), NumberIn(*txtNumar[1])));
+        procedure.line = static_cast<int>(left) + 1;
+        if (left == kValue || left == kExchangeRate) {
+          if (!txtNumar[kValue]->IsNumeric() || !txtNumar[kExchangeRate]->IsNumeric()) return;
+          txtNumar[kForeignValue]->SetNumber(
+              ValueInCurrency(NumberIn(*txtNumar[kValue]), NumberIn(*txtNumar[kExchangeRate])));
         }
-        if (index == 3) LeaveNormalDuration();
-        if (index == 4) LeaveRealDuration();
-        if (index == 7 || index == 8) {
-          const double rate = txtNumar[1]->Number().value_or(0);
-          if (rate != 0 && !txtNumar[7]->IsEmpty())
-            txtNumar[8]->SetNumber(RoundTo(NumberIn(*txtNumar[7]) / rate, 0));
+        if (left == kNormalYears) LeaveNormalDuration();
+        if (left == kRealYears) LeaveRealDuration();
+        if (left == kBlockedValue || left == kBlockedForeignValue) {
+          const double rate = txtNumar[kExchangeRate]->Number().value_or(0);
+          if (rate != 0 && !txtNumar[kBlockedValue]->IsEmpty())
+            txtNumar[kBlockedForeignValue]->SetNumber(
+                RoundTo(NumberIn(*txtNumar[kBlockedValue]) / rate, 0));
         }
       },
       told);
 }
 
 void frmFisaImo::LeaveNormalDuration() {
-  if (txtNumar[3]->IsEmpty()) {
-    MsgBoxEx("Va rugam completati " + txtNumar[3]->property("Tag").toString().toStdString() + " !");
+  if (txtNumar[kNormalYears]->IsEmpty()) {
+    MsgBoxEx("Va rugam completati " +
+             txtNumar[kNormalYears]->property("Tag").toString().toStdString() + " !");
     Liniara->setChecked(true);
-    return GiveFocus(txtNumar[3]);
+    return GiveFocus(txtNumar[kNormalYears]);
   }
   DeriveFromDuration(true);
-  DTPicker1[3]->SetDate(InYearOfEnd(DTPicker1[3]->Date().value(), DTPicker1[1]->Date().value(),
-                                    NumberIn(*txtNumar[4])));
+  DTPicker1[kEnd]->SetDate(InYearOfEnd(DTPicker1[kEnd]->Date().value(),
+                                       DTPicker1[kInService]->Date().value(),
+                                       NumberIn(*txtNumar[kRealYears])));
 }
 
 void frmFisaImo::LeaveRealDuration() {
-  if (txtNumar[3]->IsEmpty()) {
+  if (txtNumar[kNormalYears]->IsEmpty()) {
     MsgBoxEx("Va rugam introduceti o valoare numerica");
-    return GiveFocus(txtNumar[3]);
+    return GiveFocus(txtNumar[kNormalYears]);
   }
-  DeriveFromDuration(NumberIn(*txtNumar[3]) <= 0);
+  DeriveFromDuration(NumberIn(*txtNumar[kNormalYears]) <= 0);
 }
 
 void frmFisaImo::DeriveFromDuration(bool withReal) {
@@ -177,7 +186,7 @@ void frmFisaImo::DeriveFromDuration(bool withReal) {
   }
   bool fits = false;
   try {
-    fits = LeaveDuration(method, NumberIn(*txtNumar[3]), CompanyCoefficients, derived);
+    fits = LeaveDuration(method, NumberIn(*txtNumar[kNormalYears]), CompanyCoefficients, derived);
   } catch (const Failure&) {
     Apply(derived, withReal);
     throw;
@@ -185,7 +194,7 @@ void frmFisaImo::DeriveFromDuration(bool withReal) {
   if (fits) {
     Apply(derived, withReal);
   } else {
-    MsgBoxEx(OutOfRangeText(method, txtNumar[3]->Text()));
+    MsgBoxEx(OutOfRangeText(method, txtNumar[kNormalYears]->Text()));
     FallBackToLinear();
   }
 }
@@ -193,35 +202,38 @@ void frmFisaImo::DeriveFromDuration(bool withReal) {
 // ---- Leaving dates ------------------------------------------------------------------------------
 
 // Each lower date follows the one above it: bought, in service, start, end, blocking.
-void frmFisaImo::DTPicker1_LostFocus(int index) {
-  const std::optional<DateTime> bought = DTPicker1[0]->Date();
+void frmFisaImo::DTPicker1_LostFocus(date::Place left) {
+  const std::optional<DateTime> bought = DTPicker1[kBought]->Date();
   if (Faraam->isChecked()) {
-    const std::size_t last = index == 2 ? 3 : 4;
-    for (std::size_t i = static_cast<std::size_t>(index) + 1; i <= last; ++i) {
+    const std::size_t last = left == kStart ? kEnd : kBlockedFrom;
+    for (std::size_t i = left + 1; i <= last; ++i) {
       DTPicker1[i]->SetDate(bought);
     }
     return;
   }
-  if (index == 0) DTPicker1[1]->SetDate(bought);
-  if (index <= 1) DTPicker1[2]->SetDate(FirstOfNextMonth(DTPicker1[1]->Date().value()));
-  const DateTime start = DTPicker1[2]->Date().value();
-  if (!txtNumar[4]->IsEmpty()) DTPicker1[3]->SetDate(EndOfLife(start, NumberIn(*txtNumar[4])));
-  DTPicker1[4]->SetDate(start);
+  if (left == kBought) DTPicker1[kInService]->SetDate(bought);
+  if (left != kStart)
+    DTPicker1[kStart]->SetDate(FirstOfNextMonth(DTPicker1[kInService]->Date().value()));
+  const DateTime start = DTPicker1[kStart]->Date().value();
+  if (!txtNumar[kRealYears]->IsEmpty())
+    DTPicker1[kEnd]->SetDate(EndOfLife(start, NumberIn(*txtNumar[kRealYears])));
+  DTPicker1[kBlockedFrom]->SetDate(start);
 }
 
 // ---- Blocking and direct expense ----------------------------------------------------------------
 
 void frmFisaImo::chkBlocata_Click() {
-  const TimeLeft left = TimeLeftAt(DTPicker1[4]->Date().value(), DTPicker1[3]->Date().value());
-  txtNumar[11]->SetNumber(left.years);
-  txtNumar[12]->SetNumber(left.months);
+  const TimeLeft left =
+      TimeLeftAt(DTPicker1[kBlockedFrom]->Date().value(), DTPicker1[kEnd]->Date().value());
+  txtNumar[kYearsLeft]->SetNumber(left.years);
+  txtNumar[kMonthsLeft]->SetNumber(left.months);
   const Method method = Letter();
   Derived derived;
   if (Block(method, left.years, CompanyCoefficients, derived)) {
     Apply(derived);
   } else {
     // Without wear the message speaks of the whole life.
-    const NumberBox& years = method == kWithWear ? *txtNumar[11] : *txtNumar[3];
+    const NumberBox& years = method == kWithWear ? *txtNumar[kYearsLeft] : *txtNumar[kNormalYears];
     MsgBoxEx(OutOfRangeText(method, years.Text()));
     FallBackToLinear();
   }
@@ -231,19 +243,23 @@ void frmFisaImo::chkBlocata_Click() {
 void frmFisaImo::chkBlocata_LostFocus() {
   if (chkBlocata->isChecked()) return;
   for (OptionButton* option : Options()) option->setEnabled(true);
-  for (const std::size_t i : {7, 8, 11, 12}) txtNumar[i]->SetText("0");
+  for (const auto place : {kBlockedValue, kBlockedForeignValue, kYearsLeft, kMonthsLeft}) {
+    txtNumar[place]->SetText("0");
+  }
 }
 
 void frmFisaImo::chkChelt_Click() {
   if (!chkChelt->isChecked()) {
-    txtNumar[13]->SetText("0");
-    txtNumar[14]->SetText("0");
+    txtNumar[kExpensed]->SetText("0");
+    txtNumar[kExpensedForeign]->SetText("0");
     return;
   }
-  if (txtNumar[0]->IsNumeric()) txtNumar[13]->SetNumber(DirectExpense(NumberIn(*txtNumar[0])));
-  const bool hasRate = !txtNumar[1]->IsEmpty() && NumberIn(*txtNumar[1]) != 0;
-  if (txtNumar[2]->IsNumeric() && hasRate) {
-    txtNumar[14]->SetNumber(DirectExpense(NumberIn(*txtNumar[2])));
+  if (txtNumar[kValue]->IsNumeric())
+    txtNumar[kExpensed]->SetNumber(DirectExpense(NumberIn(*txtNumar[kValue])));
+  const bool hasRate =
+      !txtNumar[kExchangeRate]->IsEmpty() && NumberIn(*txtNumar[kExchangeRate]) != 0;
+  if (txtNumar[kForeignValue]->IsNumeric() && hasRate) {
+    txtNumar[kExpensedForeign]->SetNumber(DirectExpense(NumberIn(*txtNumar[kForeignValue])));
   }
 }
 

@@ -12,6 +12,10 @@
 namespace tevra {
 namespace {
 
+using enum text::Place;
+using enum number::Place;
+using enum date::Place;
+
 class AssetSave : public ::testing::Test {
  protected:
   AssetSave() {
@@ -74,8 +78,8 @@ const std::vector<std::string> kMethodFields = {"DRFANI", "DRFLUNI",    "COEF", 
 
 TEST_F(AssetSave, ANewAssetIsWrittenInFull) {
   AssetCard card = Card();
-  card.number[13] = 2000.08;
-  card.number[14] = 400.016;
+  card.number[kExpensed] = 2000.08;
+  card.number[kExpensedForeign] = 400.016;
   pAdaugaImobilizare(card);
   EXPECT_EQ(Stored({"COD", "COD_GR_NOU", "COD_GR", "DENUMIRE", "COD_CC", "COD_LOC", "DOCUMENT",
                     "COD_FURNIZOR", "COD_TVA_CUMP", "CONT", "TIP_AM", "OBS1", "UTILIZATOR"}),
@@ -94,8 +98,10 @@ TEST_F(AssetSave, ANewAssetIsWrittenInFull) {
 TEST_F(AssetSave, HalvesGoToTheEvenLeuAndEmptyBoxesAreZero) {
   for (const auto& [value, stored] : {std::pair{1000.5, "1000"}, {1001.5, "1002"}}) {
     AssetCard card = Card();
-    card.number[0] = value;
-    for (const int box : {1, 2, 13, 14}) card.number[static_cast<std::size_t>(box)] = Value();
+    card.number[kValue] = value;
+    for (const auto box : {kExchangeRate, kForeignValue, kExpensed, kExpensedForeign}) {
+      card.number[box] = Value();
+    }
     pAdaugaImobilizare(card);
     EXPECT_EQ(
         Stored({"VAL_CUMP", "CURS", "VAL_CUMP_VAL", "VALCHELEI", "VAL_RAMASA", "VAL_RAMASA_VAL"}),
@@ -142,10 +148,10 @@ TEST_F(AssetSave, ABlockedAssetGoesByTheYearsLeftFromAFirst) {
     const double normal = c.method == 'N' ? 5 : 12;
     AssetCard card = Card(c.method, normal, normal, 0.25, 0.4);
     card.blocked = true;
-    card.date[4] = DateTime(2026, 3, 17);
-    card.number[7] = 7000.5;
-    card.number[8] = 1400.1239;
-    card.number[11] = c.left;
+    card.date[kBlockedFrom] = DateTime(2026, 3, 17);
+    card.number[kBlockedValue] = 7000.5;
+    card.number[kBlockedForeignValue] = 1400.1239;
+    card.number[kYearsLeft] = c.left;
     const AssetRow row = pAdaugaImobilizare(card);
     EXPECT_EQ(row.blocking, DateTime(2026, 3, 1));
     EXPECT_EQ(Stored({"AD1", "AD2", "DRBANI", "DATA_AMORT"}), c.expected) << c.method;
@@ -153,7 +159,7 @@ TEST_F(AssetSave, ABlockedAssetGoesByTheYearsLeftFromAFirst) {
               "True 01.03.2026 7000 1400,124");
     pModificaImobilizare(card, Row().Get("NRCRT").AsLong());
     EXPECT_EQ(Stored({"VAL_BLOCATA_VAL"}), "1400");
-    card.number[2] = Value();
+    card.number[kForeignValue] = Value();
     pModificaImobilizare(card, Row().Get("NRCRT").AsLong());
     EXPECT_EQ(Stored({"VAL_BLOCATA_VAL"}), "0");
   }
@@ -176,10 +182,10 @@ TEST_F(AssetSave, AChangeEstimatesTheDepreciationSoFar) {
                         {'F', 0, "0 12000 0 2400"}};
   for (const Case& c : cases) {
     AssetCard card = Card(c.method);
-    card.text[0] = "INV2";
-    card.number[10] = 0.5;
-    card.number[13] = c.expensed;
-    card.number[14] = c.expensed / 5;
+    card.text[kCode] = "INV2";
+    card.number[kCoef] = 0.5;
+    card.number[kExpensed] = c.expensed;
+    card.number[kExpensedForeign] = c.expensed / 5;
     pModificaImobilizare(card, number);
     EXPECT_EQ(
         Stored({"VAL_AMOR_CUMULATA", "VAL_RAMASA", "VAL_AMOR_CUMULATA_VAL", "VAL_RAMASA_VAL"}),
@@ -189,7 +195,7 @@ TEST_F(AssetSave, AChangeEstimatesTheDepreciationSoFar) {
   EXPECT_EQ(Stored({"COD", "UTILIZATOR", "VAL_CUMP_VAL", "BLOCATA", "DATA_BLOCARE", "DRBANI"}),
             "INV2 ana 2400,0808 False 01.01.2020 3");
   AssetCard ahead = Card();
-  ahead.date[2] = DateTime(2027, 2, 1);
+  ahead.date[kStart] = DateTime(2027, 2, 1);
   pModificaImobilizare(ahead, number);
   EXPECT_EQ(Stored({"DALUNI", "VAL_AMOR_CUMULATA", "VAL_RAMASA"}), "-3 -375 12375");
 }
@@ -208,7 +214,7 @@ TEST_F(AssetSave, ARefusedRowLeavesNothing) {
   AssetCard card = Card('A', 5, 5, 0.25, "abc");
   EXPECT_EQ(FailureOf([&] { pAdaugaImobilizare(card); }), kTypeMismatch);
   card = Card();
-  card.text[2] = std::string(51, 'x');
+  card.text[kName] = std::string(51, 'x');
   EXPECT_EQ(FailureOf([&] { pAdaugaImobilizare(card); }), kValueNotAccepted);
   EXPECT_EQ(GetRecordCount("I_IMO"), 0);
   EXPECT_EQ(FailureOf([] { pModificaImobilizare(Card(), 12345); }), kNoCurrentRecord);
@@ -236,11 +242,11 @@ TEST_F(AssetSave, TheNoteDebitsAssetAndVatAndCreditsTheSupplier) {
 
   AssetCard exempt = Card();
   exempt.tva = "FARA TVA-0";
-  exempt.number[0] = 100.005;
-  exempt.number[2] = Value();
+  exempt.number[kValue] = 100.005;
+  exempt.number[kForeignValue] = Value();
   pAddNoteContabile(exempt);
   EXPECT_EQ(Lines(), "1 1 2131 100 0 0 0 - | 1 2 404 0 100 0 0 7 | ") << "in the place of the old";
-  exempt.number[0] = 0.0;
+  exempt.number[kValue] = 0.0;
   pAddNoteContabile(exempt);
   EXPECT_EQ(Lines(), "");
 }
@@ -254,7 +260,7 @@ TEST_F(AssetSave, ARefusedNoteLeavesTheOldOne) {
   EXPECT_EQ(refusal.text, "Trebuie sa precizati: Cont");
   EXPECT_EQ(Lines(), before);
   AssetCard other = Card();
-  other.text[0] = "x' OR '1'='1";
+  other.text[kCode] = "x' OR '1'='1";
   EXPECT_EQ(FailureOf([&] { pAddNoteContabile(other); }), kRefusedNote);
   EXPECT_EQ(Lines(), before);
 }

@@ -13,6 +13,10 @@
 namespace tevra::test {
 namespace {
 
+using enum text::Place;
+using enum number::Place;
+using enum date::Place;
+
 class FrmFisaImo : public ::testing::Test {
  protected:
   FrmFisaImo() {
@@ -57,20 +61,20 @@ class FrmFisaImo : public ::testing::Test {
   }
   // All that the card needs but the method: 8 years, 12,000 lei at the rate 5.
   static void Fill(frmFisaImo& card, const char* normal = "8") {
-    card.txtText[0]->SetText("INV1");
-    card.txtText[2]->SetText("Strung");
-    card.txtText[5]->SetText("F1");
+    card.txtText[kCode]->SetText("INV1");
+    card.txtText[kName]->SetText("Strung");
+    card.txtText[kDocument]->SetText("F1");
     Pick(card.cboGrupa, "1.1.1.1");
     Pick(card.cboCont, "2131");
     Pick(card.cboFurnizori, "7");
     Pick(card.cboTVA, "5");
     Pick(card.cboGradUtiliz, "100");
-    card.DTPicker1[0]->SetDate(DateTime(2026, 1, 15));
-    Type(card.txtNumar[0], "12000");
-    Type(card.txtNumar[1], "5");
-    Type(card.txtNumar[3], normal);
-    card.DTPicker1[0]->setFocus();
-    card.DTPicker1[1]->setFocus();
+    card.DTPicker1[kBought]->SetDate(DateTime(2026, 1, 15));
+    Type(card.txtNumar[kValue], "12000");
+    Type(card.txtNumar[kExchangeRate], "5");
+    Type(card.txtNumar[kNormalYears], normal);
+    card.DTPicker1[kBought]->setFocus();
+    card.DTPicker1[kInService]->setFocus();
     QCoreApplication::processEvents();
   }
   std::string Boxes(frmFisaImo& card, std::initializer_list<int> numbers) {
@@ -99,18 +103,18 @@ class FrmFisaImo : public ::testing::Test {
 TEST_F(FrmFisaImo, ANewCardStandsOnTodayAndTheUsualValues) {
   const auto card = Open();
   EXPECT_TRUE(card->Liniara->isChecked());
-  EXPECT_EQ(card->txtText[9]->Text(), "L");
+  EXPECT_EQ(card->txtText[kMethod]->Text(), "L");
   EXPECT_EQ(Boxes(*card, {6, 13, 14}), "100 0 0");
   EXPECT_EQ(card->cboGradUtiliz->Text(), "100");
   EXPECT_EQ(card->cboTVA->Text(), "FARA TVA-0");
-  EXPECT_EQ(card->DTPicker1[0]->Date(), DateTime(2026, 11, 23));
-  EXPECT_EQ(card->DTPicker1[2]->Date(), DateTime(2026, 12, 23));
-  EXPECT_EQ(card->DTPicker1[3]->Date(), DateTime(2026, 12, 23));
+  EXPECT_EQ(card->DTPicker1[kBought]->Date(), DateTime(2026, 11, 23));
+  EXPECT_EQ(card->DTPicker1[kStart]->Date(), DateTime(2026, 12, 23));
+  EXPECT_EQ(card->DTPicker1[kEnd]->Date(), DateTime(2026, 12, 23));
   EXPECT_TRUE(card->cmdSalvare->isEnabled());
   EXPECT_FALSE(card->cmdModificare->isEnabled());
   EXPECT_FALSE(card->cmdVanzare->isEnabled());
-  EXPECT_FALSE(card->txtNumar[10]->isEnabled());
-  EXPECT_EQ(card->txtText[0]->toolTip(), "Maxim 20 caractere alfanumerice");
+  EXPECT_FALSE(card->txtNumar[kCoef]->isEnabled());
+  EXPECT_EQ(card->txtText[kCode]->toolTip(), "Maxim 20 caractere alfanumerice");
 }
 
 TEST_F(FrmFisaImo, AssetsOfAllMethodsAreEnteredAndReopened) {
@@ -134,12 +138,12 @@ TEST_F(FrmFisaImo, AssetsOfAllMethodsAreEnteredAndReopened) {
       Fill(*card, c.normal);
       card->findChild<OptionButton*>(c.option)->setChecked(true);
       EXPECT_EQ(Boxes(*card, {4, 5, 10}), c.boxes);
-      card->DTPicker1[0]->setFocus();
-      card->DTPicker1[1]->setFocus();
+      card->DTPicker1[kBought]->setFocus();
+      card->DTPicker1[kInService]->setFocus();
       QCoreApplication::processEvents();
       Press(card->cmdSalvare);
       EXPECT_EQ(LastPrompt(), "Datele au fost salvate cu succes in Imobilizari!");
-      EXPECT_EQ(card->txtText[0]->Text(), "");
+      EXPECT_EQ(card->txtText[kCode]->Text(), "");
     }
     const char* fields =
         "TIP_AM, DRFANI, DRFLUNI, COTA_ANUALA, COEF, AD1, AD2, DATA_IN_AM, DATA_AMORT, DATA_SF";
@@ -164,16 +168,16 @@ TEST_F(FrmFisaImo, BlockingDerivesOverTheYearsLeftAndIsTakenBack) {
     Press(card->cmdSalvare);
   }
   const auto card = OpenStored();
-  card->DTPicker1[4]->SetDate(DateTime(2032, 7, 17));
+  card->DTPicker1[kBlockedFrom]->SetDate(DateTime(2032, 7, 17));
   Press(card->chkBlocata);
   EXPECT_EQ(Boxes(*card, {11, 12, 5}), "2 7 0,5");
   EXPECT_FALSE(card->Accelerata->isEnabled());
   card->chkBlocata->setFocus();
-  Type(card->txtNumar[7], "5000");
-  EXPECT_EQ(card->txtNumar[8]->Text(), "1.000,00");
+  Type(card->txtNumar[kBlockedValue], "5000");
+  EXPECT_EQ(card->txtNumar[kBlockedForeignValue]->Text(), "1.000,00");
   Press(card->cmdModificare);
   EXPECT_EQ(LastPrompt(), "Datele au fost modificate cu succes !");
-  EXPECT_EQ(card->DTPicker1[4]->Date(), DateTime(2032, 7, 1));
+  EXPECT_EQ(card->DTPicker1[kBlockedFrom]->Date(), DateTime(2032, 7, 1));
   EXPECT_EQ(Stored("BLOCATA, DATA_BLOCARE, VAL_BLOCATA, VAL_BLOCATA_VAL, DRBANI, COTA_ANUALA, "
                    "DATA_AMORT"),
             "True 01.07.2032 5000 1000 2 0,5 01.07.2032");
@@ -184,7 +188,7 @@ TEST_F(FrmFisaImo, BlockingDerivesOverTheYearsLeftAndIsTakenBack) {
   again->chkBlocata->setFocus();
   Press(again->chkBlocata);
   EXPECT_FALSE(again->Liniara->isEnabled()) << "until the box is left";
-  again->txtText[10]->setFocus();
+  again->txtText[kRemarks]->setFocus();
   QCoreApplication::processEvents();
   EXPECT_TRUE(again->Liniara->isEnabled());
   EXPECT_EQ(Boxes(*again, {7, 8, 11, 12}), "0 0 0 0");
@@ -196,9 +200,9 @@ TEST_F(FrmFisaImo, RefusalsInTheirWordsWithTheFocusWhereTheyAreMended) {
   const auto card = Open();
   Fill(*card);
   card->chkBlocata->setChecked(true);
-  card->DTPicker1[4]->SetDate(DateTime(2030, 1, 1));
-  card->txtNumar[7]->SetText("100");
-  card->txtNumar[8]->SetText("20");
+  card->DTPicker1[kBlockedFrom]->SetDate(DateTime(2030, 1, 1));
+  card->txtNumar[kBlockedValue]->SetText("100");
+  card->txtNumar[kBlockedForeignValue]->SetText("20");
   ASSERT_TRUE(card->EsteFisaValida()) << LastPrompt();
   const std::string positive = "Va rugam introduceti o valoare numerica pozitiva pentru ";
   struct Case {
@@ -243,16 +247,16 @@ TEST_F(FrmFisaImo, RefusalsInTheirWordsWithTheFocusWhereTheyAreMended) {
     EXPECT_TRUE(box->hasFocus()) << c.box;
     set(before);
   }
-  card->txtText[9]->SetText("");
+  card->txtText[kMethod]->SetText("");
   EXPECT_FALSE(card->EsteFisaValida());
   EXPECT_EQ(LastPrompt(), "Va rugam selectati tipul de amortizare !");
-  card->txtText[9]->SetText("L");
-  card->DTPicker1[4]->SetDate(card->DTPicker1[2]->Date().value().AddDays(-1));
+  card->txtText[kMethod]->SetText("L");
+  card->DTPicker1[kBlockedFrom]->SetDate(card->DTPicker1[kStart]->Date().value().AddDays(-1));
   EXPECT_FALSE(card->EsteFisaValida());
   EXPECT_EQ(LastPrompt(), "Selectati data de blocare a imobilizarii corect!");
-  card->DTPicker1[4]->SetDate(card->DTPicker1[3]->Date());
+  card->DTPicker1[kBlockedFrom]->SetDate(card->DTPicker1[kEnd]->Date());
   EXPECT_TRUE(card->EsteFisaValida());
-  card->DTPicker1[4]->SetDate(card->DTPicker1[3]->Date().value().AddDays(1));
+  card->DTPicker1[kBlockedFrom]->SetDate(card->DTPicker1[kEnd]->Date().value().AddDays(1));
   EXPECT_FALSE(card->EsteFisaValida());
   EXPECT_EQ(LastPrompt(),
             "Atentie! Nu puteti bloca o imobilizare a carei perioada de amortizare s-a sfarsit!");
@@ -264,17 +268,17 @@ TEST_F(FrmFisaImo, AMethodThatDoesNotFitFallsBackToTheLinearOne) {
   card->CuUzura->setChecked(true);
   EXPECT_EQ(LastPrompt(), "Va rugam completati Durata normala !");
   EXPECT_TRUE(card->Liniara->isChecked());
-  EXPECT_TRUE(card->txtNumar[3]->hasFocus());
-  Type(card->txtNumar[3], "4");
+  EXPECT_TRUE(card->txtNumar[kNormalYears]->hasFocus());
+  Type(card->txtNumar[kNormalYears], "4");
   card->CuUzura->setChecked(true);
   EXPECT_EQ(LastPrompt(), "Nu se calculeaza amortizare degresiva cu uzura pentru 4 ani!");
-  EXPECT_EQ(card->txtText[9]->Text(), "L");
+  EXPECT_EQ(card->txtText[kMethod]->Text(), "L");
   card->FaraUzura->setChecked(true);
   EXPECT_EQ(Boxes(*card, {4, 5, 10}), "4 0,333333333333333 0,375");
   // Typed again, the share is a percentage and the rate that of the whole life.
-  Type(card->txtNumar[3], "5");
+  Type(card->txtNumar[kNormalYears], "5");
   EXPECT_EQ(Boxes(*card, {4, 5, 10}), "5 0,2 30");
-  Type(card->txtNumar[3], "6");
+  Type(card->txtNumar[kNormalYears], "6");
   EXPECT_EQ(LastPrompt(), "Nu se calculeaza amortizare degresiva fara uzura pentru 6 ani!");
   EXPECT_TRUE(card->Liniara->isChecked());
   EXPECT_EQ(Boxes(*card, {4, 5}), "6 0,166666666666667");
@@ -282,73 +286,73 @@ TEST_F(FrmFisaImo, AMethodThatDoesNotFitFallsBackToTheLinearOne) {
 
 TEST_F(FrmFisaImo, WhatCannotBeDerivedIsToldAndTheBoxKeepsItsText) {
   const auto card = Open();
-  Type(card->txtNumar[3], "1");
+  Type(card->txtNumar[kNormalYears], "1");
   EXPECT_EQ(Boxes(*card, {4, 5}), "1 1");
   card->Accelerata->setChecked(true);
   EXPECT_EQ(LastPrompt(), "11 - Division by zero");
   EXPECT_EQ(messages_.shown.back().title, " Accelerata_Click ");
-  EXPECT_EQ(card->txtNumar[5]->Text(), "1");
+  EXPECT_EQ(card->txtNumar[kRate]->Text(), "1");
   company_.Open().Execute("DELETE * FROM I_COEFAD");
-  Type(card->txtNumar[3], "8");
+  Type(card->txtNumar[kNormalYears], "8");
   card->CuUzura->setChecked(true);
   EXPECT_EQ(messages_.shown.back().title, " CuUzura_Click ");
-  Type(card->txtNumar[3], "opt");
+  Type(card->txtNumar[kNormalYears], "opt");
   EXPECT_EQ(messages_.shown.back().title.substr(0, 28), "TxtNumar_lostfocus - Linia 4");
-  EXPECT_EQ(card->txtNumar[3]->Text(), "opt");
+  EXPECT_EQ(card->txtNumar[kNormalYears]->Text(), "opt");
 }
 
 TEST_F(FrmFisaImo, AnOptionChosenAgainDerivesAnewAndTheBoxLeftIsHeardFirst) {
   const auto card = Open();
-  Type(card->txtNumar[3], "5");
+  Type(card->txtNumar[kNormalYears], "5");
   Press(card->FaraUzura);
-  Type(card->txtNumar[3], "4");
+  Type(card->txtNumar[kNormalYears], "4");
   EXPECT_EQ(Boxes(*card, {5, 10}), "0,25 37,5");
   Press(card->FaraUzura);
   EXPECT_EQ(Boxes(*card, {5, 10}), "0,333333333333333 0,375");
   Press(card->Liniara);
-  card->txtNumar[3]->setFocus();
-  card->txtNumar[3]->selectAll();
-  QTest::keyClicks(card->txtNumar[3], "5");
+  card->txtNumar[kNormalYears]->setFocus();
+  card->txtNumar[kNormalYears]->selectAll();
+  QTest::keyClicks(card->txtNumar[kNormalYears], "5");
   Press(card->FaraUzura);
   EXPECT_EQ(Boxes(*card, {4, 5, 10}), "5 0,333333333333333 0,3");
 }
 
 TEST_F(FrmFisaImo, AChoiceThatTheBoxLeftTookBackIsHeardOnce) {
   const auto card = Open();
-  Type(card->txtNumar[3], "8");
-  card->txtNumar[3]->setFocus();
+  Type(card->txtNumar[kNormalYears], "8");
+  card->txtNumar[kNormalYears]->setFocus();
   QTest::mouseClick(card->FaraUzura, Qt::LeftButton, {}, QPoint(8, card->FaraUzura->height() / 2));
   QCoreApplication::processEvents();
   EXPECT_EQ(messages_.shown.size(), 1u);
   EXPECT_EQ(LastPrompt(), "Nu se calculeaza amortizare degresiva fara uzura pentru 8 ani!");
   EXPECT_TRUE(card->Liniara->isChecked());
-  EXPECT_EQ(card->txtText[9]->Text(), "L");
+  EXPECT_EQ(card->txtText[kMethod]->Text(), "L");
   EXPECT_TRUE(card->Frame7->isEnabled());
 }
 
 TEST_F(FrmFisaImo, WhatTheProgramDoesWithTheFocusLeavesNoBox) {
   const auto card = Open();
-  card->txtNumar[3]->setFocus();
-  QTest::keyClick(card->txtNumar[3], Qt::Key_Tab);
+  card->txtNumar[kNormalYears]->setFocus();
+  QTest::keyClick(card->txtNumar[kNormalYears], Qt::Key_Tab);
   QCoreApplication::processEvents();
   EXPECT_EQ(messages_.shown.size(), 1u);
-  EXPECT_TRUE(card->txtNumar[3]->hasFocus());
+  EXPECT_TRUE(card->txtNumar[kNormalYears]->hasFocus());
   Fill(*card);
   messages_.shown.clear();
-  card->txtNumar[3]->setFocus();
-  QTest::keyClick(card->txtNumar[3], Qt::Key_Return);
+  card->txtNumar[kNormalYears]->setFocus();
+  QTest::keyClick(card->txtNumar[kNormalYears], Qt::Key_Return);
   QCoreApplication::processEvents();
   EXPECT_EQ(messages_.shown.size(), 1u) << LastPrompt();
   EXPECT_EQ(LastPrompt(), "Datele au fost salvate cu succes in Imobilizari!");
-  EXPECT_TRUE(card->txtText[0]->hasFocus());
-  EXPECT_EQ(card->DTPicker1[2]->Date(), DateTime(2026, 11, 23));
+  EXPECT_TRUE(card->txtText[kCode]->hasFocus());
+  EXPECT_EQ(card->DTPicker1[kStart]->Date(), DateTime(2026, 11, 23));
   // A date that nothing follows from holds nobody either.
-  card->txtNumar[4]->SetText("abc");
-  card->DTPicker1[0]->setFocus();
-  card->txtNumar[4]->setFocus();
+  card->txtNumar[kRealYears]->SetText("abc");
+  card->DTPicker1[kBought]->setFocus();
+  card->txtNumar[kRealYears]->setFocus();
   QCoreApplication::processEvents();
   EXPECT_EQ(messages_.shown.back().title, " DTPicker1_LostFocus ");
-  EXPECT_TRUE(card->txtNumar[4]->hasFocus());
+  EXPECT_TRUE(card->txtNumar[kRealYears]->hasFocus());
 }
 
 TEST_F(FrmFisaImo, AnAssetThatIsGoneIsToldOnce) {
@@ -360,25 +364,25 @@ TEST_F(FrmFisaImo, AnAssetThatIsGoneIsToldOnce) {
 
 TEST_F(FrmFisaImo, DatesFollowTheOneAbove) {
   const auto card = Open();
-  Type(card->txtNumar[3], "8");
+  Type(card->txtNumar[kNormalYears], "8");
   const auto leave = [&](std::size_t index, const DateTime& date) {
     card->DTPicker1[index]->setFocus();
     card->DTPicker1[index]->SetDate(date);
-    card->txtText[10]->setFocus();
+    card->txtText[kRemarks]->setFocus();
     QCoreApplication::processEvents();
   };
   leave(0, DateTime(2026, 1, 31));
-  EXPECT_EQ(card->DTPicker1[1]->Date(), DateTime(2026, 1, 31));
-  EXPECT_EQ(card->DTPicker1[2]->Date(), DateTime(2026, 2, 1));
-  EXPECT_EQ(card->DTPicker1[3]->Date(), DateTime(2034, 2, 1));
-  EXPECT_EQ(card->DTPicker1[4]->Date(), DateTime(2026, 2, 1));
+  EXPECT_EQ(card->DTPicker1[kInService]->Date(), DateTime(2026, 1, 31));
+  EXPECT_EQ(card->DTPicker1[kStart]->Date(), DateTime(2026, 2, 1));
+  EXPECT_EQ(card->DTPicker1[kEnd]->Date(), DateTime(2034, 2, 1));
+  EXPECT_EQ(card->DTPicker1[kBlockedFrom]->Date(), DateTime(2026, 2, 1));
   leave(2, DateTime(2026, 6, 1));
-  EXPECT_EQ(card->DTPicker1[3]->Date(), DateTime(2034, 6, 1));
-  EXPECT_EQ(card->DTPicker1[1]->Date(), DateTime(2026, 1, 31));
+  EXPECT_EQ(card->DTPicker1[kEnd]->Date(), DateTime(2034, 6, 1));
+  EXPECT_EQ(card->DTPicker1[kInService]->Date(), DateTime(2026, 1, 31));
   card->Faraam->setChecked(true);
   leave(1, DateTime(2026, 5, 5));
-  EXPECT_EQ(card->DTPicker1[2]->Date(), DateTime(2026, 1, 31));
-  EXPECT_EQ(card->DTPicker1[4]->Date(), DateTime(2026, 1, 31));
+  EXPECT_EQ(card->DTPicker1[kStart]->Date(), DateTime(2026, 1, 31));
+  EXPECT_EQ(card->DTPicker1[kBlockedFrom]->Date(), DateTime(2026, 1, 31));
 }
 
 TEST_F(FrmFisaImo, DirectExpenseIsOfLinearAssetsAlone) {
@@ -396,7 +400,7 @@ TEST_F(FrmFisaImo, DirectExpenseIsOfLinearAssetsAlone) {
   EXPECT_FALSE(again->Frame7->isEnabled());
   EXPECT_EQ(Boxes(*again, {13, 14}), "0 0");
   EXPECT_FALSE(again->chkChelt->isChecked());
-  EXPECT_TRUE(again->txtNumar[10]->isEnabled());
+  EXPECT_TRUE(again->txtNumar[kCoef]->isEnabled());
 }
 
 TEST_F(FrmFisaImo, TheListAndTheFieldOfClassesChangeADayApart) {
@@ -425,7 +429,7 @@ TEST_F(FrmFisaImo, TheListAndTheFieldOfClassesChangeADayApart) {
     const int number = company_.AddAsset(
         {{"COD", "1"}, {"COD_GR", "veche"}, {"COD_GR_NOU", "noua"}, {"TIP_AM", "L"}});
     const auto card = Open({false, std::to_string(number)});
-    EXPECT_EQ(card->txtText[1]->Text(), c.today < DateTime(2005, 1, 1) ? "veche" : "noua");
+    EXPECT_EQ(card->txtText[kGroup]->Text(), c.today < DateTime(2005, 1, 1) ? "veche" : "noua");
   }
 }
 
@@ -437,7 +441,7 @@ TEST_F(FrmFisaImo, AFailedRowWritesNoNoteAndLeavesTheCardAsTyped) {
   Press(card->cmdSalvare);
   ASSERT_FALSE(messages_.shown.empty());
   EXPECT_EQ(messages_.shown.back().title, "Salvare");
-  EXPECT_EQ(card->txtText[0]->Text(), "INV1");
+  EXPECT_EQ(card->txtText[kCode]->Text(), "INV1");
   EXPECT_EQ(GetRecordCount("Kv_Linii"), 0);
   company_.Open().Execute("DROP TRIGGER refuza");
 

@@ -167,7 +167,7 @@ TEST_F(FrmImo, TheCardOpensForTheRowSelectedLast) {
   Press(list.cmdModificare);
   ASSERT_EQ(OpenScreens<frmFisaImo>().size(), 1u);
   EXPECT_FALSE(list.bAdaugare);
-  EXPECT_EQ(OpenScreens<frmFisaImo>().front()->txtText[2]->Text(), "Strung 'mic'");
+  EXPECT_EQ(OpenScreens<frmFisaImo>().front()->txtText[text::kName]->Text(), "Strung 'mic'");
 }
 
 TEST_F(FrmImo, ComingBackShowsWhatWasSavedAtTheSamePlace) {
