@@ -144,6 +144,23 @@ TEST_F(NoteContabile, LinesAreNumberedWithinTheirNote) {
   EXPECT_EQ(Numbers(), "1.1 1.2 1.3 2.1 2.2 2.3 3.1 4.1");
 }
 
+TEST_F(NoteContabile, ALineGoesIntoTheFileOfItsConnection) {
+  const TestCompany other;
+  Connection elsewhere = other.Open();
+  note_.AddNota(connection_, false);
+  note_.AddNota(connection_, false);
+  note_.AddNota(elsewhere, false);
+  note_.AddNota(elsewhere, true);
+  note_.AddNota(connection_, true);
+  EXPECT_EQ(Numbers(), "1.1 1.2 2.1") << "the number of the note is the caller's";
+  EXPECT_EQ(other.Rows("SELECT NDI, NRLINIE FROM Kv_Linii ORDER BY NRLINIE"), "1 1 \n1 2 \n");
+  // A connection that was opened when another one had been closed.
+  elsewhere = Connection();
+  elsewhere = other.Open();
+  note_.AddNota(elsewhere, false);
+  EXPECT_EQ(other.Rows("SELECT MAX(NDI) FROM Kv_Linii"), "2 \n");
+}
+
 TEST_F(NoteContabile, ALineThatTheTableRefusesLeavesNothing) {
   note_.Jurnal = "PREALUNG";
   EXPECT_EQ(FailureOf([this] { note_.AddNota(connection_, false); }), kValueNotAccepted);

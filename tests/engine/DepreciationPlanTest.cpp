@@ -139,7 +139,20 @@ TEST(DepreciationPlan, DegressiveOnWhatRemainsThenInEqualParts) {
   EXPECT_EQ(Lei(asset), expected);
   asset.TIP_AM = 'M';
   EXPECT_EQ(Lei(asset), expected);
+  // What the switch year takes of the first phase is rounded before the rest is divided: from
+  // 1 October D = 647 x 0.3 x 9/12 = 146, V = 501, 501/3 x 3/12 + 146 = 187.75.
+  asset.DATA_IN_AM = DateTime(2004, 10, 1);
+  asset.DATA_SF = DateTime(2009, 10, 1);
+  EXPECT_EQ(Lei(asset),
+            "2004: 1000 75 75 925\n"
+            "2005: 925 278 352 647\n"
+            "2006: 647 188 540 459\n"
+            "2007: 459 167 707 292\n"
+            "2008: 292 167 874 125\n"
+            "2009: 125 125 999 0\n");
   // Past a switch that never was, nothing is taken until the last year.
+  asset.DATA_IN_AM = DateTime(2004, 2, 1);
+  asset.DATA_SF = DateTime(2009, 2, 1);
   asset.AD2.reset();
   EXPECT_EQ(Lei(asset),
             "2004: 1000 275 275 725\n"

@@ -200,6 +200,48 @@ TEST_F(AssetSave, AChangeEstimatesTheDepreciationSoFar) {
   EXPECT_EQ(Stored({"DALUNI", "VAL_AMOR_CUMULATA", "VAL_RAMASA"}), "-3 -375 12375");
 }
 
+// One row is changed from method to method: what a method does not write keeps what the one before
+// wrote.
+TEST_F(AssetSave, AChangeWritesWhatTheCardHoldsNow) {
+  pAdaugaImobilizare(Card());
+  const std::int32_t number = Row().Get("NRCRT").AsLong();
+  struct Case {
+    char method;
+    double normal, real;
+    Value coef;
+    const char* expected;
+  };
+  const Case cases[] = {
+      {'A', 5, 4.5, 0.5, "4,5 54 0,5 0 0 01.04.2025 01.04.2026"},
+      {'N', 5, 5, 0.3, "5 60 0,3 3 2 01.04.2025 01.04.2027"},
+      {'M', 12, 9, 0.2, "7 108 0,2 5 2 01.04.2025 01.04.2027"},
+      {'F', 8, 6, 0.9, "7 72 0,2 5 2 10.03.2025 10.03.2025"},
+      {'L', 3, 3, 0.9, "3 36 0,2 5 2 01.04.2025 01.04.2025"},
+  };
+  for (const Case& c : cases) {
+    AssetCard card = Card(c.method, c.normal, c.real, 0.24, c.coef);
+    card.text = {"INV2",  "3.1", "Presa", "PRD", "H1",
+                 "F9",    "8",   "2",     "214", std::string(1, c.method),
+                 "mutata"};
+    card.number[0] = 500.0;
+    card.number[1] = 4.5;
+    card.number[2] = 125.555;
+    card.number[6] = 50.0;
+    card.date = {DateTime(2025, 3, 10), DateTime(2025, 3, 20), DateTime(2025, 4, 1),
+                 DateTime(2030, 4, 1), DateTime(2025, 4, 1)};
+    pModificaImobilizare(card, number);
+    EXPECT_EQ(Stored(kMethodFields), c.expected) << c.method;
+    EXPECT_EQ(Stored({"DNFANI"}), Value(c.normal).AsText());
+  }
+  EXPECT_EQ(Stored({"COD", "COD_GR_NOU", "COD_GR", "DENUMIRE", "COD_CC", "COD_LOC", "DOCUMENT",
+                    "COD_FURNIZOR", "COD_TVA_CUMP", "CONT", "TIP_AM", "OBS1"}),
+            "INV2 3.1 - Presa PRD H1 F9 8 2 214 L mutata");
+  EXPECT_EQ(Stored({"VAL_CUMP", "CURS", "VAL_CUMP_VAL", "COTA_ANUALA", "COTAL_LUNARA", "GRAD_U"}),
+            "500 4,5 125,555 0,24 0,02 50");
+  EXPECT_EQ(Stored({"DATA_ACH", "DATA_PF", "DATA_SF", "DATA_CALCUL", "DALUNI"}),
+            "10.03.2025 20.03.2025 01.04.2030 23.11.2026 19");
+}
+
 TEST_F(AssetSave, TheClassGoesIntoTheFieldOfTheCatalogueInForce) {
   for (const auto& [today, stored] : {std::pair{DateTime(2004, 12, 31), "2.1.16 -"},
                                       {DateTime(2005, 1, 1), "- 2.1.16"},
