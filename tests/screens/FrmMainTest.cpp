@@ -169,24 +169,30 @@ TEST_F(FrmMain, PreluareWritesTheLowerLimits) {
 }
 
 TEST_F(FrmMain, RemembersItsPlaceUnlessMinimised) {
+  const auto kept = [] { return Settings().Get("Settings/MainWidth"); };
+  QSize size;
   {
     frmMain frame;
     EXPECT_EQ(frame.pos(), QPoint(66, 66));
     EXPECT_GE(frame.width(), 433);
+    // Its menu, whose width depends on the fonts, must fit into any size.
+    EXPECT_GE(frame.minimumWidth(), frame.menuBar()->sizeHint().width());
+    size = frame.minimumSize() + QSize(21, 34);
     frame.show();
-    frame.setGeometry(20, 30, 640, 480);
+    frame.setGeometry(QRect(QPoint(20, 30), size));
     frame.close();
   }
-  EXPECT_EQ(Settings().Get("Settings/MainWidth"), "9600");
+  const std::string width = std::to_string(size.width() * 15);
+  EXPECT_EQ(kept(), width);
   {
     frmMain frame;
-    EXPECT_EQ(frame.size(), QSize(640, 480));
+    EXPECT_EQ(frame.size(), size);
     frame.show();
     frame.setWindowState(Qt::WindowMinimized);
-    frame.resize(700, 500);
+    frame.resize(size + QSize(60, 20));
     frame.close();
   }
-  EXPECT_EQ(Settings().Get("Settings/MainWidth"), "9600");
+  EXPECT_EQ(kept(), width);
   // Settings that nobody could have saved.
   Settings().Set("Settings/MainLeft", "-1e30");
   Settings().Set("Settings/MainTop", "sus");

@@ -164,10 +164,12 @@ TEST_F(Login, ADirectoryThatDoesNotServeIsToldWithItsFirstFailure) {
     long number;
     int line;
   };
+  // A folder stands where the registry would: nobody can write it, an administrator neither.
+  const fs::path taken = Program() / "ocupat";
+  fs::create_directories(taken / "Societat.XML");
   for (const Case& c : {Case{"/nu/exista", kPathNotFound, 1}, Case{"", kPathNotFound, 1},
                         Case{(Program() / "Kelnar.mdb").string(), kPathNotFound, 1},
-                        // Not even an administrator can write there.
-                        Case{"/sys", kPermissionDenied, 1}}) {
+                        Case{taken.string(), kPermissionDenied, 1}}) {
     const LoadedCompanies loaded = LoadSocietati(c.directory);
     ASSERT_TRUE(loaded.failure) << c.directory;
     EXPECT_EQ(loaded.failure->Number(), c.number) << c.directory;
