@@ -47,5 +47,6 @@ function(tevra_test name)
   target_link_libraries(${name} PRIVATE tevra_flags ${arg_LINK} GTest::gtest)
   target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <string> <vector>)
   add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+  set_tests_properties(${name} PROPERTIES
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;FONTCONFIG_FILE=${CMAKE_SOURCE_DIR}/tests/fonts.conf")
 endfunction()

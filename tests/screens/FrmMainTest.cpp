@@ -2,7 +2,9 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QtTest>
+#include <algorithm>
 
 #include <gtest/gtest.h>
 
@@ -169,7 +171,9 @@ TEST_F(FrmMain, PreluareWritesTheLowerLimits) {
 }
 
 TEST_F(FrmMain, RemembersItsPlaceUnlessMinimised) {
-  const auto kept = [] { return Settings().Get("Settings/MainWidth"); };
+  const auto kept = [] {
+    return *Settings().Get("Settings/MainWidth") + " x " + *Settings().Get("Settings/MainHeight");
+  };
   QSize size;
   {
     frmMain frame;
@@ -177,13 +181,15 @@ TEST_F(FrmMain, RemembersItsPlaceUnlessMinimised) {
     EXPECT_GE(frame.width(), 433);
     // Its menu, whose width depends on the fonts, must fit into any size.
     EXPECT_GE(frame.minimumWidth(), frame.menuBar()->sizeHint().width());
-    size = frame.minimumSize() + QSize(21, 34);
+    const int room = frame.screen()->availableGeometry().width() - frame.minimumWidth() - 8;
+    size = frame.minimumSize() + QSize(std::clamp(room, 0, 21), 34);
     frame.show();
     frame.setGeometry(QRect(QPoint(20, 30), size));
     frame.close();
   }
-  const std::string width = std::to_string(size.width() * 15);
-  EXPECT_EQ(kept(), width);
+  const std::string twips =
+      std::to_string(size.width() * 15) + " x " + std::to_string(size.height() * 15);
+  EXPECT_EQ(kept(), twips);
   {
     frmMain frame;
     EXPECT_EQ(frame.size(), size);
@@ -192,7 +198,7 @@ TEST_F(FrmMain, RemembersItsPlaceUnlessMinimised) {
     frame.resize(size + QSize(60, 20));
     frame.close();
   }
-  EXPECT_EQ(kept(), width);
+  EXPECT_EQ(kept(), twips);
   // Settings that nobody could have saved.
   Settings().Set("Settings/MainLeft", "-1e30");
   Settings().Set("Settings/MainTop", "sus");
