@@ -7,7 +7,8 @@
 
 namespace tevra {
 
-/// For other programs: numbers with a decimal point and all their digits, dates as 2006-12-31 (with
+/// For other programs: numbers with a decimal point and all their digits, never with an
+/// exponent, dates as 2006-12-31 (with
 /// their time of day, if any), Null empty, other values as they read, quoted where they must be.
 std::string CsvCellOf(const Value& value);
 

@@ -1,7 +1,10 @@
 // Values and their conversions.
 
+#include <cfloat>
+#include <cstdlib>
 #include <tuple>
 
+#include "platform/data/CsvCell.h"
 #include "tests/data/DataTest.h"
 
 namespace tevra {
@@ -61,6 +64,17 @@ TEST(ValueTest, ADeclaredTypeIsReadWholeOrNotAtAll) {
   for (const auto& declared :
        Parts("|TEXT|TEXT()|TEXT(0)|TEXT(-1)|TEXT(5|TEXT(5x)|BLOB|TEXT(99999999999)")) {
     EXPECT_FALSE(ParseDeclaredType(declared, field)) << declared;
+  }
+}
+
+TEST(ValueTest, ACsvCellHasAllDigitsAndNoExponent) {
+  EXPECT_EQ(CsvCellOf(300000.0), "300000");
+  EXPECT_EQ(CsvCellOf(-0.00001), "-0.00001");
+  EXPECT_EQ(CsvCellOf(-0.0), "0");
+  for (const double number : {DBL_MAX, -DBL_TRUE_MIN, 1.0 / 3, 1e22}) {
+    const std::string text = CsvCellOf(number);
+    EXPECT_EQ(text.find('e'), std::string::npos);
+    EXPECT_EQ(std::strtod(text.c_str(), nullptr), number);
   }
 }
 
