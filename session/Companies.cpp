@@ -5,11 +5,14 @@
 #include "platform/data/CompanyFile.h"
 #include "platform/data/Connection.h"
 #include "platform/system/FolderLock.h"
+#include "platform/system/MessageBox.h"
 #include "platform/system/Paths.h"
 #include "platform/text/FailureText.h"
 #include "platform/text/Strings.h"
 #include "session/ApplicationFiles.h"
+#include "session/CompanyFiles.h"
 #include "session/DatabaseFiles.h"
+#include "session/KeptFile.h"
 #include "session/Login.h"
 #include "session/Module1.h"
 
@@ -32,6 +35,127 @@ std::optional<SoleUse> AloneWith(const fs::path& file) {
     if (failure.Number() == kPermissionDenied) throw;
     return std::nullopt;
   }
+}
+
+// An own failure before anything is entered: what is taken over must open as a company of ours.
+void RequireCompany(const std::string& directory, const std::string& database) {
+  CheckCompanyFile(FileIn(directory, database));
+  Connection company(CompanyConnectionString(directory, database));
+  company.QueryValue("SELECT COUNT(*) FROM kv_info");
+  company.QueryValue("SELECT COUNT(*) FROM UTILIZATORI");
+}
+
+void RequirePlace(const std::string& directory, const Company& company, ExistingFile existing) {
+  const fs::path file = FileIn(directory, company.numeBd);
+  const bool stands = fs::exists(fs::symlink_status(file));
+  if (existing == ExistingFile::kRefuse && stands) {
+    throw Failure(
+        kFileExists,
+        "Fisierul \"" + file.string() + "\" exista deja ! Adaugarea nu se poate efectua !",
+        file.string());
+  }
+  if (existing == ExistingFile::kTakeOver) RequireCompany(directory, company.numeBd);
+}
+
+// Shorter than in the registry.
+void WriteName(const std::string& connectionString, const std::string& name) {
+  constexpr std::size_t kLongest = 35;
+  Connection company(connectionString);
+  company.Execute("UPDATE kv_info SET DENUMIRE = ?", {Left(Trim(name), kLongest)});
+}
+
+void MakeDatabase(const std::string& directory, const Company& company) {
+  CreateDatabase(directory, company.numeBd,
+                 [&](const std::string& copy) { WriteName(copy, company.denumire); });
+}
+
+// Opening a file that is no company's could cost it the files beside it.
+void RequireUnused(const fs::path& file) {
+  try {
+    CheckCompanyFile(file);
+  } catch (const Failure&) {
+    return;
+  }
+  AloneWith(file);
+}
+
+// A new database in the place of a file, which comes back when `enter` fails.
+void ReplaceDatabase(const std::string& directory, const Company& company,
+                     const std::function<void()>& enter) {
+  const fs::path file = FileIn(directory, company.numeBd);
+  std::optional<KeptFile> before;
+  if (fs::is_regular_file(file)) {
+    RequireUnused(file);
+    before.emplace(file);
+  }
+  MakeDatabase(directory, company);
+  try {
+    enter();
+  } catch (...) {
+    if (before) before->PutBack();
+    throw;
+  }
+  if (before) before->Keep();
+}
+
+// Where there is no name, or one that no registry can hold, the company gets that of its file.
+std::string NameOf(const std::string& directory, const std::string& database) {
+  const std::string name = NameInFile(paths::Resolve(directory), database);
+  try {
+    CompanyRegistry::CheckName(name);
+    return name;
+  } catch (const Failure&) {
+    return database;
+  }
+}
+
+int EnterFiles(CompanyRegistry& registry, const std::string& directory) {
+  int entered = 0;
+  for (Company& company : CompanyFilesIn(paths::Resolve(directory))) {
+    if (registry.Find(company.cod) || registry.Names(company.numeBd)) continue;
+    company.denumire = NameOf(directory, company.numeBd);
+    registry.Add(company);
+    ++entered;
+  }
+  return entered;
+}
+
+// The caller holds the folder's lock.
+void Enter(CompanyRegistry& registry, const std::string& directory, Company& company,
+           ExistingFile existing) {
+  FilesMade made;
+  made.Watch(registry.File());
+  made.Watch(FileIn(directory, "Kelnar.mdb"));
+  registry.Refresh();
+  RequireNobodysDatabase(registry, company);
+  // A code that is taken is refused as such when the row is added.
+  if (!registry.Find(company.cod)) RequirePlace(directory, company, existing);
+  if (existing == ExistingFile::kTakeOver && Trim(company.denumire).empty()) {
+    company.denumire = NameOf(directory, company.numeBd);
+  }
+  // A registry that cannot be written must show before a database is made or replaced.
+  registry.Save();
+  registry.Add(company);
+  made.Watch(FileIn(directory, company.numeBd));
+  const auto save = [&] { registry.Save(); };
+  try {
+    switch (existing) {
+      case ExistingFile::kRefuse:
+        MakeDatabase(directory, company);
+        save();
+        break;
+      case ExistingFile::kTakeOver:
+        save();
+        break;
+      case ExistingFile::kReplace:
+        ReplaceDatabase(directory, company, save);
+        break;
+    }
+  } catch (...) {
+    registry.Remove({company.cod, Trim(company.denumire), company.numeBd});
+    throw;
+  }
+  made.Keep();
 }
 
 void RemoveDatabase(const fs::path& file) {
@@ -62,27 +186,71 @@ void CreateDatabase(const std::string& directory, const std::string& database,
   made.Keep();
 }
 
+bool DatabaseStands(const std::string& directory, const std::string& code) {
+  return fs::exists(fs::symlink_status(FileIn(directory, DatabaseOf(code))));
+}
+
+std::optional<ExistingFile> AskAboutExistingFile(const std::string& directory,
+                                                 const std::string& code) {
+  if (!DatabaseStands(directory, code)) return ExistingFile::kRefuse;
+  const std::string name = NameInFile(paths::Resolve(directory), DatabaseOf(code));
+  const long answer =
+      MsgBoxEx("Baza de date " + DatabaseOf(code) + (name.empty() ? "" : " (" + name + ")") +
+                   " exista deja in director !\nO preluati asa cum este, sau o inlocuiti cu una "
+                   "noua ?\nCea inlocuita se pastreaza in directorul " +
+                   kBackupFolder + ".",
+               kYesNoCancel | kQuestion | 2 * kDefaultStep, "Adaugare societate", 0,
+               {"Preluare", "Inlocuire", "Renuntare", ""});
+  if (answer == kYes) return ExistingFile::kTakeOver;
+  if (answer == kNo) return ExistingFile::kReplace;
+  return std::nullopt;
+}
+
 void AdaugaSocietate(CompanyRegistry& registry, const std::string& directory,
-                     const std::string& code, const std::string& name) {
+                     const std::string& code, const std::string& name, ExistingFile existing) {
   const FolderLock alone(paths::Resolve(directory));
-  const Company company{UCase(code), name, DatabaseOf(code)};
-  FilesMade made;
-  made.Watch(registry.File());
-  made.Watch(FileIn(directory, "Kelnar.mdb"));
-  registry.Refresh();
-  RequireNobodysDatabase(registry, company);
-  // A registry that cannot be written must show before a left-over database is overwritten.
-  registry.Save();
-  registry.Add(company);
-  made.Watch(FileIn(directory, company.numeBd));
-  try {
-    CreateDatabase(directory, company.numeBd);
-    registry.Save();
-  } catch (...) {
-    registry.Remove({company.cod, Trim(company.denumire), company.numeBd});
-    throw;
+  Company company{UCase(code), name, DatabaseOf(code)};
+  Enter(registry, directory, company, existing);
+}
+
+Company AdaugaSocietate(const std::string& directory, const std::string& code,
+                        const std::string& name, ExistingFile existing) {
+  const FolderLock alone(paths::Resolve(directory));
+  Company company{UCase(code), name, DatabaseOf(code)};
+  const bool first = !CompanyRegistry::Exists(directory);
+  CompanyRegistry registry =
+      first ? CompanyRegistry::Empty(directory) : CompanyRegistry::Load(directory);
+  // All but the file that is to become this company's.
+  if (first) {
+    EnterFiles(registry, directory);
+    if (const auto same = registry.Find(company.cod)) registry.Remove(*same);
   }
-  made.Keep();
+  Enter(registry, directory, company, existing);
+  return company;
+}
+
+int RebuildRegistry(const std::string& directory) {
+  const FolderLock alone(paths::Resolve(directory));
+  std::optional<KeptFile> damaged;
+  const auto load = [&]() -> CompanyRegistry {
+    if (!CompanyRegistry::Exists(directory)) return CompanyRegistry::Empty(directory);
+    try {
+      return CompanyRegistry::Load(directory);
+    } catch (const Failure&) {
+      CompanyRegistry empty = CompanyRegistry::Empty(directory);
+      damaged.emplace(empty.File());
+      return empty;
+    }
+  };
+  CompanyRegistry registry = load();
+  const int entered = EnterFiles(registry, directory);
+  // Nobody could choose anything from an empty list.
+  if (registry.Companies().empty()) {
+    throw Failure(kFileNotFound, "Nu exista baze de date ale unor societati in " + directory);
+  }
+  if (entered > 0) registry.Save();
+  if (damaged) damaged->Keep();
+  return entered;
 }
 
 void StergeSocietate(CompanyRegistry& registry, const std::string& directory,
@@ -101,7 +269,7 @@ void StergeSocietate(CompanyRegistry& registry, const std::string& directory,
   doomed = doomed && !registry.Names(database);
   bool written = false;
   try {
-    // First: a database without its row is overwritten when the company is added again, a row
+    // First: a database without its row can be taken over when the company is added again, a row
     // without its database would promise what is gone.
     registry.Save();
     written = true;

@@ -1,5 +1,6 @@
 #include "session/Login.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "platform/system/FolderLock.h"
@@ -10,6 +11,7 @@
 #include "platform/text/Strings.h"
 #include "session/ApplicationFiles.h"
 #include "session/Companies.h"
+#include "session/CompanyFiles.h"
 #include "session/Module1.h"
 #include "session/OlderFiles.h"
 #include "session/Session.h"
@@ -34,13 +36,22 @@ bool HasRows(const std::string& sql, const Values& params) {
   return !OpenRecordset(sql, params).Eof();
 }
 
-void MakeRegistry(const std::string& directory) {
-  if (CompanyRegistry::Exists(directory)) return;
+// True when the default registry was written.
+bool MakeRegistry(const std::string& directory) {
+  if (CompanyRegistry::Exists(directory)) return false;
   if (HasOlderRegistry(directory)) {
     ConvertOlderRegistry(directory);
-  } else {
-    CompanyRegistry::WriteDefault(directory);
+    return false;
   }
+  CompanyRegistry::WriteDefault(directory);
+  return true;
+}
+
+bool ListsNotAll(const std::optional<CompanyRegistry>& registry, const std::string& directory) {
+  const std::vector<Company> files = CompanyFilesIn(paths::Resolve(directory));
+  return std::any_of(files.begin(), files.end(), [&](const Company& file) {
+    return !registry || (!registry->Find(file.cod) && !registry->Names(file.numeBd));
+  });
 }
 
 // A ";" would end the path in a connection string: nothing is made where nothing can be opened.
@@ -123,10 +134,11 @@ LoadedCompanies LoadSocietati(const std::string& directory) {
   Steps steps(loaded);
   // Two programs that start at once must not both convert what is older.
   std::optional<FolderLock> alone;
+  bool isNew = false;
   steps.Run(kFindRegistry, [&] {
     RequirePlainDirectory(directory);
     alone.emplace(paths::Resolve(directory));
-    MakeRegistry(directory);
+    isNew = MakeRegistry(directory);
   });
   steps.Run(kOpenRegistry, [&] { loaded.registry = CompanyRegistry::Load(directory); });
   if (loaded.registry) {
@@ -136,6 +148,11 @@ LoadedCompanies LoadSocietati(const std::string& directory) {
     });
   }
   steps.Run(kMakeFirst, [&] { MakeFirstCompany(directory); });
+  // A registry that somebody keeps may leave companies out on purpose.
+  const bool suspect = !loaded.registry || loaded.registry->Companies().empty() || isNew;
+  if (alone && suspect) {
+    steps.Run(kMakeFirst, [&] { loaded.rebuildable = ListsNotAll(loaded.registry, directory); });
+  }
   return loaded;
 }
 

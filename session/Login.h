@@ -26,6 +26,9 @@ struct LoadedCompanies {
   std::optional<CompanyRegistry> registry;
   std::optional<Failure> failure;
   int line = 0;
+  /// The registry is damaged, has no company, or was not there, and company files lie in the
+  /// directory that it does not list: RebuildRegistry would enter them.
+  bool rebuildable = false;
 };
 
 /// Lists the companies of a directory: writes the registry where there is none (from the older

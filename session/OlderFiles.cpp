@@ -9,6 +9,7 @@
 #include "platform/text/Strings.h"
 #include "session/DatabaseFiles.h"
 #include "session/DbfTable.h"
+#include "session/KeptFile.h"
 #include "session/Module1.h"
 
 namespace fs = std::filesystem;
@@ -58,11 +59,15 @@ std::string ChangeDatabase(const CompanyRegistry& registry, const std::string& d
   const std::string name = "Kelnar" + code + ".MDB";
   if (registry.Names(name))
     throw Failure(kFileExists, name + " este baza de date a altei societati");
-  OverwriteWithCopy(FileIn(directory, olderName), FileIn(directory, name),
-                    [](const fs::path& copy) {
-                      Connection connection = OpenOlder(copy);
-                      SetFilePassword(connection, kFilePassword);
-                    });
+  // It may hold newer work, where the registry that named it was lost.
+  const fs::path target = FileIn(directory, name);
+  std::optional<KeptFile> before;
+  if (fs::is_regular_file(target)) before.emplace(target);
+  OverwriteWithCopy(FileIn(directory, olderName), target, [](const fs::path& copy) {
+    Connection connection = OpenOlder(copy);
+    SetFilePassword(connection, kFilePassword);
+  });
+  if (before) before->Keep();
   return name;
 }
 

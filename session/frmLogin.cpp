@@ -10,8 +10,10 @@
 #include "platform/forms/Pictures.h"
 #include "platform/system/Desktop.h"
 #include "platform/system/MessageBox.h"
+#include "platform/system/Paths.h"
 #include "platform/text/Strings.h"
 #include "session/ApplicationFiles.h"
+#include "session/Companies.h"
 #include "session/Login.h"
 #include "session/Module1.h"
 #include "session/Session.h"
@@ -158,6 +160,11 @@ void frmLogin::showEvent(QShowEvent* event) {
 }
 
 void frmLogin::LoadSocietati() {
+  if (ShowSocietati()) RebuildSocietati();
+}
+
+// True where the list could be made from the company files.
+bool frmLogin::ShowSocietati() {
   LoadedCompanies loaded = tevra::LoadSocietati(CurrentSession().databasesPath);
   registry_ = std::move(loaded.registry);
   CurrentSession().selectedDatabase.clear();
@@ -173,6 +180,22 @@ void frmLogin::LoadSocietati() {
                  " : Eroare in deschidere Societat.dbf ! Linia: " + std::to_string(loaded.line),
              kCritical);
   }
+  return loaded.rebuildable;
+}
+
+void frmLogin::RebuildSocietati() {
+  const long answer = MsgBoxEx(
+      "In director exista baze de date ale unor societati care nu sunt in lista !\nDoriti sa "
+      "refaceti lista societatilor din aceste baze de date ?\nO lista deteriorata se pastreaza in "
+      "directorul Salv_Tevra.",
+      kYesNo | kQuestion | kDefaultStep, "Lista societatilor");
+  if (answer != kYes) return;
+  Run("RebuildRegistry", [this](Procedure& procedure) {
+    procedure.line = 1;
+    RebuildRegistry(CurrentSession().databasesPath);
+    procedure.line = 2;
+    ShowSocietati();
+  });
 }
 
 void frmLogin::TDBGrid1_RowColChange() {
@@ -192,8 +215,10 @@ bool frmLogin::IsDatabaseName(const std::string& name) const {
 
 void frmLogin::cmdCauta_Click() {
   const std::string& path = CurrentSession().databasesPath;
-  const auto chosen = AskOpenFile({"Select Database", "KELNAR.MDB|*MDB",
-                                   path.empty() ? ApplicationDirectory().string() : path});
+  // The machine's own spelling: a dialog that does not know "\\" would open the folder above.
+  const auto chosen =
+      AskOpenFile({"Select Database", "KELNAR.MDB|*MDB",
+                   (path.empty() ? ApplicationDirectory() : paths::Resolve(path)).string()});
   if (chosen) {
     const std::string name = BareName(*chosen);
     if (chosen->find(';') != std::string::npos) {

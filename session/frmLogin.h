@@ -8,8 +8,8 @@
 #include <string>
 
 #include "platform/forms/Boxes.h"
-#include "platform/grid/DataGrid.h"
 #include "platform/forms/Form.h"
+#include "platform/grid/DataGrid.h"
 #include "session/CompanyRegistry.h"
 
 namespace tevra {
@@ -43,6 +43,8 @@ class frmLogin : public Form {
   void Form_Load();
   void ShowDirectory();
   void LoadSocietati();
+  bool ShowSocietati();
+  void RebuildSocietati();
   void TDBGrid1_RowColChange();
   void cmdCauta_Click();
   bool IsDatabaseName(const std::string& name) const;

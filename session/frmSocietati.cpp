@@ -124,9 +124,15 @@ void frmSocietati::cmdAdauga_Click() {
     return;
   }
   const bool added = Run("AdaugaSocietate", [&](Procedure& procedure) {
+    const std::string& directory = CurrentSession().databasesPath;
+    procedure.line = 1;
+    const auto existing = AskAboutExistingFile(directory, code);
+    there = !existing;
+    if (there) return;
     procedure.line = 2;
-    AdaugaSocietate(*registry_, CurrentSession().databasesPath, code, name);
+    AdaugaSocietate(*registry_, directory, code, name, *existing);
   });
+  if (there) return;
   ShowRegistry(added ? UCase(code) : Selected().cod);
   if (!added) return;
   txtCod->clear();

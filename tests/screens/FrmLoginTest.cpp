@@ -10,6 +10,7 @@
 #include "session/ApplicationFiles.h"
 #include "session/CompanyRegistry.h"
 #include "session/Login.h"
+#include "session/Module1.h"
 #include "session/Session.h"
 #include "session/frmLogin.h"
 #include "tests/Hostile.h"
@@ -168,15 +169,55 @@ TEST_F(FrmLogin, ADamagedRegistryIsToldAndStays) {
        {Registry().substr(0, Registry().size() / 2), std::string("<html/>"), std::string()}) {
     WriteFile(company_.Directory() / "Societat.XML", content);
     messages_.shown.clear();
+    messages_.answers = {kOk, kNo};
     frmLogin screen;
     screen.show();
-    ASSERT_EQ(messages_.shown.size(), 1u);
+    ASSERT_EQ(messages_.shown.size(), 2u);
     EXPECT_NE(messages_.shown[0].prompt.find(kTold), std::string::npos);
     EXPECT_EQ(messages_.shown[0].buttons, kCritical);
+    const long question = messages_.shown[1].buttons;
+    EXPECT_EQ(ButtonsOf(question).at(DefaultButton(question)).answer, kNo);
     LogIn(screen, "admin", "1");
     EXPECT_EQ(messages_.shown.back().prompt, "Va rugam selectati o societate !");
     EXPECT_EQ(Registry(), content);
   }
+}
+
+TEST_F(FrmLogin, ALostListIsMadeFromTheDatabasesWhenAsked) {
+  const auto directory = company_.Directory();
+  std::filesystem::copy_file(company_.File(), directory / "Kelnar02.mdb");
+  Connection(CompanyConnectionString(directory.string(), "Kelnar02.mdb"))
+      .Execute("UPDATE kv_info SET DENUMIRE = 'Moara SRL'");
+  std::string empty = Registry();
+  const std::size_t row = empty.find("\t<z:row");
+  empty.erase(row, empty.find('\n', row) + 1 - row);
+  const auto damage = [&](const std::string& content) {
+    std::filesystem::remove(directory / "Societat.XML");
+    if (!content.empty()) WriteFile(directory / "Societat.XML", content);
+  };
+  // Damaged, without companies, and gone: then the default one lists company 01 alone.
+  for (const auto& [content, answers] : std::vector<std::pair<std::string, std::vector<long>>>{
+           {"<xml>", {kOk, kYes}}, {empty, {kYes}}, {"", {kYes}}}) {
+    damage(content);
+    messages_.shown.clear();
+    messages_.answers = answers;
+    frmLogin screen;
+    screen.show();
+    EXPECT_EQ(messages_.shown.size(), answers.size()) << content;
+    EXPECT_EQ(screen.TDBGrid1->View()->model()->rowCount(), 2) << content;
+    const auto companies = CompanyRegistry::Load(directory.string()).Companies();
+    ASSERT_EQ(companies.size(), 2u) << content;
+    EXPECT_EQ(companies[1], (Company{"02", "Moara SRL", "Kelnar02.mdb"}));
+    LogIn(screen, "admin", "1");
+    EXPECT_TRUE(screen.LoginSucceeded());
+  }
+  EXPECT_EQ(NamesIn(directory / "Salv_Tevra").size(), 1u);
+  // A list that somebody keeps is not asked about, whatever it leaves out.
+  damage("");
+  CompanyRegistry::WriteDefault(directory.string());
+  messages_.shown.clear();
+  frmLogin screen;
+  EXPECT_TRUE(messages_.shown.empty());
 }
 
 TEST_F(FrmLogin, TheRowChosenIsTheCompanyOpened) {
@@ -210,6 +251,7 @@ TEST_F(FrmLogin, AnotherDirectoryIsChosenByItsTemplateOrDatabase) {
   QTest::mouseClick(screen.cmdCauta, Qt::LeftButton);
   EXPECT_EQ(asked.title, "Select Database");
   EXPECT_EQ(asked.filter, "KELNAR.MDB|*MDB");
+  EXPECT_EQ(asked.directory, company_.Directory().string());
   EXPECT_TRUE(messages_.shown.empty());
   // The current row's database counts; that of company 01 by itself does not.
   chosen = (other.Path() / "Altceva.mdb").string();

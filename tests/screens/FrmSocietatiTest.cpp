@@ -37,7 +37,6 @@ class FrmSocietati : public ::testing::Test {
 };
 
 TEST_F(FrmSocietati, AddsACompanyFromTheTemplateUnderItsCodeInCapitals) {
-  WriteFile(company_.Directory() / "KelnarA2.mdb", "ramas de la alta societate");
   frmSocietati screen;
   screen.show();
   Add(screen, "a2", "  Brutaria 'La Ion' ");
@@ -47,6 +46,36 @@ TEST_F(FrmSocietati, AddsACompanyFromTheTemplateUnderItsCodeInCapitals) {
   EXPECT_EQ(screen.TDBGrid1->ColumnText(0), "A2");
   Connection file(CompanyConnectionString(company_.Directory().string(), "KelnarA2.mdb"));
   EXPECT_EQ(file.QueryValue("SELECT NUME FROM UTILIZATORI"), Value("admin"));
+}
+
+TEST_F(FrmSocietati, ADatabaseInTheWayIsAskedAbout) {
+  company_.Open().Execute("UPDATE kv_info SET DENUMIRE = 'Veche SA'");
+  for (const char* name : {"Kelnar02.mdb", "Kelnar03.mdb"}) {
+    std::filesystem::copy_file(company_.File(), company_.Directory() / name);
+  }
+  frmSocietati screen;
+  screen.show();
+  messages_.answers = {kCancel, kYes, kNo};
+  Add(screen, "02", "Doi");
+  ASSERT_EQ(messages_.shown.size(), 1u);
+  const MessageRequest& question = messages_.shown[0];
+  EXPECT_EQ(question.prompt.rfind("Baza de date Kelnar02.mdb (Veche SA) exista deja", 0), 0u);
+  EXPECT_EQ(question.captions[0] + question.captions[1] + question.captions[2],
+            "PreluareInlocuireRenuntare");
+  EXPECT_EQ(ButtonsOf(question.buttons).at(DefaultButton(question.buttons)).answer, kCancel);
+  EXPECT_EQ(Registered().size(), 1u);
+  EXPECT_EQ(screen.txtCod->Text(), "02") << "what was typed stays";
+  Add(screen, "02", "Doi");
+  Add(screen, "03", "Trei");
+  EXPECT_EQ(messages_.shown.size(), 3u);
+  EXPECT_EQ(Registered().size(), 3u);
+  const auto nameIn = [&](const char* database) {
+    Connection file(CompanyConnectionString(company_.Directory().string(), database));
+    return file.QueryValue("SELECT DENUMIRE FROM kv_info").TextOrEmpty();
+  };
+  EXPECT_EQ(nameIn("Kelnar02.mdb"), "Veche SA");
+  EXPECT_EQ(nameIn("Kelnar03.mdb"), "Trei");
+  EXPECT_TRUE(HasFile("Salv_Tevra"));
 }
 
 TEST_F(FrmSocietati, RefusalsInTheirWords) {

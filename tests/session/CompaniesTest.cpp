@@ -1,5 +1,7 @@
 // Companies made and deleted in their directory, with the registry.
 #include "platform/data/CompanyFile.h"
+#include "platform/system/Clock.h"
+#include "platform/text/Strings.h"
 #include "session/ApplicationFiles.h"
 #include "session/Companies.h"
 #include "session/Module1.h"
@@ -89,20 +91,93 @@ TEST_F(Companies, TakeTheProgramsTemplateWhereThereIsNoneOrAnOlderOne) {
                     [&] { AdaugaSocietate(registry, Directory(), "04", "A patra"); });
 }
 
-TEST_F(Companies, ALeftOverFileIsOverwrittenWhateverItIs) {
+TEST_F(Companies, AFileInTheWayIsOnlyReplacedWhenAskedAndKept) {
+  clock::Set(DateTime(2026, 11, 23, 17, 45, 10));
   CompanyRegistry registry = Load();
+  const std::string damaged = Content(company_.File()).substr(0, 5000);
   fs::copy_file(company_.File(), At("KELNAR02.mdb"));
   WriteFile(At("Kelnar03.mdb"), "nu este o societate");
   WriteFile(At("Kelnar03.mdb-wal"), "a ramas");
   WriteFile(At("Kelnar04.mdb"), "");
-  WriteFile(At("Kelnar05.mdb"), Content(company_.File()).substr(0, 5000));
+  WriteFile(At("Kelnar05.mdb"), damaged);
   for (const char* code : {"02", "03", "04", "05"}) {
-    AdaugaSocietate(registry, Directory(), code, "Noua");
+    ExpectNothingDone(registry, kFileExists, "exista deja ! Adaugarea nu se poate efectua !",
+                      [&] { AdaugaSocietate(registry, Directory(), code, "Noua"); });
+    AdaugaSocietate(registry, Directory(), code, "Noua", ExistingFile::kReplace);
     EXPECT_FALSE(fs::exists(At(DatabaseOf(code) + "-wal"))) << code;
     EXPECT_EQ(UserOf(DatabaseOf(code)), "admin") << code;
   }
   EXPECT_TRUE(fs::exists(At("KELNAR02.mdb"))) << "a file keeps its spelling";
   EXPECT_FALSE(fs::exists(At("Kelnar02.mdb")));
+  const fs::path kept = At("Salv_Tevra");
+  EXPECT_EQ(NamesIn(kept),
+            (std::vector<std::string>{"Inlocuit_KELNAR02_23.11.2026_17.45.10.mdb",
+                                      "Inlocuit_Kelnar03_23.11.2026_17.45.10.mdb",
+                                      "Inlocuit_Kelnar03_23.11.2026_17.45.10.mdb-wal",
+                                      "Inlocuit_Kelnar04_23.11.2026_17.45.10.mdb",
+                                      "Inlocuit_Kelnar05_23.11.2026_17.45.10.mdb"}));
+  EXPECT_EQ(UserOf("Salv_Tevra\\Inlocuit_KELNAR02_23.11.2026_17.45.10.mdb"), "vechi");
+  EXPECT_TRUE(Content(kept / "Inlocuit_Kelnar05_23.11.2026_17.45.10.mdb") == damaged);
+  // A second one of the same moment takes no name that is taken.
+  StergeSocietate(registry, Directory(), RowOf(registry, "02"));
+  fs::copy_file(company_.File(), At("KELNAR02.mdb"));
+  AdaugaSocietate(registry, Directory(), "02", "Iar", ExistingFile::kReplace);
+  EXPECT_TRUE(fs::exists(kept / "Inlocuit_KELNAR02_23.11.2026_17.45.10_2.mdb"));
+  clock::Reset();
+}
+
+TEST_F(Companies, WhatWaitsInASideFileIsKeptToo) {
+  CompanyRegistry registry = Load();
+  {
+    // As a program leaves it that is killed at its work.
+    Connection user = company_.Open();
+    user.Execute("UPDATE UTILIZATORI SET NUME = 'nou'");
+    ASSERT_TRUE(fs::exists(At("Kelnar01.mdb-wal")));
+    for (const char* ending : {"", "-wal"}) {
+      fs::copy_file(At(std::string("Kelnar01.mdb") + ending),
+                    At(std::string("Kelnar02.mdb") + ending));
+    }
+  }
+  AdaugaSocietate(registry, Directory(), "02", "Noua", ExistingFile::kReplace);
+  const std::vector<std::string> kept = NamesIn(At("Salv_Tevra"));
+  ASSERT_EQ(kept.size(), 1U);
+  EXPECT_EQ(UserOf("Salv_Tevra\\" + kept[0]), "nou");
+  EXPECT_EQ(UserOf("Kelnar02.mdb"), "admin");
+}
+
+TEST_F(Companies, ADatabaseIsTakenOverAsItIs) {
+  CompanyRegistry registry = Load();
+  company_.Open().Execute("UPDATE kv_info SET DENUMIRE = 'Numele din baza', VERSIUNE = 7");
+  for (const char* code : {"02", "03"}) fs::copy_file(company_.File(), At(DatabaseOf(code)));
+  const std::string before = Content(At("Kelnar02.mdb"));
+  AdaugaSocietate(registry, Directory(), "02", " Numele meu ", ExistingFile::kTakeOver);
+  AdaugaSocietate(registry, Directory(), "03", "", ExistingFile::kTakeOver);
+  EXPECT_TRUE(Content(At("Kelnar02.mdb")) == before);
+  EXPECT_EQ(Load().Find("02")->denumire, "Numele meu");
+  EXPECT_EQ(Load().Find("03")->denumire, "Numele din baza");
+  EXPECT_FALSE(fs::exists(At("Salv_Tevra")));
+  WriteFile(At("Kelnar04.mdb"), "nu este o societate");
+  Connection odd(CompanyConnectionString(Directory(), "Kelnar03.mdb"));
+  odd.Execute("DROP TABLE UTILIZATORI");
+  odd.Close();
+  StergeSocietate(registry, Directory(), RowOf(registry, "02"));
+  fs::rename(At("Kelnar03.mdb"), At("Kelnar05.mdb"));
+  for (const char* code : {"02", "04"}) {
+    ExpectNothingDone(registry, kDatabaseNotOpened, DatabaseOf(code), [&] {
+      AdaugaSocietate(registry, Directory(), code, "Nume", ExistingFile::kTakeOver);
+    });
+  }
+  ExpectNothingDone(registry, kStatementError, "UTILIZATORI", [&] {
+    AdaugaSocietate(registry, Directory(), "05", "Nume", ExistingFile::kTakeOver);
+  });
+}
+
+TEST_F(Companies, ANewOneKnowsItsName) {
+  CompanyRegistry registry = Load();
+  const std::string name = "Întreprinderea de construcții și montaj Dâmbovița";
+  AdaugaSocietate(registry, Directory(), "02", " " + name);
+  EXPECT_EQ(Open("Kelnar02.mdb").QueryValue("SELECT DENUMIRE FROM kv_info").AsText(),
+            Left(name, 35));
 }
 
 TEST_F(Companies, WhatCannotBeMadeLeavesEverythingAsItWas) {
@@ -112,7 +187,9 @@ TEST_F(Companies, WhatCannotBeMadeLeavesEverythingAsItWas) {
   registry.Save();
   fs::create_directory(At("Kelnar03.mdb"));
   const auto add = [&](const char* code, const char* name) {
-    return [&registry, code, name, this] { AdaugaSocietate(registry, Directory(), code, name); };
+    return [&registry, code, name, this] {
+      AdaugaSocietate(registry, Directory(), code, name, ExistingFile::kReplace);
+    };
   };
   {
     Connection user = Open("Kelnar02.mdb");
@@ -124,13 +201,33 @@ TEST_F(Companies, WhatCannotBeMadeLeavesEverythingAsItWas) {
   ExpectNothingDone(registry, 457, "01", add("01", "Iar"));
   ExpectNothingDone(registry, kInvalidArgument, "", add("../9", "Nume"));
   ExpectNothingDone(registry, kInvalidArgument, "", add("09", "Nume\x01"));
+  WriteFile(At("Salv_Tevra"), "nu este un director");
+  ExpectNothingDone(registry, kPermissionDenied, "Salv_Tevra", add("02", "A doua"));
+  fs::remove(At("Salv_Tevra"));
   WriteFile(At("Kelnar.mdb"), "nu este al nostru");
-  ExpectNothingDone(registry, kDatabaseNotOpened, "Kelnar.mdb", add("09", "A noua"));
+  ExpectNothingDone(registry, kDatabaseNotOpened, "Kelnar.mdb", add("02", "A doua"));
   EXPECT_EQ(Content(At("Kelnar.mdb")), "nu este al nostru");
   fs::remove(At("Kelnar.mdb"));
   fs::permissions(At("Societat.XML"), fs::perms::owner_read);
   ExpectNothingDone(registry, kPermissionDenied, "Societat.XML", add("02", "A doua"));
   EXPECT_EQ(UserOf("Kelnar02.mdb"), "vechi");
+}
+
+// A name that the registry's file cannot hold shows only when the registry is written, behind the
+// new database.
+TEST_F(Companies, AFailureBehindTheReplacementPutsTheOldDatabaseBack) {
+  CompanyRegistry registry = Load();
+  fs::copy_file(company_.File(), At("Kelnar02.mdb"));
+  WriteFile(At("Kelnar03.mdb"), "nu este o societate");
+  WriteFile(At("Kelnar03.mdb-wal"), "a ramas");
+  for (const char* code : {"02", "03", "04"}) {
+    ExpectNothingDone(registry, kValueNotAccepted, "", [&] {
+      AdaugaSocietate(registry, Directory(), code, "A doua\xEF\xBF\xBF", ExistingFile::kReplace);
+    });
+  }
+  EXPECT_EQ(UserOf("Kelnar02.mdb"), "vechi");
+  EXPECT_EQ(Content(At("Kelnar03.mdb")) + Content(At("Kelnar03.mdb-wal")),
+            "nu este o societatea ramas");
 }
 
 TEST_F(Companies, ThoseThatOtherProgramsEnteredMeanwhileStay) {

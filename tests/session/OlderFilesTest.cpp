@@ -164,8 +164,12 @@ TEST_F(OlderFiles, DatabasesOfTheOlderNameAreMovedOnce) {
   EXPECT_EQ(UserOf("Kelnar3.MDB"), "TEVRA3.");
   EXPECT_EQ(NamesIn(Directory()),
             (std::vector<std::string>{"Kelnar.mdb", "Kelnar01.mdb", "Kelnar02.MDB", "Kelnar3.mdb",
-                                      "Societat.XML", "TEVRA3.MDB", "Tevra02.mdb", "Tevra04.mdb",
-                                      "kelnar04.MDB"}));
+                                      "Salv_Tevra", "Societat.XML", "TEVRA3.MDB", "Tevra02.mdb",
+                                      "Tevra04.mdb", "kelnar04.MDB"}));
+  const std::vector<std::string> kept = NamesIn(At("Salv_Tevra"));
+  ASSERT_EQ(kept.size(), 2U) << "what stood there is not lost";
+  EXPECT_EQ(UserOf("Salv_Tevra\\" + kept[0]), "admin");
+  EXPECT_EQ(Content(At("Salv_Tevra") / kept[1]), "a ramas");
   EXPECT_TRUE(Content(At("Tevra02.mdb")) == older);
   // The password is today's and no other.
   EXPECT_EQ(
