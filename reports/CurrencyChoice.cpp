@@ -1,13 +1,12 @@
 #include "reports/CurrencyChoice.h"
 
-#include "platform/text/Strings.h"
+#include "reports/Reports.h"
 #include "session/Combos.h"
 
 namespace tevra {
 
 namespace {
 
-constexpr const char* kLei = "LEI";
 // The colour of a box that waits to be filled.
 constexpr const char* kHighlighted = "QComboBox { background: #ffffc8; }";
 

@@ -6,9 +6,12 @@
 #include "platform/print/PageSettings.h"
 #include "platform/system/Clock.h"
 #include "platform/text/Dates.h"
+#include "platform/text/Strings.h"
+#include "reports/CalculatedMonth.h"
 #include "reports/DataEnv.h"
 #include "reports/Layouts.h"
 #include "reports/ShapedData.h"
+#include "session/Session.h"
 
 namespace tevra {
 
@@ -29,7 +32,7 @@ constexpr std::array<const char*, 4> kInventory{"DataReport_ObvInv_CONT", "DataR
                                                 "DataReport_ObInv_LOC", "DataReport_ObInv_CC"};
 
 bool InLei(const std::string& currency) {
-  return currency == "LEI";
+  return EqualNoCase(currency, kLei);
 }
 
 ReportLayout Design(const Layouts& layouts, std::uint8_t grouping, const std::string& currency) {
@@ -48,11 +51,23 @@ std::unique_ptr<BandedReport> Run(ReportLayout design, const QString& title,
                                         RememberedPageLayout());
 }
 
+// The rows of the paper may be of several months; its title names one.
+void WarnOfOtherMonths(ReportLayout& design, const ChargesRequest& request) {
+  Connection connection(CurrentSession().connectionString);
+  const long others = AssetsOfOtherMonths(connection, request.month, request.year);
+  if (others == 0) return;
+  ReportControl warning{"lblAlteLuni", ControlKind::kLabel};
+  warning.text = QString::fromStdString(OtherMonthsText(others, !InLei(request.currency)));
+  warning.top = 43;
+  warning.alignment = Qt::AlignHCenter;
+  design.Section("ReportHeader").controls.push_back(warning);
+}
+
 void SetPeriod(ReportLayout& design, const PeriodRequest& request) {
   const auto set = [&](const char* label, const std::string& text) {
     design.Control("Section4", label).text = QString::fromStdString(text);
   };
-  set("lblValuta", request.currency);
+  set("lblValuta", InLei(request.currency) ? kLei : request.currency);
   set("lblData1", ShortDate(request.from));
   set("lblData2", ShortDate(request.to));
 }
@@ -77,7 +92,8 @@ std::unique_ptr<BandedReport> ChargesReport(const ChargesRequest& request) {
   };
   set("lblLuna", MonthName(request.month));
   set("lblAn", std::to_string(request.year));
-  set("lblValuta", request.currency);
+  set("lblValuta", InLei(request.currency) ? kLei : request.currency);
+  WarnOfOtherMonths(design, request);
   return Run(std::move(design), "Cheltuieli cu amortizarea");
 }
 

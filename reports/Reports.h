@@ -11,11 +11,15 @@
 
 namespace tevra {
 
-/// The monthly charges as the last calculation left them. Month and year are captions alone. Any
-/// currency but "LEI", the empty one too, prints the values in currency.
+/// The currency of the values in lei, in any case; every other one, the empty one too, prints the
+/// values in currency.
+inline constexpr const char* kLei = "LEI";
+
+/// The monthly charges as the last calculation left them. Month and year are captions alone; where
+/// assets were calculated for another month, the header says how many.
 struct ChargesRequest {
   std::uint8_t grouping = 0;  ///< 0 account, 1 class, 2 location, 3 cost centre
-  std::string currency = "LEI";
+  std::string currency = kLei;
   int month = 1;
   int year = 2000;
   bool detail = true;  ///< else only groups and totals
@@ -25,7 +29,7 @@ std::unique_ptr<BandedReport> ChargesReport(const ChargesRequest& request);
 /// What was bought from one day to another, both included.
 struct PeriodRequest {
   std::uint8_t grouping = 0;  ///< as ChargesRequest; for inventory 1 is the person in charge
-  std::string currency = "LEI";
+  std::string currency = kLei;
   DateTime from;
   DateTime to;
 };

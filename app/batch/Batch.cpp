@@ -17,10 +17,9 @@ void RunOnCompany(const CommandLine& line, const Streams& streams) {
   // Before anybody types a password.
   const bool dated = line.command == Command::Calculate || line.command == Command::Asset;
   const DateTime date = dated ? ParseDate(line.date) : DateTime();
-  for (const std::string* day : {&line.from, &line.to}) {
+  for (const std::string* day : {&line.date, &line.from, &line.to}) {
     if (!day->empty()) ParseDate(*day);
   }
-  if (line.command == Command::Report && !line.date.empty()) ParseDate(line.date);
   Login({line.directory, line.company, line.user, line.passwordFile}, streams);
   switch (line.command) {
     case Command::Load:
@@ -32,7 +31,7 @@ void RunOnCompany(const CommandLine& line, const Streams& streams) {
     case Command::Plan:
       return WritePlan(line.nrcrt, line.csv, streams.out);
     case Command::Report:
-      return WriteReport(line, streams.out);
+      return WriteReport(line, streams);
     case Command::Assets:
       return ListAssets(line.csv, streams.out);
     default:
@@ -46,7 +45,9 @@ void Run(const CommandLine& line, const Streams& streams) {
   } else if (line.command == Command::Companies) {
     ListCompanies(line.directory, streams.out);
   } else if (line.command == Command::Create) {
-    CreateCompany(line.directory, line.code, line.name, streams.out);
+    CreateCompany(line.directory, line.code, line.name, line.existing, streams.out);
+  } else if (line.command == Command::Rebuild) {
+    RebuildList(line.directory, streams.out);
   } else {
     RunOnCompany(line, streams);
   }

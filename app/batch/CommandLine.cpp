@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "session/Version.h"
+
 namespace tevra::batch {
 
 namespace {
@@ -21,6 +23,11 @@ const std::map<std::string, Grouping> kGroupings{{"account", Grouping::Account},
 const std::map<std::string, ReportKind> kReports{{"charges", ReportKind::Charges},
                                                  {"purchases", ReportKind::Purchases},
                                                  {"inventory", ReportKind::Inventory}};
+
+std::string VersionText() {
+  return "tevra-batch " + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) +
+         " (structura bazei de date: " + std::to_string(kRevision) + ")\n";
+}
 
 // The library's messages begin with the name that they are about.
 std::string Until(const std::string& text, char end) {
@@ -42,6 +49,9 @@ class Parser {
       app_.parse(argc, argv);
     } catch (const CLI::CallForHelp& help) {
       line_.help = app_.help();
+      return line_;
+    } catch (const CLI::CallForVersion&) {
+      line_.help = VersionText();
       return line_;
     } catch (const CLI::RequiredError& missing) {
       throw UsageError("Lipseste argumentul " + Until(missing.what(), ' ') + " !");
@@ -72,6 +82,7 @@ class Parser {
     app_.formatter(formatter);
     app_.option_defaults()->group(kOptions)->take_last();
     AddHelp(&app_);
+    app_.set_version_flag("--version", VersionText(), "Arata versiunea programului");
     app_.fallthrough();
     app_.allow_extras();
     app_.require_subcommand(0, 1);
@@ -94,9 +105,21 @@ class Parser {
 
   void AddCompanyCommands() {
     Add(Command::Companies, "companies", "Afiseaza societatile din director", {});
-    Add(Command::Create, "create", "Creeaza o societate noua",
-        {{"COD", &line_.code, "Codul: una sau doua litere sau cifre"},
-         {"DENUMIRE", &line_.name, "Denumirea, cel mult 50 de caractere"}});
+    CLI::App* create = Add(Command::Create, "create", "Creeaza o societate noua",
+                           {{"COD", &line_.code, "Codul: una sau doua litere sau cifre"}});
+    create
+        ->add_option("DENUMIRE", line_.name,
+                     "Denumirea, cel mult 50 de caractere (la preluare implicit cea din baza de "
+                     "date)")
+        ->type_name("");
+    create->add_flag("--take-over", takeOver_,
+                     "Preia asa cum este baza de date care exista deja in director");
+    create->add_flag("--replace", replace_,
+                     "Inlocuieste baza de date care exista deja; cea veche ramane in Salv_Tevra");
+    Add(Command::Rebuild, "rebuild",
+        "Trece in lista societatilor bazele de date din director care ii lipsesc; o lista "
+        "deteriorata se reface",
+        {});
     Add(Command::Load, "load", "Incarca randurile unui fisier CSV, toate sau niciunul",
         {{"FISIER", &line_.file,
           "Fisierul CSV, cu numele campurilor pe primul rand; - este intrarea "
@@ -126,21 +149,22 @@ class Parser {
   }
 
   void AddReportCommand() {
-    CLI::App* report = Add(Command::Report, "report", "Scrie un raport ca fisier PDF",
-                           {{"RAPORT", &report_, "charges, purchases sau inventory"}});
+    report_ = Add(Command::Report, "report", "Scrie un raport ca fisier PDF",
+                  {{"RAPORT", &kind_, "charges, purchases sau inventory"}});
     const auto option = [&](const char* name, std::string& value, const char* type,
                             const char* description) {
-      return report->add_option(name, value, description)->type_name(type);
+      return report_->add_option(name, value, description)->type_name(type);
     };
     option("--pdf", line_.pdf, "FISIER", "Fisierul PDF, inlocuit intreg sau deloc")->required();
     option("--by", by_, "GRUPARE",
            "Gruparea: account (implicit), class (la inventory person), location, centre");
-    option("--currency", line_.currency, "COD", "Valorile in valuta, sub acest cod (implicit LEI)");
+    option("--currency", line_.currency, "VALUTA",
+           "Valorile in aceasta valuta: codul sau textul din lista (implicit LEI)");
     option("--date", line_.date, "DATA",
-           "charges: luna din titlu (implicit a ultimului calcul): ZZ.LL.AAAA");
+           "charges: luna din titlu (implicit luna celor mai multe calcule): ZZ.LL.AAAA");
     option("--from", line_.from, "DATA", "purchases, inventory: prima zi: ZZ.LL.AAAA");
     option("--to", line_.to, "DATA", "purchases, inventory: ultima zi: ZZ.LL.AAAA");
-    report->add_flag("!--no-detail", line_.detail, "charges: numai grupele si totalurile");
+    report_->add_flag("!--no-detail", line_.detail, "charges: numai grupele si totalurile");
   }
 
   CLI::App* Add(Command command, const char* name, const char* description,
@@ -179,14 +203,27 @@ class Parser {
   }
 
   void CheckReport() {
-    const auto report = kReports.find(report_);
+    const auto report = kReports.find(kind_);
     if (report == kReports.end()) {
-      throw UsageError("Raport necunoscut: " + report_ + " (charges, purchases, inventory) !");
+      throw UsageError("Raport necunoscut: " + kind_ + " (charges, purchases, inventory) !");
     }
     line_.report = report->second;
     const bool period = line_.report != ReportKind::Charges;
-    if (period && line_.from.empty()) throw UsageError("Lipseste optiunea --from !");
-    if (period && line_.to.empty()) throw UsageError("Lipseste optiunea --to !");
+    for (const char* option : {"--from", "--to"}) period ? Require(option) : Forbid(option);
+    if (!period) return;
+    for (const char* option : {"--date", "--no-detail"}) Forbid(option);
+  }
+
+  void Require(const char* option) const {
+    if (report_->count(option) > 0) return;
+    throw UsageError(std::string("Lipseste optiunea ") + option + " !");
+  }
+
+  // An option that would change nothing was meant to change something.
+  void Forbid(const char* option) const {
+    if (report_->count(option) == 0) return;
+    throw UsageError(std::string("Optiunea ") + option + " nu se potriveste cu raportul " + kind_ +
+                     " !");
   }
 
   void CheckGrouping() {
@@ -201,7 +238,18 @@ class Parser {
     line_.grouping = grouping->second;
   }
 
+  void CheckCreate() {
+    if (takeOver_ && replace_) throw UsageError("Optiunea --replace exclude --take-over !");
+    if (takeOver_) line_.existing = ExistingFile::kTakeOver;
+    if (replace_) line_.existing = ExistingFile::kReplace;
+    const CLI::App* create = app_.get_subcommand("create");
+    if (!takeOver_ && create->count("DENUMIRE") == 0) {
+      throw UsageError("Lipseste argumentul DENUMIRE !");
+    }
+  }
+
   void CheckOptions() {
+    if (line_.command == Command::Create) CheckCreate();
     if (line_.command == Command::Report) CheckReport();
     CheckGrouping();
     if (passwordFile_->count() > 0) line_.passwordFile = password_;
@@ -215,14 +263,17 @@ class Parser {
   CLI::Option* passwordFile_ = nullptr;
   std::string password_;
   std::string by_ = "account";
-  std::string report_;
+  bool takeOver_ = false;
+  bool replace_ = false;
+  CLI::App* report_ = nullptr;
+  std::string kind_;  // of the report
   std::vector<std::pair<CLI::App*, Command>> commands_;
 };
 
 }  // namespace
 
 bool NeedsLogin(Command command) {
-  return command != Command::Companies && command != Command::Create;
+  return command != Command::Companies && command != Command::Create && command != Command::Rebuild;
 }
 
 CommandLine ParseCommandLine(int argc, const char* const* argv) {

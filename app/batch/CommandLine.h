@@ -5,9 +5,22 @@
 #include <stdexcept>
 #include <string>
 
+#include "session/Companies.h"
+
 namespace tevra::batch {
 
-enum class Command { Companies, Create, Load, Calculate, Asset, Plan, Assets, Charges, Report };
+enum class Command {
+  Companies,
+  Create,
+  Rebuild,
+  Load,
+  Calculate,
+  Asset,
+  Plan,
+  Assets,
+  Charges,
+  Report
+};
 
 /// What the assets are grouped by in the list of charges; inventory objects have a person in the
 /// place of a class. In the order of the reports' own codes.
@@ -17,18 +30,19 @@ enum class ReportKind { Charges, Purchases, Inventory };
 
 struct CommandLine {
   Command command = Command::Companies;
-  std::optional<std::string> help;  ///< asked for: this text is the whole result
+  std::optional<std::string> help;  ///< help or version, asked for: this text is the whole result
 
   std::string directory = ".";
   std::string company = "01";
   std::string user;                         ///< not empty when the command logs in
   std::optional<std::string> passwordFile;  ///< without one the password is asked for
 
-  std::string code;   ///< of the company to create, or the COD of the asset
-  std::string name;   ///< of the company to create
-  std::string file;   ///< CSV to load, "-" for the standard input
-  std::string table;  ///< to load into
-  std::string date;   ///< of the calculation, as written
+  std::string code;  ///< of the company to create, or the COD of the asset
+  std::string name;  ///< of the company to create
+  ExistingFile existing = ExistingFile::kRefuse;  ///< of the company to create
+  std::string file;                               ///< CSV to load, "-" for the standard input
+  std::string table;                              ///< to load into
+  std::string date;                               ///< of the calculation, as written
   bool post = false;  ///< the month's charges go into the accounting lines, too
   std::string nrcrt;  ///< of the asset to plan, as written
   Grouping grouping = Grouping::Account;

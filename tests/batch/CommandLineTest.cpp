@@ -48,6 +48,12 @@ TEST(CommandLine, HelpIsAResultEverywhere) {
   }
 }
 
+TEST(CommandLine, TellsItsVersion) {
+  const Result result = RunProgram({"--version"});
+  EXPECT_EQ(result.code, kDone);
+  EXPECT_EQ(result.out, "tevra-batch 1.0 (structura bazei de date: 1)\n");
+}
+
 using CommandLineTest = BatchTest;
 
 TEST_F(CommandLineTest, OptionsStandBeforeOrBehindTheCommand) {

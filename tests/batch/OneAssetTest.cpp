@@ -74,6 +74,9 @@ TEST_F(OneAssetTest, ItsPlanIsMadeAndShown) {
             "VALRAMASA_VAL\n"
             "2006,12000,6000,6000,6000,3000,1500,1500,1500\n"
             "2007,6000,6000,12000,0,1500,1500,3000,0\n");
+  company_.Open().Execute("UPDATE I_IMO SET VAL_CUMP = 600000");
+  EXPECT_NE(RunAsAdmin({"plan", "1", "--csv"}).out.find("\n2006,600000,300000,300000,300000,3000,"),
+            std::string::npos);
   EXPECT_EQ(RunAsAdmin({"plan", "1"}).out.substr(0, 30), "Plan de Amortizare: 1 - Strung");
   for (const char* none : {"2", "x", "1,5,2", "99999999999999999999"}) {
     ExpectRefused({"plan", none}, std::string("Imobilizarea cu numarul curent ") + none);

@@ -1,5 +1,6 @@
 // Reports from the command line, read back from their PDF files.
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 
 #include "app/batch/Batch.h"
@@ -53,6 +54,68 @@ TEST_F(ReportTest, ChargesBearTheMonthOfTheLastCalculation) {
   const std::string totals = Report({"charges", "--by", "class", "--no-detail"});
   ExpectIn(totals, {"Total cod", "11.000"});
   EXPECT_EQ(totals.find("Strung"), std::string::npos);
+}
+
+// One asset brought far ahead does not date the paper of all the others, and does not hide in it.
+TEST_F(ReportTest, ThePaperIsOfTheMonthOfMostAssets) {
+  const auto add = [&](const char* code, const DateTime& calculated, const char* method) {
+    company_.AddAsset({{"COD", code},
+                       {"TIP_AM", method},
+                       {"DATA_CALCUL", calculated},
+                       {"IESIRE", Value::YesNo(*code == 'v')}});
+  };
+  add("20", DateTime(2026, 9, 15), "L");
+  add("30", DateTime(2027, 12, 31), "L");
+  // Neither the one without depreciation nor those that were sold are dated by a run.
+  add("40", DateTime(2025, 1, 31), "F");
+  for (const char* sold : {"v1", "v2", "v3"}) add(sold, DateTime(2025, 1, 31), "L");
+  ExpectIn(Report({"charges"}),
+           {"Septembrie", "2026", "Atentie: 1 imobilizare este calculata pentru alta luna !"});
+  ExpectIn(Report({"charges", "--currency", "USD"}),
+           {"Attention: 1 asset was calculated for another month !"});
+  EXPECT_EQ(RunAsAdmin({"report", "charges", "--date", "01.12.2027", "--pdf", Pdf()}).err,
+            "Atentie: 2 imobilizari sunt calculate pentru alta luna !\n");
+  add("50", DateTime(2027, 12, 1), "A");
+  ExpectIn(Report({"charges"}), {"Decembrie", "2027", "Atentie: 2 imobilizari"});
+  company_.Open().Execute("UPDATE I_IMO SET DATA_CALCUL = '2026-10-31 00:00:00'");
+  const std::string paper = Report({"charges"});
+  ExpectIn(paper, {"Octombrie"});
+  EXPECT_EQ(paper.find("Atentie"), std::string::npos);
+}
+
+TEST_F(ReportTest, ACurrencyIsWrittenAsCodeOrAsTheWindowHasIt) {
+  for (const char* lei : {"lei", " Lei "}) {
+    ExpectIn(Report({"charges", "--currency", lei}), {"Cheltuieli cu amortizarea", "LEI"});
+  }
+  for (const char* euro : {"eur", "EUR-EURO", "Eur-Euro "}) {
+    const std::string paper = Report({"charges", "--currency", euro});
+    ExpectIn(paper, {"Fixed Assets", "EUR"});
+    EXPECT_EQ(paper.find("Euro"), std::string::npos);
+  }
+  for (const char* none : {"EURO", "EUR-", "", "E%"}) {
+    const std::string text = "Valuta \"" + std::string(none) + "\" nu exista in lista de valute !";
+    ExpectRefused({"report", "charges", "--pdf", Pdf(), "--currency", none}, text);
+  }
+}
+
+TEST_F(ReportTest, NeedsNoScreenWhateverTheEnvironmentAsksFor) {
+  setenv("QT_QPA_PLATFORM", "xcb", 1);
+  unsetenv("DISPLAY");
+  ExpectIn(Report({"charges"}), {"2131", "Pagina 1 / 1"});
+}
+
+TEST_F(ReportTest, AnOptionOfAnotherReportIsRefused) {
+  const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
+      {{"charges", "--from", "01.01.2026"}, "Optiunea --from nu se potriveste cu raportul charges"},
+      {{"charges", "--to", "01.01.2026"}, "Optiunea --to nu se potriveste"},
+      {{"purchases", "--from", "01.01.2026", "--to", "01.01.2026", "--date", "01.01.2026"},
+       "Optiunea --date nu se potriveste cu raportul purchases"},
+      {{"inventory", "--from", "01.01.2026", "--to", "01.01.2026", "--no-detail"},
+       "Optiunea --no-detail nu se potriveste"}};
+  for (const auto& [arguments, text] : cases) {
+    EXPECT_NE(Report(arguments).find(text), std::string::npos) << text;
+    EXPECT_FALSE(std::filesystem::exists(Pdf()));
+  }
 }
 
 TEST_F(ReportTest, PurchasesAndInventoryAreOfAPeriod) {

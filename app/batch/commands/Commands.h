@@ -7,17 +7,23 @@
 #include "app/batch/CommandLine.h"
 #include "app/batch/Streams.h"
 #include "platform/text/DateTime.h"
+#include "session/Companies.h"
 
 namespace tevra::batch {
 
 /// Writes code, name and file of the companies in a directory.
 void ListCompanies(const std::string& directory, std::ostream& out);
 
-/// Makes a company from the template and enters it in the registry, which is written when there is
-/// none. Nothing that exists is overwritten, and when a step fails what was made goes again. Throws
-/// Refusal for a code or name that is empty, not allowed or taken, Failure of the files.
+/// Makes a company from the template, or takes over the database that is there, and enters it in
+/// the registry, which is written when there is none. A file in the way is not touched unless
+/// `existing` says so, and when a step fails what was made goes again. Throws Refusal for a code or
+/// name that is empty, not allowed or taken, Failure of the files.
 void CreateCompany(const std::string& directory, const std::string& code, const std::string& name,
-                   std::ostream& out);
+                   ExistingFile existing, std::ostream& out);
+
+/// Enters the company files of a directory that its registry lacks; a damaged registry is kept
+/// aside and made anew.
+void RebuildList(const std::string& directory, std::ostream& out);
 
 /// Loads the rows of a CSV file ("-": of the standard input) into a table of the open company, all
 /// or none. Tells each refused row with its line on the error output and then throws Refusal;
@@ -45,8 +51,9 @@ void ListAssets(bool csv, std::ostream& out);
 /// Writes the month's charge of every asset as the last run left it, by groups with their sums.
 void ListCharges(Grouping grouping, bool csv, std::ostream& out);
 
-/// Writes the report that the line asks for as a PDF and tells where. Throws Refusal for dates that
-/// are none, Failure for a file that cannot be written; an old one is then still there.
-void WriteReport(const CommandLine& line, std::ostream& out);
+/// Writes the report that the line asks for as a PDF and tells where; what the user should look at
+/// goes to the error output. Throws Refusal for dates that are none and a currency that the company
+/// does not have, Failure for a file that cannot be written; an old one is then still there.
+void WriteReport(const CommandLine& line, const Streams& streams);
 
 }  // namespace tevra::batch

@@ -1,10 +1,13 @@
 #include <QGuiApplication>
 #include <filesystem>
 
+#include "app/batch/Refusal.h"
 #include "app/batch/commands/Commands.h"
 #include "platform/data/Connection.h"
 #include "platform/print/Pdf.h"
 #include "platform/system/Clock.h"
+#include "reports/CalculatedMonth.h"
+#include "reports/ReportCurrency.h"
 #include "reports/Reports.h"
 #include "session/Session.h"
 
@@ -12,13 +15,13 @@ namespace tevra::batch {
 
 namespace {
 
-// Fonts need the toolkit, which needs no screen for them; its remarks are not for the user. It ends
-// with the report.
+// Fonts need the toolkit, which needs no screen for them: whatever the environment asks for, a
+// screen that is not there would end the program. The toolkit's remarks are not for the user.
 class Toolkit {
  public:
   Toolkit() {
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     application_ = std::make_unique<QGuiApplication>(count_, arguments_);
   }
 
@@ -29,33 +32,39 @@ class Toolkit {
   std::unique_ptr<QGuiApplication> application_;
 };
 
-// The month that the figures are of: that of the last calculation.
-DateTime MonthOfCharges(const std::string& written) {
-  if (!written.empty()) return ParseDate(written);
-  Connection connection(CurrentSession().connectionString);
-  const Value last =
-      connection.QueryValue("SELECT MAX(DATA_CALCUL) FROM I_IMO WHERE NOT Data_Calcul IS NULL");
-  return last.IsNull() ? clock::Today() : last.AsDateTime();
+std::string CurrencyOf(Connection& connection, const std::string& written) {
+  if (const auto currency = FindReportCurrency(connection, written)) return *currency;
+  throw Refusal("Valuta \"" + written + "\" nu exista in lista de valute !");
 }
 
-std::unique_ptr<BandedReport> MakeReport(const CommandLine& line) {
+DateTime TitleDay(Connection& connection, const std::string& written) {
+  if (!written.empty()) return ParseDate(written);
+  const auto month = MonthOfCharges(connection);
+  return month ? month->last : clock::Today();
+}
+
+std::unique_ptr<BandedReport> MakeReport(const CommandLine& line, const Streams& streams) {
+  Connection connection(CurrentSession().connectionString);
   const auto grouping = static_cast<std::uint8_t>(line.grouping);
+  const std::string currency = CurrencyOf(connection, line.currency);
   if (line.report == ReportKind::Charges) {
-    const DateTime month = MonthOfCharges(line.date);
-    return ChargesReport({grouping, line.currency, month.Month(), month.Year(), line.detail});
+    const DateTime day = TitleDay(connection, line.date);
+    const long others = AssetsOfOtherMonths(connection, day.Month(), day.Year());
+    if (others > 0) streams.err << OtherMonthsText(others) << '\n';
+    return ChargesReport({grouping, currency, day.Month(), day.Year(), line.detail});
   }
-  const PeriodRequest period{grouping, line.currency, ParseDate(line.from), ParseDate(line.to)};
+  const PeriodRequest period{grouping, currency, ParseDate(line.from), ParseDate(line.to)};
   return line.report == ReportKind::Purchases ? PurchasesReport(period) : InventoryReport(period);
 }
 
 }  // namespace
 
-void WriteReport(const CommandLine& line, std::ostream& out) {
+void WriteReport(const CommandLine& line, const Streams& streams) {
   const Toolkit toolkit;
-  const std::unique_ptr<BandedReport> report = MakeReport(line);
+  const std::unique_ptr<BandedReport> report = MakeReport(line, streams);
   SavePdf(*report, std::filesystem::absolute(line.pdf));
   const int pages = report->PageCount();
-  out << line.pdf << ": " << pages << (pages == 1 ? " pagina\n" : " pagini\n");
+  streams.out << line.pdf << ": " << pages << (pages == 1 ? " pagina\n" : " pagini\n");
 }
 
 }  // namespace tevra::batch
