@@ -7,6 +7,8 @@
 #include <QKeyEvent>
 #include <QTabWidget>
 
+#include "platform/system/MessageBox.h"
+
 namespace tevra {
 
 Form::Form(const char* name, const QString& caption, QWidget* parent) : QWidget(parent) {
@@ -14,6 +16,7 @@ Form::Form(const char* name, const QString& caption, QWidget* parent) : QWidget(
   setWindowTitle(caption);
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget*, QWidget* now) { FollowFocus(now); });
+  connect(&changes_, &ChangeWatch::Changed, this, &Form::Edited);
 }
 
 // The focus leaves once more while the widget below is taken down.
@@ -183,6 +186,10 @@ void Form::closeEvent(QCloseEvent* event) {
   closing_ = true;
   bool agreed = false;
   Run("Form_QueryUnload", [&](Procedure&) { agreed = QueryUnload(); });
+  if (agreed && !dropping_ && HasChanges()) {
+    agreed = false;
+    AskThenClose();
+  }
   if (!agreed) {
     closing_ = false;
     event->ignore();
@@ -195,6 +202,37 @@ void Form::closeEvent(QCloseEvent* event) {
   Run("Form_Unload", [&](Procedure&) { Form_Unload(); });
   emit Closed();
   QWidget::closeEvent(event);
+}
+
+bool Form::AskToDropChanges() const {
+  const std::string question = "Modificarile din ecranul \"" + windowTitle().toStdString() +
+                               "\" nu au fost salvate ! Doriti sa inchideti ecranul fara salvare ?";
+  return ShowMessage({question, kYesNo | kQuestion | kDefaultStep, "Modificari nesalvate", {}}) ==
+         kYes;
+}
+
+// The question comes when the event that closes the screen is over: whoever sent it may not live
+// through a second event loop.
+void Form::AskThenClose() {
+  if (asking_) return;
+  asking_ = true;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        const QPointer<Form> alive(this);
+        const bool drop = AskToDropChanges();
+        if (!alive) return;
+        asking_ = false;
+        if (drop) DropChangesAndClose();
+      },
+      Qt::QueuedConnection);
+}
+
+void Form::DropChangesAndClose() {
+  const QPointer<Form> alive(this);
+  dropping_ = true;
+  close();
+  if (alive) dropping_ = false;
 }
 
 // The keyboard is in the screen from the start: in its first box, unless the screen chose another.

@@ -10,6 +10,7 @@
 #include <initializer_list>
 #include <map>
 
+#include "platform/forms/ChangeWatch.h"
 #include "platform/system/StandardError.h"
 
 class QEventLoop;
@@ -46,8 +47,19 @@ class Form : public QWidget {
   /// keeps the focus.
   bool LeaveBox();
 
+  /// True when a box that MarkSaved was told of holds something else by now.
+  bool HasChanges() const { return changes_.Differs(); }
+  bool HasChanges(const QWidget* part) const { return changes_.Differs(part); }
+  /// The question before changes are lost; true when the user gives them up. Runs an event loop of
+  /// its own, so no event handler may call it directly.
+  bool AskToDropChanges() const;
+  /// Closes the screen without the question.
+  void DropChangesAndClose();
+
  signals:
   void Closed();
+  /// A box that MarkSaved was told of was changed, by the user or by what the screen derives.
+  void Edited();
 
  protected:
   /// What a procedure does; it counts its statements into `procedure.line` for the error message.
@@ -81,6 +93,10 @@ class Form : public QWidget {
   /// Puts the focus into a box as the program's own doing: no box is left by it.
   void GiveFocus(QWidget* box);
 
+  /// The boxes of `part`, or of the whole screen, hold what is stored: the screen does not close
+  /// over later changes to them before the user was asked.
+  void MarkSaved(QWidget* part = nullptr) { changes_.Remember(part ? part : this); }
+
   /// Asked before the screen closes; false keeps it open.
   virtual bool QueryUnload() { return true; }
   /// Runs once when the screen closes, after QueryUnload agreed.
@@ -105,7 +121,9 @@ class Form : public QWidget {
   void FollowFocus(QWidget* now);
   void LeaveWhenSettled();
   void KeepFocusIn(QWidget* box);
+  void AskThenClose();
 
+  ChangeWatch changes_;
   QPushButton* cancel_ = nullptr;
   std::map<QWidget*, std::function<bool()>> leaveHandlers_;
   QPointer<QWidget> left_;  // lost the focus, and its handler has not run yet
@@ -113,6 +131,8 @@ class Form : public QWidget {
   bool keeping_ = false;    // the focus is being given back
   bool closing_ = false;
   bool unloaded_ = false;
+  bool asking_ = false;    // whether changes may be lost
+  bool dropping_ = false;  // they may
   QEventLoop* modalLoop_ = nullptr;
 };
 

@@ -4,6 +4,8 @@
 
 #include <QPointer>
 #include <functional>
+#include <map>
+#include <string>
 
 #include "platform/forms/Form.h"
 
@@ -38,6 +40,29 @@ Screen& Open() {
   }
   Show(*instance);
   return *instance;
+}
+
+/// The open instances of a screen that exists once for each thing that it shows, by that thing.
+template <class Screen>
+std::map<std::string, QPointer<Screen>>& Keyed() {
+  static std::map<std::string, QPointer<Screen>> instances;
+  return instances;
+}
+
+/// Opens the screen of one thing, such as the card of an asset, or brings it to the front. `make`
+/// gives a new one.
+template <class Screen>
+Screen& OpenFor(const std::string& key, const std::function<Screen*()>& make) {
+  QPointer<Screen> screen = Keyed<Screen>()[key];
+  if (!screen) {
+    screen = make();
+    Keyed<Screen>()[key] = screen;
+    QObject::connect(screen, &Form::Closed, screen, [key, closed = screen.data()] {
+      if (Keyed<Screen>()[key] == closed) Keyed<Screen>().erase(key);
+    });
+  }
+  Show(*screen);
+  return *screen;
 }
 
 /// Opens another instance of a screen that may stand several times.

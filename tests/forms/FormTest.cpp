@@ -156,6 +156,100 @@ TEST_F(FormOf, ClosingMayBeRefusedAndUnloadsOnce) {
   EXPECT_EQ(screen_.unloaded, 1);
 }
 
+// ---- Unsaved changes ----------------------------------------------------------------------------
+
+// A box of each kind, a hidden one and one that is no data.
+class frmKept : public Form {
+ public:
+  frmKept() : Form("frmKept", "Pastrata") {
+    text = new TextBox("text", this);
+    number = new NumberBox("number", "Standard", this);
+    date = new DateBox("date", this);
+    tick = new CheckBox("tick", "Da", this);
+    combo = new QComboBox(this);
+    combo->addItems({"unu", "doi"});
+    hidden = new TextBox("hidden", this);
+    hidden->hide();
+    search = new TextBox("search", this);
+    auto* layout = new QVBoxLayout(this);
+    for (QWidget* box : std::initializer_list<QWidget*>{text, number, date, tick, combo}) {
+      layout->addWidget(box);
+    }
+    number->SetNumber(1234.5678);
+    Save();
+  }
+  void Save() {
+    for (QWidget* box : std::initializer_list<QWidget*>{text, number, date, tick, combo, hidden}) {
+      MarkSaved(box);
+    }
+  }
+
+  TextBox* text;
+  NumberBox* number;
+  DateBox* date;
+  CheckBox* tick;
+  QComboBox* combo;
+  TextBox* hidden;
+  TextBox* search;
+};
+
+TEST(UnsavedChanges, AreWhatDiffersFromWhatWasSavedHoweverItIsWritten) {
+  frmKept screen;
+  int edited = 0;
+  QObject::connect(&screen, &Form::Edited, &screen, [&] { ++edited; });
+  const auto changes = [&](const std::function<void()>& change) {
+    change();
+    return screen.HasChanges();
+  };
+  EXPECT_FALSE(changes([&] { screen.search->SetText("strung"); }));
+  EXPECT_EQ(edited, 0);
+  EXPECT_TRUE(changes([&] { screen.text->SetText("a"); }));
+  EXPECT_TRUE(screen.HasChanges(screen.text));
+  EXPECT_FALSE(screen.HasChanges(screen.number));
+  EXPECT_FALSE(changes([&] { screen.text->SetText(""); }));
+  EXPECT_EQ(edited, 2);
+  EXPECT_TRUE(changes([&] { screen.number->SetText("1.234,5"); }));
+  EXPECT_FALSE(changes([&] { screen.number->SetText("1.234,57"); })) << "as it was shown";
+  EXPECT_FALSE(changes([&] { screen.number->SetText("1234,5678"); })) << "as it was held";
+  EXPECT_TRUE(changes([&] { screen.number->SetText(""); }));
+  screen.number->SetNumber(0);
+  screen.Save();
+  EXPECT_FALSE(changes([&] { screen.number->SetText("0"); }));
+  const auto day = screen.date->Date();
+  EXPECT_TRUE(changes([&] { screen.date->SetDate(DateTime(2020, 2, 29)); }));
+  EXPECT_FALSE(changes([&] { screen.date->SetDate(day); }));
+  EXPECT_TRUE(changes([&] { screen.tick->setChecked(true); }));
+  EXPECT_FALSE(changes([&] { screen.tick->setChecked(false); }));
+  EXPECT_TRUE(changes([&] { screen.combo->setCurrentIndex(1); }));
+  EXPECT_FALSE(changes([&] { screen.combo->setCurrentIndex(0); }));
+  EXPECT_TRUE(changes([&] { screen.hidden->SetText("derivat"); }));
+  EXPECT_FALSE(changes([&] { screen.Save(); }));
+}
+
+TEST(UnsavedChanges, AreAskedForOnceAndNeverInsideTheClosing) {
+  MessageRecorder messages;
+  frmKept screen;
+  screen.show();
+  screen.text->SetText("a");
+  messages.answers = {kNo, kYes};
+  EXPECT_FALSE(screen.close());
+  EXPECT_FALSE(screen.close());
+  EXPECT_TRUE(messages.shown.empty());
+  QCoreApplication::processEvents();
+  ASSERT_EQ(messages.shown.size(), 1u);
+  EXPECT_EQ(
+      messages.shown[0].prompt,
+      "Modificarile din ecranul \"Pastrata\" nu au fost salvate ! Doriti sa inchideti ecranul "
+      "fara salvare ?");
+  EXPECT_EQ(messages.shown[0].buttons, kYesNo | kQuestion | kDefaultStep);
+  EXPECT_TRUE(screen.isVisible());
+  EXPECT_EQ(screen.text->Text(), "a");
+  screen.close();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(messages.shown.size(), 2u);
+  EXPECT_FALSE(screen.isVisible());
+}
+
 TEST(Windows, OneWindowAScreenOrANewOneEachTime) {
   QPointer<frmTried> one = &windows::Open<frmTried>();
   EXPECT_EQ(&windows::Open<frmTried>(), one);
@@ -169,6 +263,26 @@ TEST(Windows, OneWindowAScreenOrANewOneEachTime) {
   EXPECT_NE(&second, &another);
   second.close();
   another.close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+TEST(Windows, OneWindowForEachThing) {
+  const auto open = [](const char* key) {
+    return &windows::OpenFor<frmTried>(key, [] { return new frmTried; });
+  };
+  QPointer<frmTried> one = open("1");
+  EXPECT_EQ(open("1"), one);
+  QPointer<frmTried> two = open("2");
+  EXPECT_NE(two, one);
+  one->close();
+  frmTried* again = open("1");
+  EXPECT_NE(again, one);
+  EXPECT_EQ(open("2"), two);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(one.isNull());
+  EXPECT_EQ(open("1"), again);
+  again->close();
+  two->close();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
