@@ -7,10 +7,11 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <utility>
 
-#include "platform/data/Connection.h"
 #include "platform/forms/Hourglass.h"
 #include "platform/forms/Windows.h"
 #include "platform/system/Desktop.h"
@@ -18,6 +19,7 @@
 #include "platform/system/Settings.h"
 #include "platform/text/Strings.h"
 #include "session/ApplicationFiles.h"
+#include "session/Classification.h"
 #include "session/Module1.h"
 #include "session/Session.h"
 #include "session/Version.h"
@@ -28,8 +30,8 @@ namespace tevra {
 namespace {
 
 constexpr int kTwips = 15;           // of a logical pixel
-constexpr int kStep = 28;            // from one child's title to the next
 constexpr QSize kDecoration(8, 32);  // what a desktop puts around a window
+constexpr const char* kMaximised = "Settings/MainMaximized";
 
 // A setting that is missing or damaged gives the default.
 int Pixels(const char* name, float twips) {
@@ -47,8 +49,11 @@ void KeepPixels(const char* name, int pixels) {
   Settings().Set(std::string("Settings/") + name, std::to_string(pixels * kTwips));
 }
 
-QString Plain(const char* caption) {
-  return QString(caption).remove('&').trimmed();
+bool IsPlaceKept() {
+  for (const char* name : {"MainLeft", "MainTop", "MainWidth", "MainHeight"}) {
+    if (Settings().Get(std::string("Settings/") + name)) return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -57,6 +62,8 @@ frmMain::frmMain() {
   setObjectName("frmMain");
   mdiArea = new QMdiArea(this);
   mdiArea->setObjectName("mdiArea");
+  // A list that fills the frame stays so behind a card that is opened from it.
+  mdiArea->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
   mdiArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   mdiArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setCentralWidget(mdiArea);
@@ -97,13 +104,13 @@ void frmMain::BuildMenuItem(QMenu* menu, const MenuItem& item) {
   const bool separates = item.action == MenuAction::kSeparator;
   QAction* action = separates ? menu->addSeparator() : menu->addAction(item.caption);
   action->setObjectName(item.name);
-  action->setEnabled(item.action != MenuAction::kNone);
+  action->setEnabled(item.action == MenuAction::kFrame);
   items_[item.name] = action;
   if (!separates) connect(action, &QAction::triggered, this, [this, &item] { Choose(item); });
 }
 
 void frmMain::SetOpener(const std::string& item, std::function<void()> opener) {
-  items_.at(item);
+  items_.at(item)->setEnabled(!IsForbidden(item));
   openers_[item] = std::move(opener);
 }
 
@@ -111,18 +118,10 @@ void frmMain::Choose(const MenuItem& item) {
   try {
     const Hourglass hourglass(item.hourglass);
     if (item.action == MenuAction::kFrame) return RunFrameItem(item.name);
-    const auto opener = openers_.find(item.name);
-    if (opener == openers_.end()) return ShowNotYet(item);
-    opener->second();
+    openers_.at(item.name)();
   } catch (const std::exception&) {
     ShowFailure(item);
   }
-}
-
-void frmMain::ShowNotYet(const MenuItem& item) {
-  MsgBoxEx("Ecranul \"" + Plain(item.caption).toStdString() +
-               "\" nu este disponibil in aceasta versiune a programului !",
-           kInformation);
 }
 
 void frmMain::ShowFailure(const MenuItem& item) {
@@ -146,14 +145,8 @@ void frmMain::RunFrameItem(const std::string& name) {
   if (name == "mnuHelpAbout") frmAbout(this).ShowModal();
 }
 
-// The lower limit of the catalogue of HG 2139/2004 becomes the normal duration.
 void frmMain::Preluare_Click() {
-  Connection connection(CurrentSession().connectionString);
-  Transaction transaction(connection);
-  const std::int64_t changed =
-      connection.Execute("Update I_CLASIFICARE Set DURNOR_NOU = LIM_INF WHERE LIM_INF IS NOT NULL");
-  transaction.Commit();
-  connection.Close();
+  const std::int64_t changed = TakeLowerLimits(CurrentSession().connectionString);
   MsgBoxEx("Au fost modificate Duratele normale de functionare pentru " + std::to_string(changed) +
            " imobilizari ");
 }
@@ -174,113 +167,6 @@ void frmMain::mnuHelpContents_Click() {
 void frmMain::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F1) return mnuHelpContents_Click();
   QMainWindow::keyPressEvent(event);
-}
-
-// ---- Children -----------------------------------------------------------------------------------
-
-void frmMain::ShowForm(Form& form) {
-  for (QMdiSubWindow* window : mdiArea->subWindowList()) {
-    if (window->widget() != &form) continue;
-    if (window->isMinimized()) window->showNormal();
-    mdiArea->setActiveSubWindow(window);
-    return;
-  }
-  const QSize wanted = form.size().expandedTo(form.minimumSizeHint());
-  const QMdiSubWindow* front = mdiArea->activeSubWindow();
-  QMdiSubWindow* window = mdiArea->addSubWindow(&form);
-  window->setAttribute(Qt::WA_DeleteOnClose);
-  window->setWindowIcon(windowIcon());
-  // The size is the screen's own, as far as the frame has room.
-  const QSize frame = window->sizeHint() - form.sizeHint();
-  window->resize((wanted + frame).boundedTo(mdiArea->viewport()->size()));
-  // A screen that closes itself takes its window along.
-  connect(
-      &form, &Form::Closed, window, [window] { window->close(); }, Qt::QueuedConnection);
-  window->show();
-  form.show();
-  window->move(PlaceBehind(front, window->size()));
-  mdiArea->setActiveSubWindow(window);
-}
-
-// A title lower than the child in front, as far as the frame has room: never half outside.
-QPoint frmMain::PlaceBehind(const QMdiSubWindow* front, const QSize& size) const {
-  if (!front || front->isMaximized() || front->isMinimized()) return {};
-  const QPoint wanted = front->pos() + QPoint(kStep, kStep);
-  const QSize room = mdiArea->viewport()->size() - size;
-  return {std::clamp(wanted.x(), 0, std::max(0, room.width())),
-          std::clamp(wanted.y(), 0, std::max(0, room.height()))};
-}
-
-// A message takes the activation away and gives it back to the same child: that is no change.
-void frmMain::ChildActivated(QMdiSubWindow* window) {
-  if (!window || window == front_) return;
-  front_ = window;
-  if (auto* form = qobject_cast<Form*>(window->widget())) form->Activate();
-}
-
-// Minimised children stay as they are, maximised ones take their own size.
-std::vector<QMdiSubWindow*> frmMain::ChildrenToArrange() const {
-  std::vector<QMdiSubWindow*> children;
-  for (QMdiSubWindow* window : mdiArea->subWindowList(QMdiArea::StackingOrder)) {
-    if (window->isMinimized()) continue;
-    if (window->isMaximized()) window->showNormal();
-    children.push_back(window);
-  }
-  return children;
-}
-
-// Each a title lower than the one before, the active one last; their sizes stay where they fit.
-void frmMain::Cascade() {
-  const QSize area = mdiArea->viewport()->size();
-  QPoint at;
-  for (QMdiSubWindow* window : ChildrenToArrange()) {
-    window->resize(window->size().boundedTo(area));
-    if (at.x() + window->width() > area.width() || at.y() + window->height() > area.height()) {
-      at = {};
-    }
-    window->move(at);
-    at += QPoint(kStep, kStep);
-  }
-}
-
-// Across: each as wide as the area, one under the other.
-void frmMain::Tile(bool sideBySide) {
-  const std::vector<QMdiSubWindow*> children = ChildrenToArrange();
-  const QRect area = mdiArea->viewport()->rect();
-  const int count = static_cast<int>(children.size());
-  for (int i = 0; i < count; ++i) {
-    QMdiSubWindow* window = children[static_cast<std::size_t>(i)];
-    const int from = (sideBySide ? area.width() : area.height()) * i / count;
-    const int to = (sideBySide ? area.width() : area.height()) * (i + 1) / count;
-    window->setGeometry(sideBySide ? QRect(from, 0, to - from, area.height())
-                                   : QRect(0, from, area.width(), to - from));
-  }
-}
-
-// The open children stand behind the menu's own items, the active one marked.
-void frmMain::ListWindows() {
-  for (QAction* action : windowMenu_->actions()) {
-    if (action->property("child").toBool()) {
-      windowMenu_->removeAction(action);
-      action->deleteLater();
-    }
-  }
-  const QList<QMdiSubWindow*> children = mdiArea->subWindowList();
-  if (!children.isEmpty()) windowMenu_->addSeparator()->setProperty("child", true);
-  int number = 1;
-  for (QMdiSubWindow* window : children) {
-    QString title = window->windowTitle();
-    title.replace("&", "&&");
-    const QString letter = number < 10 ? "&" : "";
-    QAction* action = windowMenu_->addAction(letter + QString::number(number++) + " " + title);
-    action->setProperty("child", true);
-    action->setCheckable(true);
-    action->setChecked(window == mdiArea->activeSubWindow());
-    connect(action, &QAction::triggered, window, [this, window] {
-      if (window->isMinimized()) window->showNormal();
-      mdiArea->setActiveSubWindow(window);
-    });
-  }
 }
 
 // ---- Load and unload ----------------------------------------------------------------------------
@@ -308,6 +194,19 @@ void frmMain::Place() {
                            std::max(area.top(), area.bottom() + 1 - place.height())));
   move(place.topLeft());
   resize(place.size());
+  opensMaximised_ = !IsPlaceKept() || Settings().Get(kMaximised) == "1";
+}
+
+void frmMain::setVisible(bool visible) {
+  if (visible && std::exchange(opensMaximised_, false)) {
+    setWindowState(windowState() | Qt::WindowMaximized);
+  }
+  QMainWindow::setVisible(visible);
+}
+
+bool frmMain::IsForbidden(const std::string& item) const {
+  const std::vector<std::string> forbidden = ForbiddenItems(CurrentSession().userType);
+  return std::find(forbidden.begin(), forbidden.end(), item) != forbidden.end();
 }
 
 void frmMain::ApplyRights() {
@@ -316,15 +215,23 @@ void frmMain::ApplyRights() {
   }
 }
 
+// Of a maximised frame the size is kept to which it can be restored.
 void frmMain::MDIForm_Unload() {
   if (isMinimized()) return;
-  KeepPixels("MainLeft", x());
-  KeepPixels("MainTop", y());
-  KeepPixels("MainWidth", width());
-  KeepPixels("MainHeight", height());
+  const QRect place = isMaximized() ? normalGeometry() : QRect(pos(), size());
+  KeepPixels("MainLeft", place.x());
+  KeepPixels("MainTop", place.y());
+  KeepPixels("MainWidth", place.width());
+  KeepPixels("MainHeight", place.height());
+  Settings().Set(kMaximised, isMaximized() ? "1" : "0");
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
+  if (!ChangedScreens().empty()) {
+    event->ignore();
+    AskThenClose();
+    return;
+  }
   mdiArea->closeAllSubWindows();
   if (!mdiArea->subWindowList().isEmpty()) {
     event->ignore();

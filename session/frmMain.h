@@ -12,6 +12,7 @@
 #include <string>
 
 #include "platform/forms/Form.h"
+#include "platform/forms/WindowLayout.h"
 #include "session/MenuTable.h"
 
 class QMdiSubWindow;
@@ -19,7 +20,8 @@ class QMdiSubWindow;
 namespace tevra {
 
 /// Holds no work of its own but the menu's: the screens are handed in, one opener a menu item.
-/// While it lives, screens are shown among its children. Closing it closes them.
+/// While it lives, screens are shown among its children. Closing it asks for each screen that has
+/// unsaved changes, then closes them all.
 class frmMain : public QMainWindow {
   Q_OBJECT
 
@@ -27,8 +29,8 @@ class frmMain : public QMainWindow {
   frmMain();
   ~frmMain() override;
 
-  /// What an item opens or starts; may throw. An item that is told nothing says that its screen is
-  /// still to come.
+  /// What an item opens or starts; may throw. An item that has no opener is disabled, and so is
+  /// one that the user has no right to.
   void SetOpener(const std::string& item, std::function<void()> opener);
 
   QAction* Item(const std::string& name) const { return items_.at(name); }
@@ -39,6 +41,7 @@ class frmMain : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void setVisible(bool visible) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
@@ -47,16 +50,20 @@ class frmMain : public QMainWindow {
   void MDIForm_Load();
   void MDIForm_Unload();
   void Place();
+  bool IsForbidden(const std::string& item) const;
   void ApplyRights();
   void ListWindows();
   void ShowForm(Form& form);
+  void BringToFront(QMdiSubWindow* window);
+  std::vector<Form*> ChangedScreens() const;
+  void AskThenClose();
 
   void Choose(const MenuItem& item);
   void RunFrameItem(const std::string& name);
-  void ShowNotYet(const MenuItem& item);
   void ShowFailure(const MenuItem& item);
   void Preluare_Click();
   std::vector<QMdiSubWindow*> ChildrenToArrange() const;
+  std::vector<windows::WindowSize> SizesOf(const std::vector<QMdiSubWindow*>& children) const;
   QPoint PlaceBehind(const QMdiSubWindow* front, const QSize& size) const;
   void ChildActivated(QMdiSubWindow* window);
   void Cascade();
@@ -67,6 +74,8 @@ class frmMain : public QMainWindow {
   std::map<std::string, std::function<void()>> openers_;
   QMenu* windowMenu_ = nullptr;
   QPointer<QMdiSubWindow> front_;  // the child that came to the front last
+  bool opensMaximised_ = false;
+  bool asking_ = false;  // whether the screens' changes may be lost
 };
 
 }  // namespace tevra

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/forms/Boxes.h"
 #include "platform/forms/Windows.h"
 #include "platform/system/Desktop.h"
 #include "platform/system/Settings.h"
@@ -87,12 +88,27 @@ class FrmMain : public ::testing::Test {
   }
   ~FrmMain() override { SetSettings(nullptr); }
 
+  static void HandInEverything(frmMain& frame) {
+    for (const MenuTop& top : MenuTable()) {
+      for (const MenuItem& item : top.items) {
+        if (item.action == MenuAction::kScreen) frame.SetOpener(item.name, [] {});
+      }
+    }
+  }
+
   TestCompany company_;
   MessageRecorder messages_;
 };
 
 TEST_F(FrmMain, TheMenuAsTold) {
   frmMain frame;
+  for (const MenuTop& top : MenuTable()) {
+    for (const MenuItem& item : top.items) {
+      EXPECT_EQ(frame.Item(item.name)->isEnabled(), item.action == MenuAction::kFrame)
+          << item.name << ", which has no screen yet";
+    }
+  }
+  HandInEverything(frame);
   std::string read;
   for (const QAction* top : frame.menuBar()->actions()) {
     read += top->objectName().toStdString() + " " + top->text().toStdString() + "\n";
@@ -118,6 +134,7 @@ TEST_F(FrmMain, RightsByUserType) {
                         Case{2, false, false, false}, Case{7, false, false, false}}) {
     CurrentSession().userType = c.type;
     frmMain frame;
+    HandInEverything(frame);
     EXPECT_EQ(frame.Item("Soc_Lista")->isEnabled(), c.lists) << c.type;
     EXPECT_EQ(frame.Item("Soc_Conf")->isEnabled(), c.lists) << c.type;
     EXPECT_EQ(frame.Item("Utilizatori")->isEnabled(), c.users) << c.type;
@@ -147,10 +164,6 @@ TEST_F(FrmMain, ItemsOpenWhatTheyWereGivenAndTellTheirFailures) {
     EXPECT_EQ(messages_.shown.back().title, c.title);
   }
   EXPECT_FALSE(QApplication::overrideCursor());
-  frame.Item("Tab_Plan")->trigger();
-  EXPECT_EQ(messages_.shown.back().prompt,
-            "Ecranul \"Plan de Conturi\" nu este disponibil in aceasta versiune a programului !");
-  EXPECT_EQ(messages_.shown.back().buttons, kInformation);
 }
 
 TEST_F(FrmMain, PreluareWritesTheLowerLimits) {
@@ -170,46 +183,69 @@ TEST_F(FrmMain, PreluareWritesTheLowerLimits) {
             wanted);
 }
 
-TEST_F(FrmMain, RemembersItsPlaceUnlessMinimised) {
+TEST_F(FrmMain, OpensMaximisedUnlessItsPlaceWasKept) {
   const auto kept = [] {
-    return *Settings().Get("Settings/MainWidth") + " x " + *Settings().Get("Settings/MainHeight");
+    std::string text;
+    for (const char* name : {"MainLeft", "MainTop", "MainWidth", "MainHeight"}) {
+      text += *Settings().Get(std::string("Settings/") + name) + " ";
+    }
+    return text;
   };
-  QSize size;
+  const auto twips = [](const QRect& place) {
+    std::string text;
+    for (const int pixels : {place.x(), place.y(), place.width(), place.height()}) {
+      text += std::to_string(pixels * 15) + " ";
+    }
+    return text;
+  };
+  QRect place;
   {
     frmMain frame;
     EXPECT_EQ(frame.pos(), QPoint(66, 66));
     EXPECT_GE(frame.width(), 433);
     // Its menu, whose width depends on the fonts, must fit into any size.
     EXPECT_GE(frame.minimumWidth(), frame.menuBar()->sizeHint().width());
-    const int room = frame.screen()->availableGeometry().width() - frame.minimumWidth() - 8;
-    size = frame.minimumSize() + QSize(std::clamp(room, 0, 21), 34);
+    place = QRect(frame.pos(), frame.size());
     frame.show();
-    frame.setGeometry(QRect(QPoint(20, 30), size));
+    EXPECT_TRUE(frame.isMaximized());
     frame.close();
   }
-  const std::string twips =
-      std::to_string(size.width() * 15) + " x " + std::to_string(size.height() * 15);
-  EXPECT_EQ(kept(), twips);
+  EXPECT_EQ(kept(), twips(place)) << "where it can be restored to";
   {
     frmMain frame;
-    EXPECT_EQ(frame.size(), size);
     frame.show();
-    frame.setWindowState(Qt::WindowMinimized);
-    frame.resize(size + QSize(60, 20));
+    EXPECT_TRUE(frame.isMaximized()) << "as it was left";
+    frame.showNormal();
+    const int room = frame.screen()->availableGeometry().width() - frame.minimumWidth() - 8;
+    place = QRect(QPoint(20, 30), frame.minimumSize() + QSize(std::clamp(room, 0, 21), 34));
+    frame.setGeometry(place);
+    place.moveTopLeft(frame.pos());
     frame.close();
   }
-  EXPECT_EQ(kept(), twips);
+  EXPECT_EQ(kept(), twips(place));
+  {
+    frmMain frame;
+    frame.show();
+    EXPECT_FALSE(frame.isMaximized());
+    EXPECT_EQ(frame.size(), place.size());
+    frame.setWindowState(Qt::WindowMinimized);
+    frame.resize(place.size() + QSize(60, 20));
+    frame.close();
+  }
+  EXPECT_EQ(kept(), twips(place));
   // Settings that nobody could have saved.
   Settings().Set("Settings/MainLeft", "-1e30");
   Settings().Set("Settings/MainTop", "sus");
   frmMain frame;
+  frame.show();
+  EXPECT_FALSE(frame.isMaximized());
   EXPECT_TRUE(frame.screen()->availableGeometry().contains(frame.pos()));
 }
 
 TEST_F(FrmMain, ScreensStandInTheFrameAndAreListed) {
   frmMain frame;
-  frame.resize(1000, 700);
   frame.show();
+  frame.resize(1200, 700);
   windows::Open<frmUtilizatori>();
   windows::Open<frmUtilizatori>();
   auto& other = windows::OpenNew<frmUtilizatori>();
@@ -235,6 +271,95 @@ TEST_F(FrmMain, ScreensStandInTheFrameAndAreListed) {
   EXPECT_EQ(frame.mdiArea->subWindowList().size(), 1);
   frame.close();
   EXPECT_TRUE(frame.mdiArea->subWindowList().isEmpty());
+}
+
+// A screen with a box that is data.
+class frmKept : public Form {
+ public:
+  explicit frmKept(const char* caption) : Form("frmKept", caption) {
+    box = new TextBox("box", this);
+    setMinimumSize(200, 100);
+    resize(300, 150);
+    MarkSaved();
+  }
+  TextBox* box;
+};
+
+TEST_F(FrmMain, ClosingAsksForEachChangedScreenAndANoKeepsAllOpen) {
+  frmMain frame;
+  frame.show();
+  QPointer<frmKept> same = new frmKept("Aceeasi");
+  QPointer<frmKept> first = new frmKept("Intai");
+  QPointer<frmKept> second = new frmKept("Apoi");
+  for (frmKept* screen : {same.data(), first.data(), second.data()}) windows::Show(*screen);
+  first->box->SetText("a");
+  second->box->SetText("b");
+  const auto settle = [] {
+    for (int i = 0; i < 3; ++i) {
+      QCoreApplication::processEvents();
+      QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+  };
+  messages_.answers = {kYes, kNo};
+  EXPECT_FALSE(frame.close());
+  EXPECT_TRUE(messages_.shown.empty()) << "asked when the closing is over";
+  settle();
+  ASSERT_EQ(messages_.shown.size(), 2u);
+  EXPECT_NE(messages_.shown[0].prompt.find("Intai"), std::string::npos);
+  EXPECT_NE(messages_.shown[1].prompt.find("Apoi"), std::string::npos);
+  EXPECT_TRUE(frame.isVisible());
+  EXPECT_EQ(frame.mdiArea->subWindowList().size(), 3);
+  EXPECT_EQ(frame.mdiArea->activeSubWindow()->widget(), second.data());
+  ASSERT_TRUE(first && second);
+  EXPECT_EQ(first->box->text(), "a");
+
+  // The cross of one screen alone asks again, although the frame's question had a yes.
+  messages_.answers = {kNo, kYes, kYes};
+  qobject_cast<QMdiSubWindow*>(first->parentWidget())->close();
+  settle();
+  EXPECT_EQ(messages_.shown.size(), 3u);
+  ASSERT_TRUE(first);
+  frame.Item("mnuFileExit")->trigger();
+  settle();
+  EXPECT_EQ(messages_.shown.size(), 5u);
+  EXPECT_FALSE(frame.isVisible());
+  EXPECT_FALSE(same || first || second);
+}
+
+TEST_F(FrmMain, AScreenOpensWholeBesideAMaximisedOne) {
+  Settings().Set("Settings/MainWidth", "100");
+  frmMain frame;
+  frame.show();
+  frame.resize(900, 500);
+  windows::Show(*new frmKept("Lista"));
+  QMdiSubWindow* list = frame.mdiArea->activeSubWindow();
+  list->showMaximized();
+  auto* card = new frmKept("Fisa");
+  card->setMinimumSize(1200, 200);
+  windows::Show(*card);
+  const QMdiSubWindow* window = frame.mdiArea->activeSubWindow();
+  EXPECT_EQ(window->widget(), card);
+  EXPECT_FALSE(window->isMaximized());
+  EXPECT_TRUE(list->isMaximized());
+  EXPECT_EQ(list->size(), frame.mdiArea->viewport()->size());
+  EXPECT_GE(card->width(), 1200);
+}
+
+TEST_F(FrmMain, CascadedAfterTilingTheChildrenHaveTheirSizesAgain) {
+  frmMain frame;
+  frame.show();
+  frame.resize(900, 600);
+  for (const char* caption : {"1", "2", "3"}) windows::Show(*new frmKept(caption));
+  const auto children = frame.mdiArea->subWindowList();
+  const QSize own = children[0]->size();
+  frame.Item("mnuWindowTileVertical")->trigger();
+  frame.Item("mnuWindowTileHorizontal")->trigger();
+  EXPECT_NE(children[0]->size(), own);
+  frame.Item("mnuWindowCascade")->trigger();
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(children[i]->size(), own);
+    EXPECT_EQ(children[i]->pos(), QPoint(28, 28) * i);
+  }
 }
 
 TEST_F(FrmMain, HelpIsShownByTheDesktop) {
