@@ -7,6 +7,7 @@
 #include <QTabWidget>
 #include <array>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "platform/forms/Boxes.h"
@@ -16,7 +17,8 @@
 
 namespace tevra {
 
-/// A change that was not saved is dropped when the screen closes.
+/// Each tab is saved alone. Changes that were not saved are dropped when the screen closes, once
+/// the user agreed.
 class frmParamSoc : public Form {
  public:
   explicit frmParamSoc(QWidget* parent = nullptr);
@@ -50,15 +52,21 @@ class frmParamSoc : public Form {
   QWidget* BuildAccounts();
   QWidget* BuildConfiguration();
   void CheckOnLeaving();
+  void GuardCoefficients();
   void Form_Load();
   void LoadAccountCombos();
   void ShowAccount(std::size_t index);
   FinancialYears Years() const;
   bool Validare() const;
+  std::optional<std::size_t> WrongCoefficient() const;
+  std::string WrongCoefficientText(std::size_t index) const;
+  bool AreCoefficientsValid();
+  void ShowSaved();
   void cmdSalvare_Click(Procedure& procedure);
   void UpdateParameters(Adodc& source);
   void SaveConfiguration();
 
+  QGroupBox* frmCoeficienti_ = nullptr;
   Adodc* adoConturi_;
   Adodc* adoDeviza_;
 };

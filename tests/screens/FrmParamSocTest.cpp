@@ -178,12 +178,92 @@ TEST_F(FrmParamSoc, TwoTabsShareTheOneRow) {
   EXPECT_EQ(Stored("CONTFURNIZORI", "kv_par"), Value("404"));
 }
 
-TEST_F(FrmParamSoc, WhatWasNotSavedIsDropped) {
+TEST_F(FrmParamSoc, ACoefficientIsANumberAboveZeroOrIsRefusedByName) {
+  const Value before = Stored("coef2", "I_COEFAD");
+  screen_->SSTab1->setCurrentIndex(2);
+  for (const char* text : {"", " ", "0", "-1,5", "doi", "1.23"}) {
+    screen_->txtCoefDeg[1]->SetText(text);
+    screen_->txtConfig[0]->SetText("404");
+    Save();
+    EXPECT_EQ(LastPrompt(),
+              "Va rugam introduceti o valoare numerica mai mare decat 0 pentru coeficientul "
+              "\"intre 5 si 10 ani\" !")
+        << text;
+    EXPECT_EQ(messages_.shown.back().buttons, kCritical);
+    EXPECT_TRUE(screen_->txtCoefDeg[1]->hasFocus());
+    EXPECT_EQ(screen_->lblStare->text(), "");
+    EXPECT_EQ(Stored("coef2", "I_COEFAD"), before);
+    EXPECT_EQ(Stored("CONTFURNIZORI", "kv_par"), Value("401")) << "nor are the accounts saved";
+  }
+}
+
+TEST_F(FrmParamSoc, TheStripOfCoefficientsRefusesTheSame) {
+  company_.Open().Execute("INSERT INTO I_COEFAD (coef1, coef2, coef3) VALUES (1, 2, NULL)");
+  frmParamSoc screen;
+  screen.show();
+  screen.SSTab1->setCurrentIndex(2);
+  const QList<QAbstractButton*> strip = screen.adoCoefAD->findChildren<QAbstractButton*>();
+  ASSERT_EQ(strip.size(), 4);
+  screen.txtCoefDeg[0]->SetText("");
+  strip[2]->click();
+  EXPECT_EQ(LastPrompt(),
+            "13 - Va rugam introduceti o valoare numerica mai mare decat 0 pentru coeficientul "
+            "\"intre 2 si 5 ani\" !");
+  EXPECT_EQ(screen.adoCoefAD->Recordset().Position(), 0u);
+  screen.txtCoefDeg[0]->SetText("1,75");
+  strip[2]->click();
+  EXPECT_EQ(screen.adoCoefAD->Recordset().Position(), 1u);
+  EXPECT_EQ(Stored("coef1", "I_COEFAD"), Value(1.75));
+  EXPECT_FALSE(screen.HasChanges()) << "another row is no change";
+  // What the company lacks already does not keep the accounts from being saved.
+  screen.txtConfig[0]->SetText("404");
+  QTest::mouseClick(screen.cmdSalvare, Qt::LeftButton);
+  EXPECT_EQ(Stored("CONTFURNIZORI", "kv_par"), Value("404"));
+}
+
+TEST_F(FrmParamSoc, TheStateSpeaksOfTheSavedPageUntilTheNextChange) {
+  const auto state = [&] { return screen_->lblStare->text().toStdString(); };
+  QLineEdit* town = screen_->txtInfo.at("ORAS1");
+  town->setText("Vlaheni");
+  Save();
+  EXPECT_EQ(state(), "Datele au fost salvate.");
+  town->setText("Vlahenii Noi");
+  EXPECT_EQ(state(), "");
+  screen_->SSTab1->setCurrentIndex(1);
+  Save();
+  EXPECT_EQ(state(), "Pagina a fost salvata. Alte pagini au modificari nesalvate.");
+  screen_->SSTab1->setCurrentIndex(0);
+  Save();
+  EXPECT_EQ(state(), "Datele au fost salvate.");
+}
+
+TEST_F(FrmParamSoc, WhatWasNotSavedIsAskedForAndThenDropped) {
+  EXPECT_FALSE(screen_->HasChanges());
   screen_->txtInfo.at("ORAS1")->setText("Vlaheni");
+  messages_.answers = {kNo, kYes};
+  QTest::keyClick(screen_.get(), Qt::Key_Escape);
+  QCoreApplication::processEvents();
+  ASSERT_EQ(messages_.shown.size(), 1u);
+  EXPECT_TRUE(screen_->isVisible());
+  EXPECT_EQ(screen_->txtInfo.at("ORAS1")->text(), "Vlaheni");
   QTest::mouseClick(screen_->cmdCancel, Qt::LeftButton);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(messages_.shown.size(), 2u);
   EXPECT_FALSE(screen_->isVisible());
-  EXPECT_TRUE(messages_.shown.empty());
   EXPECT_TRUE(Stored("ORAS1", "kv_info").IsNull());
+
+  // Saved, or typed back, it is not asked for.
+  frmParamSoc again;
+  again.show();
+  again.txtInfo.at("ORAS1")->setText("Vlaheni");
+  QTest::mouseClick(again.cmdSalvare, Qt::LeftButton);
+  again.SSTab1->setCurrentIndex(2);
+  again.txtCoefDeg[0]->SetText("7");
+  again.txtCoefDeg[0]->SetText(Stored("coef1", "I_COEFAD").AsText());
+  again.close();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(messages_.shown.size(), 2u);
+  EXPECT_FALSE(again.isVisible());
 }
 
 }  // namespace
