@@ -2,6 +2,7 @@
 
 #include "engine/Module3.h"
 #include "platform/forms/Hourglass.h"
+#include "platform/forms/Windows.h"
 #include "platform/system/Clock.h"
 #include "platform/system/MessageBox.h"
 #include "platform/text/Numbers.h"
@@ -75,23 +76,21 @@ void frmFisaImo::Connect() {
   }
   for (const number::Place left :
        {kValue, kExchangeRate, kNormalYears, kRealYears, kBlockedValue, kBlockedForeignValue}) {
-    OnLeave(txtNumar[left], "txtNumar_LostFocus", [this, left](Procedure&) {
-      txtNumar_LostFocus(left);
-      return true;
-    });
+    NumberBox* box = txtNumar[left];
+    connect(box, &QLineEdit::textEdited, this, [this, box] { touched_.insert(box); });
+    OnLeaveTouched(box, "txtNumar_LostFocus", [this, left] { txtNumar_LostFocus(left); });
   }
-  // What cannot be derived is told and holds nobody: the box with the mistake may be another one.
   for (const date::Place left : {kBought, kInService, kStart}) {
-    OnLeave(DTPicker1[left], "DTPicker1_LostFocus", [this, left](Procedure&) {
+    OnLeaveTouched(DTPicker1[left], "DTPicker1_LostFocus", [this, left] {
       RunShort("DTPicker1_LostFocus", [&](Procedure&) { DTPicker1_LostFocus(left); });
-      return true;
     });
   }
-  connect(chkBlocata, &CheckBox::Click, this,
-          [this] { RunShort("chkBlocata_Click", [this](Procedure&) { chkBlocata_Click(); }); });
-  OnLeave(chkBlocata, "chkBlocata_LostFocus", [this](Procedure&) {
+  connect(chkBlocata, &CheckBox::Click, this, [this] {
+    touched_.insert(chkBlocata);
+    RunShort("chkBlocata_Click", [this](Procedure&) { chkBlocata_Click(); });
+  });
+  OnLeaveTouched(chkBlocata, "chkBlocata_LostFocus", [this] {
     RunShort("chkBlocata_LostFocus", [this](Procedure&) { chkBlocata_LostFocus(); });
-    return true;
   });
   connect(chkChelt, &CheckBox::Click, this, [this] {
     if (!loading_) RunShort("chkChelt_Click", [this](Procedure&) { chkChelt_Click(); });
@@ -99,6 +98,27 @@ void frmFisaImo::Connect() {
   for (const ComboSource& combo : Combos()) {
     connect(combo.combo, &DataCombo::Picked, this, [this, combo] { PickedInCombo(combo); });
   }
+}
+
+// On the card of an asset that exists, a box that the user only passed through derives nothing:
+// what was stored would give way to what the rules make of it today. What cannot be derived is told
+// and does not keep the focus: the box with the mistake may be another one.
+void frmFisaImo::OnLeaveTouched(QWidget* box, const char* procedure,
+                                const std::function<void()>& derive) {
+  OnLeave(box, procedure, [this, box, derive](Procedure&) {
+    if (!IsUntouched(box)) derive();
+    Settle();
+    return true;
+  });
+}
+
+bool frmFisaImo::IsUntouched(const QWidget* box) const {
+  return !asset_.bAdaugare && touched_.count(box) == 0 && !settled_.Differs(box);
+}
+
+void frmFisaImo::Settle() {
+  touched_.clear();
+  settled_.RememberAll();
 }
 
 // ---- Loading ------------------------------------------------------------------------------------
@@ -111,6 +131,9 @@ void frmFisaImo::Form_Load() {
     LoadCombos();
   });
   loading_ = false;
+  MarkSaved();
+  settled_.Remember(this);
+  Settle();
 }
 
 void frmFisaImo::OpenNew() {
@@ -267,6 +290,7 @@ AssetCard frmFisaImo::Card() const {
 
 void frmFisaImo::ShowSaved(const AssetRow& row) {
   if (row.real) txtNumar[kRealYears]->SetNumber(row.real);
+  settled_.Remember(txtNumar[kRealYears]);
   if (row.blocking) DTPicker1[kBlockedFrom]->SetDate(row.blocking);
 }
 
@@ -289,6 +313,7 @@ void frmFisaImo::cmdSalvare_Click() {
   if (!saved) return;
   AddNote();
   RunShort("CurataCampuri", [this](Procedure&) { CurataCampuri(); });
+  MarkSaved();
 }
 
 void frmFisaImo::cmdModificare_Click() {
@@ -308,7 +333,9 @@ void frmFisaImo::cmdModificare_Click() {
         MsgBoxEx(ShortErrorText(failure) + " Linia: " + std::to_string(procedure.line), kCritical,
                  "Modificare ");
       });
-  if (saved) AddNote();
+  if (!saved) return;
+  MarkSaved();
+  AddNote();
 }
 
 void frmFisaImo::AddNote() {
@@ -425,6 +452,11 @@ bool frmFisaImo::IsBlockingValid() {
         DTPicker1[kBlockedFrom]);
   }
   return true;
+}
+
+frmFisaImo& OpenAssetCard(const AssetToOpen& asset) {
+  const std::string key = asset.bAdaugare ? std::string() : asset.sNrCrt;
+  return windows::OpenFor<frmFisaImo>(key, [&] { return new frmFisaImo(asset); });
 }
 
 }  // namespace tevra

@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QPushButton>
 #include <array>
+#include <set>
 #include <string>
 
 #include "platform/forms/Boxes.h"
@@ -93,6 +94,11 @@ class frmFisaImo : public Form {
   void PickedInCombo(const ComboSource& combo);
   void cboGrupa_Click();
 
+  // Boxes that are left as they were.
+  void OnLeaveTouched(QWidget* box, const char* procedure, const std::function<void()>& derive);
+  bool IsUntouched(const QWidget* box) const;
+  void Settle();
+
   // The method panel.
   Method Letter() const;
   static Method MethodOf(const OptionButton* option);
@@ -128,11 +134,17 @@ class frmFisaImo : public Form {
   std::array<Adodc*, 7> sources_{};
   bool loading_ = false;
   bool loaded_ = false;  // the combos have their lists
+  ChangeWatch settled_;  // what the boxes held when the last handler of a box left was through
+  std::set<const QWidget*> touched_;  // typed in or clicked since then
 
   std::array<QWidget*, 7> frames_{};
   QGridLayout* grid_ = nullptr;
   int wide_ = 0;  // the least width at which the frames stand in two rows
   bool narrow_ = false;
 };
+
+/// Opens the card of an asset, or a card for a new one; one that is open already comes to the
+/// front.
+frmFisaImo& OpenAssetCard(const AssetToOpen& asset);
 
 }  // namespace tevra

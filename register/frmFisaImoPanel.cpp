@@ -125,6 +125,7 @@ void frmFisaImo::Apply(const Derived& derived, bool withReal) {
     }
   }
   if (withReal && derived.real) txtNumar[kRealYears]->SetNumber(derived.real);
+  settled_.Remember(txtNumar[kRealYears]);
   if (derived.rate) txtNumar[kRate]->SetNumber(derived.rate);
   if (derived.coef) txtNumar[kCoef]->SetNumber(derived.coef);
 }

@@ -140,7 +140,7 @@ void frmImo::cmdCauta_Click(Procedure& running) {
 
 void frmImo::cmdCreare_Click() {
   bAdaugare = true;
-  windows::Show(*new frmFisaImo({bAdaugare, sNrCrt}));
+  OpenAssetCard({bAdaugare, sNrCrt});
 }
 
 void frmImo::cmdModificare_Click() {
@@ -155,7 +155,7 @@ void frmImo::cmdModificare_Click() {
     return;
   }
   bAdaugare = false;
-  windows::Show(*new frmFisaImo({bAdaugare, sNrCrt}));
+  OpenAssetCard({bAdaugare, sNrCrt});
 }
 
 void frmImo::CommandButton3_Click(Procedure& running) {
