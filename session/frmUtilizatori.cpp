@@ -11,13 +11,13 @@
 #include "platform/text/Strings.h"
 #include "session/Module1.h"
 #include "session/Session.h"
+#include "session/Users.h"
 
 namespace tevra {
 
 namespace {
 
 constexpr int kLongest = 10;
-constexpr const char* kProtected = "admin";
 constexpr const char* kTypes[] = {"0 (Toate)", "1 (Culegeri + raportari)", "2 (Raportari)"};
 
 std::vector<std::pair<Value, QString>> TypeList() {
@@ -33,9 +33,10 @@ std::vector<std::pair<Value, QString>> TypeList() {
 frmUtilizatori::frmUtilizatori(QWidget* parent) : Form("frmUtilizatori", "Utilizatori", parent) {
   datPrimaryRS = new Adodc("datPrimaryRS", this);
   Build();
-  grdDataGrid->SetBeforeColUpdate([this](int column, const QString&, const QString&) {
-    return grdDataGrid_BeforeColUpdate(column);
-  });
+  grdDataGrid->SetCellWriter(
+      [this](int column, const Value& value, const std::function<void()>& write) {
+        return grdDataGrid_BeforeColUpdate(column, value, write);
+      });
   OnClick(cmdAdauga, "cmdAdauga_Click", [this](Procedure& running) { cmdAdauga_Click(running); });
   OnClick(cmdSterge, "cmdSterge_Click", [this](Procedure& running) { cmdSterge_Click(running); });
   connect(cmdIesire, &QPushButton::clicked, this, [this] { close(); });
@@ -91,6 +92,8 @@ void frmUtilizatori::Build() {
   all->addWidget(fraInput);
   all->addWidget(grdDataGrid, 1);
   all->addLayout(buttons);
+  // "Adaugare" comes next after the boxes that it reads.
+  OrderTabs({txtNume, txtParola, cboTip, cmdAdauga, grdDataGrid->View(), cmdSterge, cmdIesire});
   setMinimumSize(520, 240);
   resize(620, 400);
   txtNume->setFocus();
@@ -106,11 +109,30 @@ void frmUtilizatori::Form_Load() {
   });
 }
 
-bool frmUtilizatori::grdDataGrid_BeforeColUpdate(int column) {
-  if (column != grdDataGrid->ColumnOf("TIP")) return true;
-  if (grdDataGrid->ColumnText(grdDataGrid->ColumnOf("NUME")) != kProtected) return true;
-  MsgBoxEx("Nu se poate modifica tipul pentru utilizatorul admin !", kCritical);
-  return false;
+bool frmUtilizatori::grdDataGrid_BeforeColUpdate(int column, const Value& value,
+                                                 const std::function<void()>& write) {
+  const std::string name = datPrimaryRS->Recordset().Get("NUME").TextOrEmpty();
+  const std::string& field = grdDataGrid->Columns()[static_cast<std::size_t>(column)].field;
+  return WriteUnlessRefused(
+      [&](Connection& company) { return RefusalOfUserChange(company, name, field, value); }, write);
+}
+
+// The question is asked in the transaction that writes. The message waits until that is over: it
+// must not keep other programs from writing.
+bool frmUtilizatori::WriteUnlessRefused(
+    const std::function<std::optional<std::string>(Connection& company)>& refusalOf,
+    const std::function<void()>& write) {
+  std::optional<std::string> refusal;
+  {
+    Transaction transaction(datPrimaryRS->GetConnection());
+    refusal = refusalOf(datPrimaryRS->GetConnection());
+    if (!refusal) {
+      write();
+      transaction.Commit();
+    }
+  }
+  if (refusal) MsgBoxEx(*refusal, kCritical);
+  return !refusal;
 }
 
 void frmUtilizatori::cmdAdauga_Click(Procedure& procedure) {
@@ -149,19 +171,23 @@ void frmUtilizatori::cmdSterge_Click(Procedure& procedure) {
   if (!datPrimaryRS->HasRow()) return;
   const std::string name = grdDataGrid->ColumnText(grdDataGrid->ColumnOf("NUME"));
   ClearFields();
-  if (name == kProtected) {
-    MsgBoxEx("Utilizatorul admin nu se poate sterge !", kCritical);
+  procedure.line = 3;
+  if (const auto refusal = RefusalOfUserDeletion(datPrimaryRS->GetConnection(), name)) {
+    MsgBoxEx(*refusal, kCritical);
     return;
   }
   const long answer = MsgBoxEx("Sunteti sigur ca doriti sa stergeti utilizatorul : " + name + " ?",
-                               kYesNo | kQuestion, "Confirmare stergere");
-  if (answer == kYes) {
-    procedure.line = 5;
-    Recordset& rows = datPrimaryRS->Recordset();
-    rows.Delete();
-    if (rows.Eof() && rows.RecordCount() > 0) rows.MoveLast();
-    datPrimaryRS->Notify();
-  }
+                               kYesNo | kQuestion | kDefaultStep, "Confirmare stergere");
+  if (answer != kYes) return;
+  procedure.line = 5;
+  Recordset& rows = datPrimaryRS->Recordset();
+  // Another program may have changed the users while the question stood on the screen.
+  const bool deleted =
+      WriteUnlessRefused([&](Connection& company) { return RefusalOfUserDeletion(company, name); },
+                         [&] { rows.Delete(); });
+  if (!deleted) return;
+  if (rows.Eof() && rows.RecordCount() > 0) rows.MoveLast();
+  datPrimaryRS->Notify();
 }
 
 void frmUtilizatori::ClearFields() {

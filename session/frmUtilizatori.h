@@ -4,10 +4,13 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QPushButton>
+#include <functional>
+#include <optional>
+#include <string>
 
 #include "platform/forms/Boxes.h"
-#include "platform/grid/DataGrid.h"
 #include "platform/forms/Form.h"
+#include "platform/grid/DataGrid.h"
 
 namespace tevra {
 
@@ -30,9 +33,13 @@ class frmUtilizatori : public Form {
   void Build();
   void BuildInput();
   void Form_Load();
-  bool grdDataGrid_BeforeColUpdate(int column);
+  bool grdDataGrid_BeforeColUpdate(int column, const Value& value,
+                                   const std::function<void()>& write);
   void cmdAdauga_Click(Procedure& procedure);
   void cmdSterge_Click(Procedure& procedure);
+  bool WriteUnlessRefused(
+      const std::function<std::optional<std::string>(Connection& company)>& refusalOf,
+      const std::function<void()>& write);
   void ClearFields();
 };
 

@@ -229,8 +229,16 @@ bool DataGrid::WriteCell(int row, int column, const QString& text) {
   Recordset& rows = source_->Recordset();
   try {
     rows.SetPosition(static_cast<std::size_t>(row));
-    rows.Set(shown.field, CellValue(text, shown));
-    rows.Update();
+    const Value value = CellValue(text, shown);
+    const auto write = [&] {
+      rows.Set(shown.field, value);
+      rows.Update();
+    };
+    if (!writeCell_) {
+      write();
+    } else if (!writeCell_(column, value, write)) {
+      return false;
+    }
   } catch (const std::exception&) {
     const Failure failure = CaughtFailure();
     rows.CancelUpdate();

@@ -46,6 +46,12 @@ class DataGrid : public QWidget, public KeepsTyping {
   using ColumnCheck =
       std::function<bool(int column, const QString& oldText, const QString& newText)>;
   void SetBeforeColUpdate(ColumnCheck check) { beforeColUpdate_ = std::move(check); }
+  /// Writes a changed cell in the screen's own way, such as in a transaction with checks: it calls
+  /// `write`, which writes `value` into the column's field of the current row, or answers false
+  /// after it told why not.
+  using CellWriter =
+      std::function<bool(int column, const Value& value, const std::function<void()>& write)>;
+  void SetCellWriter(CellWriter writer) { writeCell_ = std::move(writer); }
 
   /// A row that the user goes to by mouse or keys is marked, with Shift and Ctrl for more. Off
   /// unless set; else rows are marked by the strip at their left only.
@@ -137,6 +143,7 @@ class DataGrid : public QWidget, public KeepsTyping {
   GroupArea* area_;
   GridFooter* footer_;
   ColumnCheck beforeColUpdate_;
+  CellWriter writeCell_;
   std::vector<std::string> groups_;
   std::vector<std::string> sorted_;
   GridPrintInfo printInfo_;

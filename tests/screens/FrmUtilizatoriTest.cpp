@@ -77,7 +77,7 @@ TEST_F(FrmUtilizatori, DeletesWhenAsked) {
   QTest::mouseClick(screen_.cmdSterge, Qt::LeftButton);
   EXPECT_EQ(LastPrompt(), "Sunteti sigur ca doriti sa stergeti utilizatorul : Ana ?");
   EXPECT_EQ(messages_.shown.back().title, "Confirmare stergere");
-  EXPECT_EQ(messages_.shown.back().buttons, 36);
+  EXPECT_EQ(messages_.shown.back().buttons, kYesNo | kQuestion | kDefaultStep);
   EXPECT_FALSE(Stored("NUME", "Ana").IsNull());
   QTest::mouseClick(screen_.cmdSterge, Qt::LeftButton);
   EXPECT_TRUE(Stored("NUME", "Ana").IsNull());
@@ -100,6 +100,56 @@ TEST_F(FrmUtilizatori, TheGridEditsAllButTheTypeOfAdmin) {
   EXPECT_FALSE(model->setData(model->index(admin, 2), "2 (Raportari)"));
   EXPECT_EQ(LastPrompt(), "Nu se poate modifica tipul pentru utilizatorul admin !");
   EXPECT_EQ(Stored("TIP", "admin"), Value(0));
+  for (const char* name : {"Ion", "Admin", "admin ", " ", ""}) {
+    EXPECT_FALSE(model->setData(model->index(admin, 0), name));
+    EXPECT_EQ(LastPrompt(), "Numele utilizatorului admin nu se poate modifica !");
+  }
+  for (const char* password : {"", "  "}) {
+    EXPECT_FALSE(model->setData(model->index(admin, 1), password));
+    EXPECT_EQ(LastPrompt(), "Va rugam introduceti parola !");
+  }
+  EXPECT_EQ(company_.Rows("SELECT NUME, PAROLA, TIP FROM UTILIZATORI WHERE TIP = 0"),
+            "admin secret 0 \nAna 1 0 \n");
+}
+
+TEST_F(FrmUtilizatori, TheRulesLookAtTheUsersAsTheyAreNow) {
+  Add("Ana", "1", 0);
+  Add("Ion", "1", 1);
+  Connection other = company_.Open();
+  other.Execute("DELETE FROM UTILIZATORI WHERE NUME = 'admin'");
+  GoTo("Ana");
+  QAbstractItemModel* model = screen_.grdDataGrid->View()->model();
+  const int ana = screen_.grdDataGrid->View()->currentIndex().row();
+  EXPECT_FALSE(model->setData(model->index(ana, 2), "1 (Culegeri + raportari)"));
+  const std::string refusal = LastPrompt();
+  EXPECT_EQ(refusal, "Trebuie sa ramana cel putin un utilizator cu parola si de tipul 0 (Toate) !");
+  QTest::mouseClick(screen_.cmdSterge, Qt::LeftButton);
+  EXPECT_EQ(LastPrompt(), refusal);
+  EXPECT_EQ(Stored("TIP", "Ana"), Value(0));
+
+  // The other one goes while the question stands on the screen.
+  other.Execute("INSERT INTO UTILIZATORI (NUME, PAROLA, TIP) VALUES ('Dan', '1', 0)");
+  const MessageHandler answer = SetMessageHandler([&](const MessageRequest& request) -> long {
+    // Nobody is kept from writing while a message waits.
+    other.Execute("DELETE FROM UTILIZATORI WHERE NUME = 'Dan'");
+    messages_.shown.push_back(request);
+    return kYes;
+  });
+  QTest::mouseClick(screen_.cmdSterge, Qt::LeftButton);
+  SetMessageHandler(answer);
+  EXPECT_EQ(LastPrompt(), refusal);
+  EXPECT_EQ(Stored("TIP", "Ana"), Value(0));
+}
+
+TEST_F(FrmUtilizatori, TabGoesFromTheBoxesToAdaugare) {
+  screen_.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&screen_));
+  screen_.txtNume->setFocus();
+  for (QWidget* next : std::initializer_list<QWidget*>{
+           screen_.txtParola, screen_.cboTip, screen_.cmdAdauga, screen_.grdDataGrid->View()}) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), next);
+  }
 }
 
 }  // namespace
