@@ -83,6 +83,9 @@ class CompanyRegistry {
   /// changes nothing.
   void Refresh();
 
+  /// True when the list differs from the file as it was last read or written here.
+  bool IsChanged() const { return Companies() != known_; }
+
   /// Writes all rows to the file, whole or not at all. Throws Failure 76, 70 or 61 with its name.
   void Save();
 

@@ -77,6 +77,7 @@ void frmSocietati::Build() {
   all->addWidget(fraInput);
   all->addWidget(TDBGrid1, 1);
   all->addLayout(buttons);
+  OrderTabs({txtCod, txtDenumire, cmdAdauga, TDBGrid1->View(), cmdSterge, cmdIesire});
   setMinimumSize(480, 240);
   resize(580, 430);
   txtCod->setFocus();
@@ -92,9 +93,10 @@ void frmSocietati::Form_Load() {
   });
 }
 
-// What was changed in the grid reaches the file; a registry that could not be read is left alone.
+// What was changed in the grid reaches the file. A list that nobody changed writes nothing: its
+// directory may be read-only. A registry that could not be read is left alone.
 void frmSocietati::Form_Unload() {
-  if (registry_) SaveRegistry(*registry_, CurrentSession().databasesPath);
+  if (registry_ && registry_->IsChanged()) SaveRegistry(*registry_, CurrentSession().databasesPath);
 }
 
 bool frmSocietati::ExistaCodSocietate(const std::string& code) const {
@@ -166,7 +168,7 @@ void frmSocietati::cmdSterge_Click() {
   }
   const long answer = MsgBoxEx("Sunteti sigur ca doriti sa stergeti societatea : " + doomed.cod +
                                    " - " + doomed.denumire + " si baza de date aferenta ?",
-                               kYesNo | kQuestion, "Confirmare stergere");
+                               kYesNo | kQuestion | kDefaultStep, "Confirmare stergere");
   if (answer != kYes) return;
   const bool done = Run("cmdSterge_Click", [&](Procedure& procedure) {
     procedure.line = 4;

@@ -115,7 +115,7 @@ TEST_F(FrmSocietati, DeletesThatCompanyOnlyWhenAsked) {
   EXPECT_EQ(messages_.shown[0].prompt,
             "Sunteti sigur ca doriti sa stergeti societatea : 02 - Doi si baza de date aferenta ?");
   EXPECT_EQ(messages_.shown[0].title, "Confirmare stergere");
-  EXPECT_EQ(messages_.shown[0].buttons, 36);
+  EXPECT_EQ(messages_.shown[0].buttons, kYesNo | kQuestion | kDefaultStep);
   EXPECT_TRUE(HasFile("Kelnar02.mdb"));
   QTest::mouseClick(screen.cmdSterge, Qt::LeftButton);
   EXPECT_FALSE(HasFile("Kelnar02.mdb"));
@@ -170,6 +170,21 @@ TEST_F(FrmSocietati, ANameChangedInTheGridIsWrittenAtTheClose) {
   view->findChild<QLineEdit*>()->setText("Numele nou");
   screen.close();
   EXPECT_EQ(Registered()[0].denumire, "Numele nou");
+}
+
+TEST_F(FrmSocietati, AListThatNobodyChangedIsNotWritten) {
+  const auto file = company_.Directory() / "Societat.XML";
+  const std::string marked = Content(file) + "<!-- as it was -->";
+  WriteFile(file, marked);
+  std::filesystem::permissions(company_.Directory(), std::filesystem::perms(0555));
+  {
+    frmSocietati screen;
+    screen.show();
+    screen.close();
+  }
+  std::filesystem::permissions(company_.Directory(), std::filesystem::perms(0755));
+  EXPECT_TRUE(messages_.shown.empty());
+  EXPECT_EQ(Content(file), marked);
 }
 
 TEST_F(FrmSocietati, ARegistryThatCannotBeReadIsToldAndLeftAlone) {
