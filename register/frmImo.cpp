@@ -165,7 +165,7 @@ void frmImo::CommandButton3_Click(Procedure& running) {
                                TDBGrid1->ColumnText(TDBGrid1->ColumnOf("DENUMIRE")) + " ?";
   const std::int32_t asset = datPrimaryRS->Recordset().Get("NRCRT").AsLong();
   running.line = 1;
-  if (MsgBoxEx(question, kYesNo, "Confirmare stergere") != kYes) return;
+  if (MsgBoxEx(question, long{kYesNo} | kDefaultStep, "Confirmare stergere") != kYes) return;
   running.line = 2;
   ExecuteSQL("delete * from i_imo where nrcrt = ?", {asset});
   running.line = 3;

@@ -6,8 +6,8 @@
 #include <optional>
 
 #include "platform/forms/Boxes.h"
-#include "platform/grid/DataGrid.h"
 #include "platform/forms/Form.h"
+#include "platform/grid/DataGrid.h"
 #include "session/CompanyRegistry.h"
 
 namespace tevra {

@@ -193,6 +193,7 @@ TEST_F(FrmImo, DeletesTheCurrentAssetWhenTheUserAgrees) {
   EXPECT_EQ(LastMessage(),
             "Sunteti sigur ca doriti sa efectuati stergerea inregistrarii 3 - Strung 'mic' ?");
   EXPECT_EQ(messages_.shown.back().title, "Confirmare stergere");
+  EXPECT_EQ(messages_.shown.back().buttons, long{kYesNo} | kDefaultStep);
   EXPECT_EQ(list.Label1->text(), "4");
   Press(list.CommandButton3);
   EXPECT_EQ(Names(), "Presa strung;Freza;Strung;");
