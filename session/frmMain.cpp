@@ -49,6 +49,14 @@ void KeepPixels(const char* name, int pixels) {
   Settings().Set(std::string("Settings/") + name, std::to_string(pixels * kTwips));
 }
 
+// Where a frame with its decoration may stand.
+QRect RoomOnScreen(const QPoint& at) {
+  const QScreen* shown = QApplication::screenAt(at);
+  QRect area = (shown ? shown : QApplication::primaryScreen())->availableGeometry();
+  area.setSize(area.size() - kDecoration);
+  return area;
+}
+
 bool IsPlaceKept() {
   for (const char* name : {"MainLeft", "MainTop", "MainWidth", "MainHeight"}) {
     if (Settings().Get(std::string("Settings/") + name)) return true;
@@ -181,12 +189,14 @@ void frmMain::MDIForm_Load() {
 // Never so small that the menu is cut, and never outside the screens there are now.
 void frmMain::Place() {
   setMinimumSize(std::max(menuBar()->sizeHint().width() + 8, 480), 320);
-  QRect place(Pixels("MainLeft", 1000), Pixels("MainTop", 1000), Pixels("MainWidth", 6500),
-              Pixels("MainHeight", 6500));
+  PlaceOnScreen({Pixels("MainLeft", 1000), Pixels("MainTop", 1000), Pixels("MainWidth", 6500),
+                 Pixels("MainHeight", 6500)});
+  opensMaximised_ = !IsPlaceKept() || Settings().Get(kMaximised) == "1";
+}
+
+void frmMain::PlaceOnScreen(QRect place) {
   place.setSize(place.size().expandedTo(minimumSize()));
-  const QScreen* shown = QApplication::screenAt(place.center());
-  QRect area = (shown ? shown : QApplication::primaryScreen())->availableGeometry();
-  area.setSize(area.size() - kDecoration);
+  const QRect area = RoomOnScreen(place.center());
   place.setSize(place.size().boundedTo(area.size()).expandedTo(minimumSize()));
   place.moveLeft(std::clamp(place.left(), area.left(),
                             std::max(area.left(), area.right() + 1 - place.width())));
@@ -194,7 +204,15 @@ void frmMain::Place() {
                            std::max(area.top(), area.bottom() + 1 - place.height())));
   move(place.topLeft());
   resize(place.size());
-  opensMaximised_ = !IsPlaceKept() || Settings().Get(kMaximised) == "1";
+}
+
+// A frame that is too small for what it opens grows, as far as the desktop has room.
+void frmMain::MakeRoomFor(const QSize& window) {
+  const QSize lacking = (window - mdiArea->viewport()->size()).expandedTo({0, 0});
+  const QSize room = RoomOnScreen(geometry().center()).size();
+  const bool fits = size().boundedTo(room) == size();
+  if (isMaximized() || isFullScreen() || lacking.isNull() || !fits) return;
+  PlaceOnScreen({pos(), size() + lacking});
 }
 
 void frmMain::setVisible(bool visible) {

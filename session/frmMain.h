@@ -50,10 +50,12 @@ class frmMain : public QMainWindow {
   void MDIForm_Load();
   void MDIForm_Unload();
   void Place();
+  void PlaceOnScreen(QRect place);
   bool IsForbidden(const std::string& item) const;
   void ApplyRights();
   void ListWindows();
   void ShowForm(Form& form);
+  void MakeRoomFor(const QSize& window);
   void BringToFront(QMdiSubWindow* window);
   std::vector<Form*> ChangedScreens() const;
   void AskThenClose();

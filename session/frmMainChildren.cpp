@@ -12,12 +12,10 @@ namespace {
 
 constexpr const char* kOwnSize = "ownSize";  // of a child that was tiled
 
-// Below this a child's content would be cut.
-QSize LeastSize(const QMdiSubWindow& window) {
-  const QWidget& form = *window.widget();
-  const QSize decoration = window.sizeHint() - form.sizeHint();
-  const QSize content = form.minimumSize().expandedTo(form.minimumSizeHint());
-  return window.minimumSizeHint().expandedTo(content + decoration);
+// What the title and the border take.
+QSize Decoration(const QMdiSubWindow& window) {
+  const QMargins margins = window.contentsMargins();
+  return {margins.left() + margins.right(), margins.top() + margins.bottom()};
 }
 
 }  // namespace
@@ -38,9 +36,10 @@ void frmMain::ShowForm(Form& form) {
   window->setWindowIcon(windowIcon());
   // The size is the screen's own, as far as the frame has room; what still does not fit is reached
   // by the frame's scroll bars.
-  const QSize frame = window->sizeHint() - form.sizeHint();
+  const QSize least = window->minimumSizeHint();  // below this its content would be cut
+  MakeRoomFor(least);
   const QSize room = mdiArea->viewport()->size();
-  window->resize((wanted + frame).boundedTo(room).expandedTo(LeastSize(*window)));
+  window->resize((wanted + Decoration(*window)).boundedTo(room).expandedTo(least));
   // A screen that closes itself takes its window along.
   connect(
       &form, &Form::Closed, window, [window] { window->close(); }, Qt::QueuedConnection);
@@ -83,7 +82,8 @@ std::vector<windows::WindowSize> frmMain::SizesOf(
   std::vector<windows::WindowSize> sizes;
   for (const QMdiSubWindow* window : children) {
     const QVariant before = window->property(kOwnSize);
-    sizes.push_back({before.isValid() ? before.toSize() : window->size(), LeastSize(*window)});
+    sizes.push_back(
+        {before.isValid() ? before.toSize() : window->size(), window->minimumSizeHint()});
   }
   return sizes;
 }

@@ -35,6 +35,7 @@ frmSocietati::frmSocietati(QWidget* parent) : Form("frmSocietati", "Societati", 
                     [&](Procedure&) { CompanyRegistry::CheckName(text.toStdString()); });
   });
   Form_Load();
+  for (TextBox* box : {txtCod, txtDenumire}) MarkSaved(box);
 }
 
 frmSocietati::~frmSocietati() {

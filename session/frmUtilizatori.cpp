@@ -41,6 +41,7 @@ frmUtilizatori::frmUtilizatori(QWidget* parent) : Form("frmUtilizatori", "Utiliz
   OnClick(cmdSterge, "cmdSterge_Click", [this](Procedure& running) { cmdSterge_Click(running); });
   connect(cmdIesire, &QPushButton::clicked, this, [this] { close(); });
   Form_Load();
+  for (TextBox* box : {txtNume, txtParola}) MarkSaved(box);
 }
 
 frmUtilizatori::~frmUtilizatori() {

@@ -345,6 +345,23 @@ TEST_F(FrmMain, AScreenOpensWholeBesideAMaximisedOne) {
   EXPECT_GE(card->width(), 1200);
 }
 
+TEST_F(FrmMain, ASmallFrameGrowsForAScreenThatDoesNotFit) {
+  Settings().Set("Settings/MainWidth", "100");
+  frmMain frame;
+  frame.show();
+  frame.resize(frame.minimumSize());
+  auto* low = new frmKept("Mica");
+  windows::Show(*low);
+  EXPECT_EQ(frame.size(), frame.minimumSize());
+  auto* high = new frmKept("Inalta");
+  high->setMinimumHeight(500);
+  windows::Show(*high);
+  const QRect shown = frame.mdiArea->activeSubWindow()->geometry();
+  EXPECT_TRUE(frame.mdiArea->viewport()->rect().contains(shown));
+  EXPECT_GE(high->height(), 500);
+  EXPECT_EQ(frame.width(), frame.minimumWidth());
+}
+
 TEST_F(FrmMain, CascadedAfterTilingTheChildrenHaveTheirSizesAgain) {
   frmMain frame;
   frame.show();

@@ -78,6 +78,22 @@ TEST_F(FrmSocietati, ADatabaseInTheWayIsAskedAbout) {
   EXPECT_TRUE(HasFile("Salv_Tevra"));
 }
 
+TEST_F(FrmSocietati, ANewCompanyThatWasNotAddedIsAskedForAtTheClose) {
+  frmSocietati screen;
+  screen.show();
+  screen.txtDenumire->SetText("Doi");
+  messages_.answers = {kNo};
+  screen.close();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(messages_.shown.size(), 1u);
+  EXPECT_TRUE(screen.isVisible());
+  Add(screen, "02", "Doi");
+  screen.close();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(messages_.shown.size(), 1u);
+  EXPECT_FALSE(screen.isVisible());
+}
+
 TEST_F(FrmSocietati, RefusalsInTheirWords) {
   struct Case {
     const char* code;

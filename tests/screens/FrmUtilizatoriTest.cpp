@@ -51,6 +51,20 @@ TEST_F(FrmUtilizatori, AddsAUserAndClearsTheFields) {
   EXPECT_EQ(screen_.txtNume->maxLength(), 10);
 }
 
+TEST_F(FrmUtilizatori, ANewUserThatWasNotAddedIsAskedForAtTheClose) {
+  screen_.txtNume->SetText("ana");
+  messages_.answers = {kNo};
+  QTest::keyClick(screen_.txtNume, Qt::Key_Escape);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(messages_.shown.size(), 1u);
+  EXPECT_TRUE(screen_.isVisible());
+  Add("ana", "1", 1);
+  screen_.close();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(messages_.shown.size(), 1u);
+  EXPECT_FALSE(screen_.isVisible());
+}
+
 TEST_F(FrmUtilizatori, RefusalsInTheirWords) {
   struct Case {
     const char* name;
