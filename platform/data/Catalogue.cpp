@@ -151,13 +151,14 @@ void Catalogue::CreateIndex(const std::string& table, const IndexDef& index) {
   if (index.primary) return CreatePrimaryKey(table, index.fields);
   const TableDef indexed = Table(table);
   for (const auto& field : index.fields) FieldOf(indexed, field);
-  connection_.Handle()->Run(detail::CreateIndexSql(indexed.name, index));
+  Statement(*connection_.Handle(), detail::CreateIndexSql(indexed.name, index)).Step();
 }
 
 void Catalogue::DropIndex(const std::string& table, const std::string& index) {
   if (EqualNoCase(index, kPrimaryKey)) return DropPrimaryKey(table);
-  connection_.Handle()->Run("DROP INDEX " +
-                            Quoted(detail::StoredIndexName(Table(table).name, index)));
+  Statement(*connection_.Handle(),
+            "DROP INDEX " + Quoted(detail::StoredIndexName(Table(table).name, index)))
+      .Step();
 }
 
 void Catalogue::CreatePrimaryKey(const std::string& table, const std::vector<std::string>& fields) {
@@ -182,21 +183,24 @@ void Catalogue::DropPrimaryKey(const std::string& table) {
 }
 
 void Catalogue::AddField(const std::string& table, const FieldDef& field) {
-  connection_.Handle()->Run("ALTER TABLE " + Quoted(Table(table).name) + " ADD COLUMN " +
-                            detail::ColumnSql(field));
+  Statement(*connection_.Handle(),
+            "ALTER TABLE " + Quoted(Table(table).name) + " ADD COLUMN " + detail::ColumnSql(field))
+      .Step();
 }
 
 void Catalogue::DropField(const std::string& table, const std::string& field) {
   const TableDef old = Table(table);
-  connection_.Handle()->Run("ALTER TABLE " + Quoted(old.name) + " DROP COLUMN " +
-                            Quoted(FieldOf(old, field).name));
+  Statement(*connection_.Handle(),
+            "ALTER TABLE " + Quoted(old.name) + " DROP COLUMN " + Quoted(FieldOf(old, field).name))
+      .Step();
 }
 
 void Catalogue::RenameField(const std::string& table, const std::string& from,
                             const std::string& to) {
   const TableDef old = Table(table);
-  connection_.Handle()->Run("ALTER TABLE " + Quoted(old.name) + " RENAME COLUMN " +
-                            Quoted(FieldOf(old, from).name) + " TO " + Quoted(to));
+  Statement(*connection_.Handle(), "ALTER TABLE " + Quoted(old.name) + " RENAME COLUMN " +
+                                       Quoted(FieldOf(old, from).name) + " TO " + Quoted(to))
+      .Step();
 }
 
 void Catalogue::AlterField(const std::string& table, const FieldDef& field) {

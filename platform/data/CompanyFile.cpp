@@ -16,12 +16,6 @@ namespace {
 
 constexpr int kBusyMilliseconds = 2000;
 
-std::uint32_t BigEndian(const detail::FileStart& start, std::size_t at) {
-  const auto& bytes = start.bytes;
-  return std::uint32_t{bytes[at]} << 24 | std::uint32_t{bytes[at + 1]} << 16 |
-         std::uint32_t{bytes[at + 2]} << 8 | bytes[at + 3];
-}
-
 // While changes wait in the side file, the header may speak of pages that are still there.
 bool HasWaitingChanges(const fs::path& file) {
   std::error_code error;
@@ -30,15 +24,12 @@ bool HasWaitingChanges(const fs::path& file) {
 }
 
 void CheckLength(const fs::path& file, const detail::FileStart& start) {
-  constexpr std::size_t kPageSize = 16, kChangeCounter = 24, kPageCount = 28, kCountValidFor = 92;
+  constexpr std::size_t kChangeCounter = 24, kPageCount = 28, kCountValidFor = 92;
   if (HasWaitingChanges(file)) return;
-  if (BigEndian(start, kChangeCounter) != BigEndian(start, kCountValidFor)) return;
-  std::uintmax_t pageSize =
-      std::uintmax_t{start.bytes[kPageSize]} << 8 | start.bytes[kPageSize + 1];
-  if (pageSize == 1) pageSize = 65536;
+  if (start.Number(kChangeCounter) != start.Number(kCountValidFor)) return;
   // Measured again: another program may have moved its waiting changes into the file just now.
   std::error_code ignored;
-  if (fs::file_size(file, ignored) < pageSize * BigEndian(start, kPageCount)) {
+  if (fs::file_size(file, ignored) < std::uintmax_t{start.PageSize()} * start.Number(kPageCount)) {
     throw Failure(kDatabaseNotOpened,
                   "Baza de date este deteriorata, ii lipseste o parte: " + file.string());
   }
@@ -61,9 +52,9 @@ bool IsBusy(const detail::EngineHandle& db) {
 // somebody may have come in between.
 bool TakeAlone(const detail::EngineHandle& db, const fs::path& file) {
   try {
-    if (detail::QueryOn(db, "PRAGMA journal_mode=DELETE", file) != "delete") return false;
-    detail::RunOn(db, "BEGIN EXCLUSIVE", file);
-    return detail::QueryOn(db, "PRAGMA journal_mode", file) == "delete" &&
+    if (detail::QueryOn(db.get(), "PRAGMA journal_mode=DELETE", file) != "delete") return false;
+    detail::RunOn(db.get(), "BEGIN EXCLUSIVE", file);
+    return detail::QueryOn(db.get(), "PRAGMA journal_mode", file) == "delete" &&
            !detail::HasBeenReplaced(db.get());
   } catch (const Failure&) {
     if (!IsBusy(db)) throw;
@@ -91,9 +82,10 @@ void CopyPages(const fs::path& source, const fs::path& copy, const fs::path& tar
                                 {});
   }
   // Failures of the copy are the source's, whose name the user knows.
-  if (detail::QueryOn(to, "PRAGMA journal_mode=DELETE", source) != "delete" ||
-      detail::QueryOn(to, "PRAGMA integrity_check", source) != "ok" ||
-      detail::QueryOn(to, "PRAGMA application_id", source) != std::to_string(kApplicationId)) {
+  if (detail::QueryOn(to.get(), "PRAGMA journal_mode=DELETE", source) != "delete" ||
+      detail::QueryOn(to.get(), "PRAGMA integrity_check", source) != "ok" ||
+      detail::QueryOn(to.get(), "PRAGMA application_id", source) !=
+          std::to_string(kApplicationId)) {
     throw Failure(kDatabaseNotOpened, "Baza de date este deteriorata: " + source.string());
   }
 }
@@ -113,7 +105,7 @@ void CheckCompanyFile(const fs::path& file) {
   constexpr std::size_t kIdAt = 68;
   const std::string_view begin(reinterpret_cast<const char*>(start.bytes.data()), kMagic.size());
   if (start.length < start.bytes.size() || begin != kMagic ||
-      BigEndian(start, kIdAt) != kApplicationId) {
+      start.Number(kIdAt) != kApplicationId) {
     throw Failure(kDatabaseNotOpened, foreign);
   }
   CheckLength(file, start);

@@ -98,6 +98,7 @@ void Connection::Open(const std::string& connectionString) {
   if (detail::HasBeenReplaced(database->db)) {
     throw detail::EngineFailure(SQLITE_BUSY, {}, file.string(), {});
   }
+  if (!database->readOnly) database->guard.emplace(database->db, database->path);
   db_ = std::move(database);
 }
 
@@ -153,29 +154,15 @@ Value Connection::QueryValue(const std::string& sql, const Values& params) {
 }
 
 void Connection::BeginTrans() {
-  detail::Database& database = Opened(db_);
-  database.RequireTransaction({});
-  database.Run(database.depth == 0 ? "BEGIN IMMEDIATE"
-                                   : "SAVEPOINT nivel" + std::to_string(database.depth));
-  ++database.depth;
+  Opened(db_).Begin();
 }
 
 void Connection::CommitTrans() {
-  detail::Database& database = Opened(db_);
-  if (database.depth == 0) throw Failure(kStatementError, "No transaction is open");
-  database.Run(database.depth == 1 ? "COMMIT"
-                                   : "RELEASE nivel" + std::to_string(database.depth - 1));
-  --database.depth;
+  Opened(db_).Commit();
 }
 
 void Connection::RollbackTrans() {
-  detail::Database& database = Opened(db_);
-  if (database.depth == 0) throw Failure(kStatementError, "No transaction is open");
-  --database.depth;
-  // After a full disk the engine has rolled everything back by itself.
-  if (sqlite3_get_autocommit(database.db)) return;
-  const std::string level = "nivel" + std::to_string(database.depth);
-  database.Run(database.depth == 0 ? "ROLLBACK" : "ROLLBACK TO " + level + "; RELEASE " + level);
+  Opened(db_).Rollback();
 }
 
 int Connection::TransactionDepth() const {

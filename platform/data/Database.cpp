@@ -39,6 +39,25 @@ bool LooksLikeStoredDate(std::string_view text) {
          text[13] == ':';
 }
 
+bool BeginsWith(std::string_view sql, std::initializer_list<const char*> words) {
+  sql.remove_prefix(std::min(sql.find_first_not_of(" \t\r\n"), sql.size()));
+  return std::any_of(words.begin(), words.end(), [&](const char* word) {
+    const std::size_t size = std::char_traits<char>::length(word);
+    return EqualNoCase(std::string(sql.substr(0, size)), word);
+  });
+}
+
+bool ChangesSchema(std::string_view sql) {
+  return BeginsWith(sql, {"CREATE", "ALTER", "DROP"});
+}
+
+// Other words that are not read-only, such as VACUUM, may not stand in a transaction.
+bool ChangesContent(sqlite3_stmt* stmt) {
+  if (sqlite3_stmt_readonly(stmt)) return false;
+  const char* sql = sqlite3_sql(stmt);
+  return ChangesSchema(sql) || BeginsWith(sql, {"INSERT", "UPDATE", "DELETE", "REPLACE", "WITH"});
+}
+
 }  // namespace
 
 Failure EngineFailure(int code, const std::string& message, const std::string& path,
@@ -79,6 +98,51 @@ void Database::Throw(int code, const std::string& statement) {
   throw EngineFailure(code, sqlite3_errmsg(db), path, statement);
 }
 
+Database::~Database() {
+  if (guard) guard->Leave();
+  sqlite3_close_v2(db);
+}
+
+void Database::Begin() {
+  RequireTransaction({});
+  if (depth > 0) {
+    Run("SAVEPOINT nivel" + std::to_string(depth));
+  } else {
+    Run("BEGIN IMMEDIATE");
+    changesBefore = sqlite3_total_changes64(db);
+    schemaChanged = false;
+    try {
+      if (guard) guard->BeginWork();
+    } catch (const Failure&) {
+      sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr);
+      throw;
+    }
+  }
+  ++depth;
+}
+
+void Database::Commit() {
+  if (depth == 0) throw Failure(kStatementError, "No transaction is open");
+  if (depth > 1) {
+    Run("RELEASE nivel" + std::to_string(depth - 1));
+  } else {
+    RequireTransaction({});
+    const bool changed = schemaChanged || sqlite3_total_changes64(db) != changesBefore;
+    if (guard) guard->EndWork(changed);
+    Run("COMMIT");
+  }
+  --depth;
+}
+
+void Database::Rollback() {
+  if (depth == 0) throw Failure(kStatementError, "No transaction is open");
+  --depth;
+  // After a full disk the engine has rolled everything back by itself.
+  if (sqlite3_get_autocommit(db)) return;
+  const std::string level = "nivel" + std::to_string(depth);
+  Run(depth == 0 ? "ROLLBACK" : "ROLLBACK TO " + level + "; RELEASE " + level);
+}
+
 void Database::RequireTransaction(const std::string& statement) const {
   if (depth > 0 && sqlite3_get_autocommit(db)) {
     throw Failure(kStatementError, "The transaction was taken back after a failure", statement);
@@ -90,6 +154,7 @@ void Database::Run(const std::string& sql) {
       code != SQLITE_OK) {
     Throw(sqlite3_extended_errcode(db), sql);
   }
+  schemaChanged |= ChangesSchema(sql);
 }
 
 Value WholeValue(std::int64_t whole, const FieldDef* field) {
@@ -144,6 +209,7 @@ Statement::Statement(Database& database, const std::string& sql, dialect::Option
 }
 
 void Statement::Prepare(const std::string& sql) {
+  if (database_.guard) database_.guard->RequireSame();
   const char* tail = nullptr;
   const int code = sqlite3_prepare_v2(database_.db, sql.c_str(), static_cast<int>(sql.size()) + 1,
                                       &stmt_, &tail);
@@ -154,6 +220,8 @@ void Statement::Prepare(const std::string& sql) {
     stmt_ = nullptr;
     throw Failure(kStatementError, "More than one statement", sql_);
   }
+  needsTransaction_ = database_.guard && ChangesContent(stmt_);
+  changesSchema_ = needsTransaction_ && ChangesSchema(sql);
 }
 
 void Statement::Bind(int index, const Value& value) {
@@ -192,8 +260,27 @@ void Statement::Bind(const Values& values) {
   for (std::size_t i = 0; i < values.size(); ++i) Bind(static_cast<int>(i) + 1, values[i]);
 }
 
+// A change outside a transaction is one of its own, so that its commit is checked and marked too.
+bool Statement::StepInTransaction() {
+  try {
+    database_.Begin();
+    try {
+      const bool row = Step();
+      database_.Commit();
+      return row;
+    } catch (const Failure&) {
+      database_.Rollback();
+      throw;
+    }
+  } catch (const Failure& failure) {
+    throw Failure(failure.Number(), failure.Description(), sql_);
+  }
+}
+
 bool Statement::Step() {
   database_.RequireTransaction(sql_);
+  if (needsTransaction_ && database_.depth == 0) return StepInTransaction();
+  if (changesSchema_) database_.schemaChanged = true;
   const int code = sqlite3_step(stmt_);
   if (code == SQLITE_ROW) return true;
   if (code == SQLITE_DONE) return false;

@@ -10,6 +10,7 @@
 #include <sqlite3.h>
 
 #include "platform/data/FieldType.h"
+#include "platform/data/FileGuard.h"
 #include "platform/data/Value.h"
 #include "platform/dialect/Rewriter.h"
 
@@ -21,11 +22,21 @@ struct Database {
   bool readOnly = false;
   int depth = 0;                   // of open transactions
   std::optional<Failure> pending;  // set by a function of a statement that failed
+  std::optional<FileGuard> guard;  // of a file that is open for writing
+  // Of the open transaction; a change of the schema is not among the engine's counted changes.
+  std::int64_t changesBefore = 0;
+  bool schemaChanged = false;
 
   Database() = default;
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
-  ~Database() { sqlite3_close_v2(db); }
+  ~Database();
+
+  /// Begins a transaction; the outermost takes the write lock. Ends it, the outermost with a check
+  /// that the file is still the one that was opened. Takes it back.
+  void Begin();
+  void Commit();
+  void Rollback();
 
   /// Runs words of the engine's own, without parameters or result.
   void Run(const std::string& sql);
@@ -80,9 +91,12 @@ class Statement {
 
  private:
   void Prepare(const std::string& sql);
+  bool StepInTransaction();
 
   Database& database_;
   sqlite3_stmt* stmt_ = nullptr;
+  bool needsTransaction_ = false;  // it changes the file
+  bool changesSchema_ = false;
   std::string sql_;  // as given, for failures
 };
 

@@ -1,6 +1,8 @@
 #include "platform/data/EngineHandle.h"
 
 #include "platform/data/Database.h"
+#include "platform/data/SideFile.h"
+#include "platform/data/WaitingChanges.h"
 
 namespace fs = std::filesystem;
 
@@ -39,8 +41,21 @@ bool NobodyMayWrite(const fs::path& file) {
 
 }  // namespace
 
+EngineHandle OpenUnsettled(const fs::path& file) {
+  return Open(file.string(), SQLITE_OPEN_READWRITE, file);
+}
+
+EngineHandle OpenNew(const fs::path& file) {
+  return Open(file.string(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, file);
+}
+
+EngineHandle OpenStill(const fs::path& file) {
+  return Open(AsUri(file) + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, file);
+}
+
 EngineHandle OpenToWrite(const fs::path& file, int flags, int busyMilliseconds) {
   EngineHandle db = Open(file.string(), flags, file);
+  SettleWaitingChanges(db.get(), busyMilliseconds);
   sqlite3_busy_timeout(db.get(), busyMilliseconds);
   return db;
 }
@@ -48,9 +63,11 @@ EngineHandle OpenToWrite(const fs::path& file, int flags, int busyMilliseconds) 
 // The engine needs side files even to read, unless it is told that nobody writes. That holds for a
 // file which is write-protected for all, and where the side files cannot be made at all.
 EngineHandle OpenToRead(const fs::path& file, int busyMilliseconds) {
-  const bool sideFiles = fs::exists(fs::path(file) += "-wal");
+  EngineHandle db = Open(file.string(), SQLITE_OPEN_READONLY, file);
+  const std::string sideFile = SideFileOf(db.get());
+  const bool sideFiles = fs::exists(sideFile);
+  if (sideFiles && BelongsToAnother(db.get(), file.string(), sideFile)) return OpenStill(file);
   if (sideFiles || !NobodyMayWrite(file)) {
-    EngineHandle db = Open(file.string(), SQLITE_OPEN_READONLY, file);
     sqlite3_busy_timeout(db.get(), busyMilliseconds);
     const int code =
         sqlite3_exec(db.get(), "SELECT 1 FROM sqlite_master", nullptr, nullptr, nullptr);
@@ -59,19 +76,19 @@ EngineHandle OpenToRead(const fs::path& file, int busyMilliseconds) {
       throw EngineFailure(code, sqlite3_errmsg(db.get()), file.string(), {});
     }
   }
-  return Open(AsUri(file) + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, file);
+  return OpenStill(file);
 }
 
-void RunOn(const EngineHandle& db, const char* sql, const fs::path& file) {
-  if (const int code = sqlite3_exec(db.get(), sql, nullptr, nullptr, nullptr); code != SQLITE_OK) {
-    throw EngineFailure(code, sqlite3_errmsg(db.get()), file.string(), sql);
+void RunOn(sqlite3* db, const char* sql, const fs::path& file) {
+  if (const int code = sqlite3_exec(db, sql, nullptr, nullptr, nullptr); code != SQLITE_OK) {
+    throw EngineFailure(code, sqlite3_errmsg(db), file.string(), sql);
   }
 }
 
-std::string QueryOn(const EngineHandle& db, const char* sql, const fs::path& file) {
+std::string QueryOn(sqlite3* db, const char* sql, const fs::path& file) {
   sqlite3_stmt* stmt = nullptr;
   std::string answer;
-  int code = sqlite3_prepare_v2(db.get(), sql, -1, &stmt, nullptr);
+  int code = sqlite3_prepare_v2(db, sql, -1, &stmt, nullptr);
   if (code == SQLITE_OK) code = sqlite3_step(stmt);
   if (code == SQLITE_ROW) {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0));
@@ -79,7 +96,7 @@ std::string QueryOn(const EngineHandle& db, const char* sql, const fs::path& fil
   }
   sqlite3_finalize(stmt);
   if (code != SQLITE_ROW && code != SQLITE_DONE) {
-    throw EngineFailure(code, sqlite3_errmsg(db.get()), file.string(), sql);
+    throw EngineFailure(code, sqlite3_errmsg(db), file.string(), sql);
   }
   return answer;
 }
@@ -90,20 +107,17 @@ bool HasBeenReplaced(sqlite3* db) {
   return moved != 0;
 }
 
+Failure ReplacedFile(const std::string& path) {
+  return {kDatabaseNotOpened,
+          "Baza de date a fost inlocuita sau mutata de alt program in timpul lucrului; "
+          "modificarile nu au fost salvate: " +
+              path,
+          path};
+}
+
 FileStart ReadStart(const fs::path& file) {
   const EngineHandle db = Open(file.string(), SQLITE_OPEN_READONLY, file);
-  sqlite3_file* opened = nullptr;
-  sqlite3_file_control(db.get(), "main", SQLITE_FCNTL_FILE_POINTER, &opened);
-  FileStart start;
-  sqlite3_int64 length = 0;
-  int code =
-      opened->pMethods->xRead(opened, start.bytes.data(), static_cast<int>(start.bytes.size()), 0);
-  if (code == SQLITE_OK || code == SQLITE_IOERR_SHORT_READ) {
-    code = opened->pMethods->xFileSize(opened, &length);
-  }
-  if (code != SQLITE_OK) throw EngineFailure(code, {}, file.string(), {});
-  start.length = static_cast<std::uintmax_t>(length);
-  return start;
+  return StartOf(db.get(), file.string());
 }
 
 }  // namespace tevra::detail

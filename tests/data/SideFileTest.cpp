@@ -1,0 +1,166 @@
+// Changes wait beside a company file when it is opened, or come from others while it is open.
+
+#include "tests/data/SideFiles.h"
+
+namespace tevra {
+namespace {
+
+// Whoever is killed loses nothing that he committed.
+TEST_F(SideFileTest, ChangesOfAKilledProcessAreThereAtTheNextOpening) {
+  const std::string before = StateOf(file_);
+  for (const bool moved : {false, true}) {
+    SCOPED_TRACE(moved ? "partly moved into the file" : "all waiting");
+    InKilledProcess([&] {
+      Connection company = Open();
+      Change(company, 1);
+      if (moved) company.Execute("PRAGMA wal_checkpoint(PASSIVE)");
+      Change(company, 2);
+      kill(getpid(), SIGKILL);
+    });
+    const fs::path copy = folder_ / (moved ? "copie2.mdb" : "copie1.mdb");
+    fs::copy_file(file_, copy);
+    fs::copy_file(file_.string() + "-wal", copy.string() + "-wal");
+    const fs::path link = folder_ / (moved ? "legatura2.mdb" : "legatura1.mdb");
+    fs::create_symlink(copy, link);
+    Connection company(StringOf(link));
+    const std::string after = StateOf(company);
+    EXPECT_NE(before, after);
+    EXPECT_EQ(after, StateOf(file_));
+    Change(company, 3);
+    company.Close();
+    EXPECT_EQ("ok", Raw(copy, "PRAGMA integrity_check"));
+    EXPECT_EQ("ok", Raw(file_, "PRAGMA integrity_check"));
+  }
+  EXPECT_TRUE(SetAside().empty());
+}
+
+TEST_F(SideFileTest, WhateverOpensTheFileLooksAtTheChangesFirst) {
+  const fs::path copy = folder_ / "veche.mdb";
+  fs::copy_file(file_, copy);
+  const std::string before = StateOf(file_);
+  const std::vector<std::pair<std::string, std::function<void()>>> openings = {
+      {"to read", [&] { Open("Mode=Read"); }},
+      {"alone", [&] { Open("Mode=Share Exclusive"); }},
+      {"sole use", [&] { RequireSoleUse(file_); }},
+      {"copy of it", [&] { CopyCompanyFile(file_, folder_ / "copie.mdb"); }},
+      {"copy to it", [&] { CopyCompanyFile(copy, file_); }}};
+  for (const auto& [name, open] : openings) {
+    SCOPED_TRACE(name);
+    Work(file_);  // the copy is an older one
+    LeaveChanges();
+    fs::copy_file(copy, file_, fs::copy_options::overwrite_existing);
+    open();
+    ExpectState(before, file_);
+  }
+  EXPECT_EQ(openings.size(), SetAside().size());
+}
+
+// Changes that bear no mark are used if the file is in order with them.
+TEST_F(SideFileTest, ChangesOfAnotherProgramAreTried) {
+  const auto unmarked = [&](const std::string& name, int rows) {
+    const fs::path file = NewFile(name);
+    Raw(file,
+        "PRAGMA journal_mode=WAL; CREATE TABLE T_LIN (ID INTEGER PRIMARY KEY, VAL INTEGER); "
+        "CREATE INDEX I_VAL ON T_LIN (VAL); WITH n(i) AS (SELECT 1 UNION ALL SELECT i + 1 "
+        "FROM n WHERE i < " +
+            std::to_string(rows) + ") INSERT INTO T_LIN SELECT i, i FROM n");
+    return file;
+  };
+  const fs::path company = unmarked("a.mdb", 2000);
+  const fs::path other = unmarked("b.mdb", 4000);
+  const auto leave = [&] {
+    InKilledProcess([&] {
+      sqlite3* db = nullptr;
+      sqlite3_open(company.c_str(), &db);
+      sqlite3_exec(db, "UPDATE T_LIN SET VAL = VAL + 5000 WHERE ID % 3 = 0", nullptr, nullptr,
+                   nullptr);
+      kill(getpid(), SIGKILL);
+    });
+  };
+  const std::string sum = "SELECT SUM(VAL) FROM T_LIN";
+  leave();
+  EXPECT_EQ(2001000 + 666 * 5000, Connection(StringOf(company)).QueryValue(sum).AsLong());
+  leave();
+  fs::copy_file(other, company, fs::copy_options::overwrite_existing);
+  EXPECT_EQ(4000 * 4001 / 2, Connection(StringOf(company)).QueryValue(sum).AsLong());
+  EXPECT_EQ(1u, Found("a.mdb-wal.").size());
+  EXPECT_EQ("ok", Raw(company, "PRAGMA integrity_check"));
+}
+
+TEST_F(SideFileTest, ADamagedFileIsRefusedAndItsChangesStay) {
+  LeaveChanges();
+  {
+    std::fstream damage(file_, std::ios::in | std::ios::out | std::ios::binary);
+    damage.seekp(4096);
+    damage << std::string(4096, '\x7f');
+  }
+  const std::string file = Content(file_);
+  const std::string waiting = Content(file_.string() + "-wal");
+  ExpectRefused(kDatabaseNotOpened, "deteriorata: " + file_.string(), [&] { Open(); });
+  EXPECT_EQ(file, Content(file_));
+  EXPECT_EQ(waiting, Content(file_.string() + "-wal"));
+}
+
+// An idle connection shares its index with whoever opens the name of its file.
+TEST_F(SideFileTest, AnIdleConnectionDoesNotDisturbTheFileThatCame) {
+  const fs::path other = NewFile("alta.mdb");
+  MakeCompany(other, "cealalta", kRows);
+  Connection idle = Open();
+  StateOf(idle);
+  fs::rename(other, file_);
+  {
+    Connection company = Open();
+    Change(company, 5);
+    const std::string state = StateOf(company);
+    ExpectRefused(kDatabaseNotOpened, file_.string(), [&] { Change(idle, 7); });
+    idle.Close();
+    Change(company, 5);
+    EXPECT_NE(state, StateOf(company));
+    EXPECT_EQ(StateOf(company), StateOf(file_));
+  }
+  EXPECT_EQ("ok", Raw(file_, "PRAGMA integrity_check"));
+  EXPECT_EQ(std::vector<std::string>{"Kelnar01.mdb"}, NamesIn(folder_));
+}
+
+TEST_F(SideFileTest, ALinkThatLeadsElsewhereIsNoticed) {
+  const fs::path other = NewFile("alta.mdb");
+  MakeCompany(other, "cealalta", kRows);
+  const fs::path link = folder_ / "legatura.mdb";
+  fs::create_symlink(file_, link);
+  std::string state;
+  {
+    Connection company(StringOf(link));
+    Change(company, 5);
+    state = StateOf(company);
+    fs::remove(link);
+    fs::create_symlink(other, link);
+    ExpectRefused(kDatabaseNotOpened, link.string(), [&] { Change(company, 7); });
+  }
+  EXPECT_EQ(std::vector<std::string>({"Kelnar01.mdb", "alta.mdb", "legatura.mdb"}),
+            NamesIn(folder_));
+  ExpectState(state, file_);
+}
+
+// Two who work in turns see each other's commits moved into the file, and nothing is amiss.
+TEST_F(SideFileTest, CommitsOfOthersAreNoReplacement) {
+  Connection first = Open();
+  Connection second = Open();
+  for (int i = 0; i < 10; ++i) {
+    Change(first, 1);
+    if (i % 3 == 0) second.Execute("PRAGMA wal_checkpoint(TRUNCATE)");
+    InKilledProcess([&] {
+      Connection third = Open();
+      Change(third, 1);
+      if (i % 2 == 0) third.Execute("PRAGMA wal_checkpoint(PASSIVE)");
+      kill(getpid(), SIGKILL);
+    });
+    Change(second, 1);
+  }
+  EXPECT_EQ(StateOf(first), StateOf(second));
+  first.Close();
+  second.Close();
+  EXPECT_EQ(std::vector<std::string>{"Kelnar01.mdb"}, NamesIn(folder_));
+}
+
+}  // namespace
+}  // namespace tevra
