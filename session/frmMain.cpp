@@ -204,6 +204,7 @@ void frmMain::PlaceOnScreen(QRect place) {
                            std::max(area.top(), area.bottom() + 1 - place.height())));
   move(place.topLeft());
   resize(place.size());
+  placed_ = place;
 }
 
 // A frame that is too small for what it opens grows, as far as the desktop has room.
@@ -233,10 +234,20 @@ void frmMain::ApplyRights() {
   }
 }
 
-// Of a maximised frame the size is kept to which it can be restored.
+// The place to which a maximised frame can be restored. The toolkit gives it without the
+// decoration: one that nobody changed is taken as it was set, or it would wander from start to
+// start.
+QRect frmMain::PlaceToRestore() const {
+  const QRect restored = normalGeometry();
+  const QPoint moved = restored.topLeft() - placed_.topLeft();
+  const bool decorated = moved.x() >= 0 && moved.x() <= kDecoration.width() && moved.y() >= 0 &&
+                         moved.y() <= kDecoration.height();
+  return decorated && restored.size() == placed_.size() ? placed_ : restored;
+}
+
 void frmMain::MDIForm_Unload() {
   if (isMinimized()) return;
-  const QRect place = isMaximized() ? normalGeometry() : QRect(pos(), size());
+  const QRect place = isMaximized() ? PlaceToRestore() : QRect(pos(), size());
   KeepPixels("MainLeft", place.x());
   KeepPixels("MainTop", place.y());
   KeepPixels("MainWidth", place.width());

@@ -51,6 +51,7 @@ class frmMain : public QMainWindow {
   void MDIForm_Unload();
   void Place();
   void PlaceOnScreen(QRect place);
+  QRect PlaceToRestore() const;
   bool IsForbidden(const std::string& item) const;
   void ApplyRights();
   void ListWindows();
@@ -76,6 +77,7 @@ class frmMain : public QMainWindow {
   std::map<std::string, std::function<void()>> openers_;
   QMenu* windowMenu_ = nullptr;
   QPointer<QMdiSubWindow> front_;  // the child that came to the front last
+  QRect placed_;                   // where the program itself put it last
   bool opensMaximised_ = false;
   bool asking_ = false;  // whether the screens' changes may be lost
 };

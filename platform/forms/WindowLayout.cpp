@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <limits>
-#include <numeric>
+#include <tuple>
+#include <utility>
 
 namespace tevra::windows {
 
@@ -27,34 +28,45 @@ std::vector<QRect> Cascade(const QSize& area, const std::vector<WindowSize>& win
 namespace {
 
 // Equal parts of a length, but none below its least; together more than the length only where the
-// least ones are.
-std::vector<int> Parts(int length, const std::vector<int>& least) {
+// least ones are. `squeezed`: set when a part is much smaller than an equal one.
+std::vector<int> Parts(int length, const std::vector<int>& least, bool& squeezed) {
   std::vector<int> parts(least.size(), -1);
   int rest = length;
   auto open = static_cast<int>(least.size());
-  for (bool changed = true; changed && open > 0;) {
-    changed = false;
-    const int share = rest / open;
-    for (std::size_t i = 0; i < least.size(); ++i) {
-      if (parts[i] >= 0 || least[i] <= share) continue;
-      parts[i] = least[i];
-      rest -= least[i];
-      --open;
-      changed = true;
-      break;
+  for (std::size_t i = 0; i < least.size();) {
+    if (parts[i] >= 0 || least[i] <= rest / open) {
+      ++i;
+      continue;
     }
+    // It takes from the others, so that they are looked at again.
+    parts[i] = least[i];
+    rest -= least[i];
+    if (--open == 0) break;
+    i = 0;
   }
+  const int equal = length / static_cast<int>(std::max<std::size_t>(least.size(), 1));
   for (int& part : parts) {
-    if (part >= 0) continue;
-    part = rest / open;
-    rest -= part;
-    --open;
+    if (part < 0) {
+      part = rest / open--;
+      rest -= part;
+    }
+    squeezed = squeezed || 3 * part < 2 * equal;
   }
   return parts;
 }
 
+struct Shape {
+  std::vector<QRect> places;
+  int beyond = 0;         // the area, in both directions
+  bool squeezed = false;  // some windows by the others
+
+  bool IsBetterThan(const Shape& other) const {
+    return std::tie(beyond, squeezed) < std::tie(other.beyond, other.squeezed);
+  }
+};
+
 // Windows in so many rows, as equal in number as can be, each row across the whole width.
-std::vector<QRect> InRows(const QSize& area, const std::vector<QSize>& least, std::size_t rows) {
+Shape InRows(const QSize& area, const std::vector<QSize>& least, std::size_t rows) {
   const auto firstOf = [&](std::size_t row) { return least.size() * row / rows; };
   std::vector<int> highest;
   for (std::size_t row = 0; row < rows; ++row) {
@@ -64,29 +76,25 @@ std::vector<QRect> InRows(const QSize& area, const std::vector<QSize>& least, st
     }
     highest.push_back(height);
   }
-  const std::vector<int> heights = Parts(area.height(), highest);
-  std::vector<QRect> places;
+  Shape shape;
+  const std::vector<int> heights = Parts(area.height(), highest, shape.squeezed);
   int top = 0;
+  int widest = 0;
   for (std::size_t row = 0; row < rows; ++row) {
     std::vector<int> narrowest;
     for (std::size_t i = firstOf(row); i < firstOf(row + 1); ++i) {
       narrowest.push_back(least[i].width());
     }
     int left = 0;
-    for (const int width : Parts(area.width(), narrowest)) {
-      places.emplace_back(left, top, width, heights[row]);
+    for (const int width : Parts(area.width(), narrowest, shape.squeezed)) {
+      shape.places.emplace_back(left, top, width, heights[row]);
       left += width;
     }
     top += heights[row];
+    widest = std::max(widest, left);
   }
-  return places;
-}
-
-int BeyondArea(const QSize& area, const std::vector<QRect>& places) {
-  const QRect all = std::accumulate(places.begin(), places.end(), QRect(),
-                                    [](const QRect& a, const QRect& b) { return a.united(b); });
-  const QSize beyond = (all.size() - area).expandedTo({0, 0});
-  return beyond.width() + beyond.height();
+  shape.beyond = std::max(0, widest - area.width()) + std::max(0, top - area.height());
+  return shape;
 }
 
 }  // namespace
@@ -99,18 +107,14 @@ std::vector<QRect> Tile(const QSize& area, const std::vector<WindowSize>& window
   for (const WindowSize& window : windows) {
     least.push_back(sideBySide ? window.least.transposed() : window.least);
   }
-  std::vector<QRect> best;
-  int bestBeyond = std::numeric_limits<int>::max();
-  for (std::size_t rows = least.size(); rows > 0 && bestBeyond > 0; --rows) {
-    const std::vector<QRect> places = InRows(turned, least, rows);
-    const int beyond = BeyondArea(turned, places);
-    if (beyond >= bestBeyond) continue;
-    best = places;
-    bestBeyond = beyond;
+  Shape best{{}, std::numeric_limits<int>::max(), true};
+  for (std::size_t rows = least.size(); rows > 0; --rows) {
+    Shape shape = InRows(turned, least, rows);
+    if (shape.IsBetterThan(best)) best = std::move(shape);
   }
-  if (!sideBySide) return best;
-  for (QRect& place : best) place = {place.y(), place.x(), place.height(), place.width()};
-  return best;
+  if (!sideBySide) return best.places;
+  for (QRect& place : best.places) place = {place.y(), place.x(), place.height(), place.width()};
+  return best.places;
 }
 
 }  // namespace tevra::windows

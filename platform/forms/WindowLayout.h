@@ -20,8 +20,9 @@ struct WindowSize {
 std::vector<QRect> Cascade(const QSize& area, const std::vector<WindowSize>& windows);
 
 /// Covers the area with windows that do not overlap: in strips, one under the other or, where
-/// `sideBySide`, one beside the other; where strips would cut a window, in several columns or rows.
-/// Where nothing fits, the windows keep their least sizes and go beyond the area.
+/// `sideBySide`, one beside the other; where strips would cut a window, or leave it much less than
+/// its part, in several columns or rows. Where nothing fits, the windows keep their least sizes and
+/// go beyond the area.
 std::vector<QRect> Tile(const QSize& area, const std::vector<WindowSize>& windows, bool sideBySide);
 
 }  // namespace tevra::windows

@@ -41,6 +41,8 @@ class frmTried : public Form {
     });
   }
 
+  void Watch() { MarkSaved(); }
+
   TextBox* first;
   TextBox* second;
   QPushButton* cmdOK;
@@ -248,6 +250,20 @@ TEST(UnsavedChanges, AreAskedForOnceAndNeverInsideTheClosing) {
   QCoreApplication::processEvents();
   EXPECT_EQ(messages.shown.size(), 2u);
   EXPECT_FALSE(screen.isVisible());
+}
+
+TEST_F(FormOf, AScreenThatStaysOpenAfterAYesAsksAgain) {
+  screen_.Watch();
+  screen_.second->SetText("a");
+  screen_.agrees = false;
+  screen_.DropChangesAndClose();
+  EXPECT_TRUE(screen_.isVisible());
+  screen_.agrees = true;
+  messages_.answers = {kNo};
+  screen_.close();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(messages_.shown.size(), 1u);
+  EXPECT_TRUE(screen_.isVisible());
 }
 
 TEST(Windows, OneWindowAScreenOrANewOneEachTime) {

@@ -54,6 +54,10 @@ TEST(WindowLayout, TilesAreStripsWhereTheyFit) {
   unequal[1].least = {500, 100};
   EXPECT_EQ(windows::Tile({900, 600}, unequal, true),
             (std::vector<QRect>{{0, 0, 200, 600}, {200, 0, 500, 600}, {700, 0, 200, 600}}));
+  // But not so much that they are of no use: then there are two rows.
+  unequal[1].least = {560, 100};
+  EXPECT_EQ(windows::Tile({900, 600}, unequal, true),
+            (std::vector<QRect>{{0, 0, 340, 600}, {340, 0, 560, 300}, {340, 300, 560, 300}}));
   EXPECT_TRUE(windows::Tile({900, 600}, {}, true).empty());
 }
 

@@ -80,6 +80,10 @@ TEST_F(EditedCard, ABoxThatWasChangedDerivesOnAnExistingAssetToo) {
   EXPECT_EQ(Boxes(*card, {kCoef}), "0,3");
   Type(card->txtNumar[kNormalYears], "5");
   EXPECT_EQ(Boxes(*card, {kCoef}), "30");
+  // The real duration that a method brings is not what somebody typed.
+  Press(card->CuUzura);
+  EXPECT_EQ(Boxes(*card, {kRealYears}), "3");
+  card->txtNumar[kValue]->setFocus();
   Press(card->FaraUzura);
   card->txtNumar[kRealYears]->setFocus();
   card->txtNumar[kRate]->setFocus();
@@ -94,6 +98,26 @@ TEST_F(EditedCard, ABoxThatWasChangedDerivesOnAnExistingAssetToo) {
   EXPECT_TRUE(card->Liniara->isEnabled());
   EXPECT_EQ(Boxes(*card, {kBlockedValue, kBlockedForeignValue, kYearsLeft, kMonthsLeft}),
             "0 0 0 0");
+}
+
+TEST_F(EditedCard, OnANewCardDatesFollowAlsoWhereABoxIsOnlyPassedThrough) {
+  const auto card = Open();
+  card->DTPicker1[kBought]->setFocus();
+  card->txtText[kRemarks]->setFocus();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(card->DTPicker1[kStart]->Date(), DateTime(2026, 12, 1));
+}
+
+TEST_F(EditedCard, AListThatNamesAnEntryAnewIsNoChange) {
+  const int asset = AddOddAsset(company_);
+  Connection file = company_.Open();
+  file.Execute("UPDATE I_IMO SET COD_CC = 'C1'");
+  const auto card = Open({false, std::to_string(asset)});
+  ASSERT_EQ(card->cboCentruCost->Text(), "C1-Hala");
+  file.Execute("UPDATE Kv_CC SET TITLU = 'Hala noua' WHERE COD = 'C1'");
+  card->Activate();
+  EXPECT_EQ(card->cboCentruCost->Text(), "C1-Hala noua");
+  EXPECT_FALSE(card->HasChanges());
 }
 
 TEST_F(EditedCard, UnsavedChangesAreAskedForBeforeTheyAreLost) {
