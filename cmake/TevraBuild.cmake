@@ -46,6 +46,9 @@ function(tevra_test name)
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE tevra_flags ${arg_LINK} GTest::gtest)
   target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <string> <vector>)
+  if(arg_SOURCES MATCHES "main.cpp")  # of screens, with the toolkit and a locale of its own
+    target_compile_definitions(${name} PRIVATE TEVRA_TESTS="${CMAKE_SOURCE_DIR}/tests")
+  endif()
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;FONTCONFIG_FILE=${CMAKE_SOURCE_DIR}/tests/fonts.conf")

@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include <locale.h>
 #include <xlsxwriter.h>
 
 #include "platform/data/MoneySum.h"
@@ -38,6 +39,25 @@ std::string SheetName(const QString& title) {
   name.remove(QRegularExpression("[\\[\\]:*?/\\\\']"));
   return name.left(kLongest).trimmed().toStdString();
 }
+
+// The sheet's library prints numbers by the process's locale, which the toolkit takes from the
+// desktop: a Romanian one would put decimal commas into the file, which no program could read.
+// While this stands, the thread writes decimal points.
+class DecimalPoint {
+ public:
+  DecimalPoint() : before_(uselocale(Plain())) {}
+  ~DecimalPoint() { uselocale(before_); }
+  DecimalPoint(const DecimalPoint&) = delete;
+  DecimalPoint& operator=(const DecimalPoint&) = delete;
+
+ private:
+  static locale_t Plain() {
+    static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
+    return plain;
+  }
+
+  locale_t before_;
+};
 
 Failure WriteFailure(lxw_error error, const std::filesystem::path& file) {
   const bool refused = error == LXW_ERROR_CREATING_XLSX_FILE;
@@ -75,6 +95,7 @@ struct SpreadsheetFile::Impl {
 SpreadsheetFile::Impl::Impl(const std::filesystem::path& path, const QString& title,
                             const std::vector<ExportColumn>& shown)
     : file(path) {
+  const DecimalPoint point;
   lxw_workbook_options options{LXW_TRUE, nullptr, LXW_FALSE};
   book = workbook_new_opt(file.c_str(), &options);
   if (!book) throw Failure(kOutOfMemory, FailureText(kOutOfMemory));
@@ -178,6 +199,7 @@ void SpreadsheetFile::RequireRoom(std::size_t rows) {
 
 void SpreadsheetFile::AddRow(const Values& values) {
   RequireRoom(impl_->row);  // the captions stand in the first
+  const DecimalPoint point;
   for (std::size_t i = 0; i < values.size(); ++i) {
     impl_->WriteCell(static_cast<lxw_col_t>(i), values[i]);
   }
@@ -185,6 +207,7 @@ void SpreadsheetFile::AddRow(const Values& values) {
 }
 
 void SpreadsheetFile::Close() {
+  const DecimalPoint point;
   impl_->WriteSums();
   const lxw_error error = workbook_close(std::exchange(impl_->book, nullptr));
   if (error != LXW_NO_ERROR) throw WriteFailure(error, impl_->file);

@@ -70,6 +70,7 @@ TEST(DepreciationPlan, EndsWhenAllIsDepreciated) {
   // A value that is no whole number is never reached: the last year comes, with nothing in it.
   asset.VAL_CUMP = 1000.25;
   EXPECT_EQ(DepreciationPlan(asset).size(), 6u);
+  EXPECT_EQ(DepreciationPlan(asset).front().lei, (PlanAmounts{1000, 200, 200, 800}));
   EXPECT_EQ(DepreciationPlan(asset).back().lei, (PlanAmounts{0, 0, 1000, 0}));
   asset = Asset();
   asset.VAL_CUMP = asset.VAL_CUMP_VAL = 0;

@@ -275,6 +275,20 @@ TEST(DepreciationRules, Overflow) {
   EXPECT_EQ(FailureOf('s', asset, Day("2831-01-01")), 0);
   asset.DATA_SF = Day("2830-09-01");
   EXPECT_EQ(FailureOf('s', asset, Day("2831-01-01")), kOverflow);
+  asset.DATA_IN_AM = Day("9000-01-01");  // ended long before it began
+  asset.DATA_SF = Day("0100-01-01");
+  EXPECT_EQ(FailureOf('s', asset, Day("0101-01-01")), kOverflow);
+}
+
+// "-0" would look like a mistake in a list.
+TEST(DepreciationRules, AZeroHasNoSign) {
+  AssetParameters asset = AssetIn('a', 'L');
+  asset.COTA_ANUALA = -0.0;
+  asset.VAL_CUMP = -0.0;
+  CalculatedFields fields = kStored;
+  Calculate('a', asset, Day("2004-07-31"), fields);
+  EXPECT_FALSE(std::signbit(*fields.COTAL_LUNARA));
+  EXPECT_FALSE(std::signbit(*fields.VAL_AMOR_CUMULATA));
 }
 
 // An asset without a value in currency keeps none; its lei are calculated all the same.

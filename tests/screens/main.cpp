@@ -6,6 +6,11 @@
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
+  // As on a Romanian desktop the C library writes a decimal comma. The machine need not have the
+  // locale: locale/virgula was made by localedef from the decimal and the thousands' sign alone.
+  qunsetenv("LC_ALL");
+  qputenv("LOCPATH", TEVRA_TESTS "/locale");
+  qputenv("LC_NUMERIC", "virgula");
   QApplication application(argc, argv);
   QLocale::setDefault(QLocale(QLocale::Romanian, QLocale::Romania));
   ::testing::InitGoogleTest(&argc, argv);
