@@ -201,7 +201,8 @@ TEST_F(FrmMain, OpensMaximisedUnlessItsPlaceWasKept) {
   QRect place;
   {
     frmMain frame;
-    EXPECT_EQ(frame.pos(), QPoint(66, 66));
+    EXPECT_EQ(frame.y(), 66);
+    EXPECT_LE(frame.x(), 66);  // less where its menu needs the room
     EXPECT_GE(frame.width(), 433);
     // Its menu, whose width depends on the fonts, must fit into any size.
     EXPECT_GE(frame.minimumWidth(), frame.menuBar()->sizeHint().width());
