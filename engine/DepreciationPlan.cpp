@@ -5,6 +5,7 @@
 #include <string>
 
 #include "engine/Amounts.h"
+#include "engine/Method.h"
 
 namespace tevra {
 namespace {
@@ -23,7 +24,7 @@ struct Year {
 class Track {
  public:
   Track(const PlanParameters& asset, double base)
-      : method_(asset.TIP_AM),
+      : method_(TraitsOf(static_cast<Method>(asset.TIP_AM))),
         rate_(*asset.COTA_ANUALA),
         coef_(asset.COEF.value_or(0)),
         switch_(asset.AD2.value_or(0)),
@@ -55,17 +56,9 @@ class Track {
   }
 
   void Depreciate(const Year& year, PlanAmounts& amounts) {
-    switch (method_) {
-      case 'L':
-        return Uniform(base_ * rate_, year, amounts);
-      case 'A':
-        return Accelerated(year, amounts);
-      case 'N':
-      case 'M':
-        return Degressive(year, amounts);
-      default:
-        return Uniform(0, year, amounts);
-    }
+    if (method_.degressive) return Degressive(year, amounts);
+    if (method_.usesCoef) return Accelerated(year, amounts);
+    Uniform(method_.depreciates ? base_ * rate_ : 0, year, amounts);
   }
 
   // The same amount for each month of the year.
@@ -95,7 +88,7 @@ class Track {
     Set(amounts, after + before, after + (before + cumulated_));
   }
 
-  char method_;
+  const MethodTraits& method_;
   double rate_;
   double coef_;
   double switch_;

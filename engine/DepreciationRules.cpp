@@ -67,24 +67,17 @@ class Calculation {
       : asset_(asset),
         dataCalcul_(dataCalcul),
         rules_(kVariants[static_cast<std::size_t>(variant)]),
+        method_(TraitsOf(static_cast<Method>(asset.TIP_AM))),
         blocked_(TakenAsBlocked(asset)),
         fields_(fields) {}
 
   void Run() {
-    switch (asset_.TIP_AM) {
-      case 'L':
-      case 'A':
-      case 'N':
-      case 'M':
-        fields_.DATA_CALCUL = dataCalcul_;
-        if (dataCalcul_ > Need(asset_.DATA_SF, "DATA_SF")) return Ended();
-        if (dataCalcul_ < Start()) return NotStarted();
-        return InLife();
-      case 'F':
-        return NoDepreciation();
-      default:
-        return;
-    }
+    if (method_.method == kNoMethod) return;
+    if (!method_.depreciates) return NoDepreciation();
+    fields_.DATA_CALCUL = dataCalcul_;
+    if (dataCalcul_ > Need(asset_.DATA_SF, "DATA_SF")) return Ended();
+    if (dataCalcul_ < Start()) return NotStarted();
+    InLife();
   }
 
  private:
@@ -102,9 +95,9 @@ class Calculation {
     return {Need(asset_.VAL_BLOCATA, "VAL_BLOCATA"), asset_.VAL_BLOCATA_VAL};
   }
 
-  // What was taken to expenses at once is not depreciated again, but only "L" knows of it.
+  // What was taken to expenses at once is not depreciated again.
   Money LessExpense(const Money& value) const {
-    if (asset_.TIP_AM != 'L' || !rules_.linearLessExpense) return value;
+    if (!method_.takesExpense || !rules_.linearLessExpense) return value;
     return Less(value, fields_.VALCHELEI, fields_.VALCHEVAL);
   }
 
@@ -132,20 +125,22 @@ class Calculation {
   }
 
   void InLife() {
-    if (asset_.TIP_AM == 'L') {
+    if (!method_.usesCoef) {
       Uniform(asset_.COTA_ANUALA, "COTA_ANUALA", LessExpense(Base()));
     } else if (InFirstPhase()) {
       Uniform(asset_.COEF, "COEF", Base());
-      if (asset_.TIP_AM == 'A' && rules_.writesExpense) SetExpense({0.0, 0.0});
-    } else if (asset_.TIP_AM == 'A') {
+      if (IsAccelerated() && rules_.writesExpense) SetExpense({0.0, 0.0});
+    } else if (IsAccelerated()) {
       AcceleratedSecondPhase();
     } else {
       DegressiveSecondPhase();
     }
   }
 
+  bool IsAccelerated() const { return method_.method == kAccelerated; }
+
   bool InFirstPhase() const {
-    if (asset_.TIP_AM == 'A' && rules_.switchByMonth) return DifLuni(dataCalcul_, Switch()) > 0;
+    if (IsAccelerated() && rules_.switchByMonth) return DifLuni(dataCalcul_, Switch()) > 0;
     return dataCalcul_ < Switch();
   }
 
@@ -221,6 +216,7 @@ class Calculation {
   const AssetParameters& asset_;
   const DateTime& dataCalcul_;
   const VariantRules& rules_;
+  const MethodTraits& method_;
   const bool blocked_;
   CalculatedFields& fields_;
 };

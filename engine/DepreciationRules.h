@@ -5,8 +5,8 @@
 
 #include <cstdint>
 #include <optional>
-#include <string_view>
 
+#include "engine/Method.h"
 #include "platform/text/DateTime.h"
 
 namespace tevra {
@@ -53,11 +53,6 @@ enum class Presence {
   kExitPending,  ///< has left, but later than the date
   kGone,         ///< left on the date or before
 };
-
-/// The method letter of a stored TIP_AM as it stands; '\0' when it is not exactly one letter.
-constexpr char MethodCode(std::string_view tipAm) {
-  return tipAm.size() == 1 ? tipAm[0] : '\0';
-}
 
 /// By IESIRE and DATA_IESIRE. Throws Failure 94 when an asset that has left has no date of exit.
 Presence PresenceAt(const AssetParameters& asset, const DateTime& dataCalcul);

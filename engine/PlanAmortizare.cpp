@@ -68,7 +68,8 @@ void Append(Values& row, const std::optional<PlanAmounts>& amounts) {
 
 const char* PlanRefusal(const Value& iesire, const Value& tipAm) {
   if (!iesire.IsNull() && iesire.AsBool()) return "Aceasta imobilizare  a fost vanduta / casata !";
-  if (tipAm.TextOrEmpty() == "F") return "Aceasta imobilizare este fara amortizare";
+  if (MethodOf(tipAm.TextOrEmpty()) == kNoDepreciation)
+    return "Aceasta imobilizare este fara amortizare";
   return nullptr;
 }
 

@@ -49,7 +49,8 @@ class RowWriter {
     return box == kRealYears ? real_ : card_.number[box];
   }
 
-  char Letter() const { return card_.text[kMethod].empty() ? '\0' : card_.text[kMethod][0]; }
+  const MethodTraits& Traits() const { return TraitsOf(MethodOf(card_.text[kMethod])); }
+  Method Chosen() const { return Traits().method; }
 
   /// The asset itself, up to the user.
   void WriteIdentity() {
@@ -73,29 +74,29 @@ class RowWriter {
 
   /// `isNew`: the real duration is written under every method, in months too.
   void WriteMethod(bool isNew) {
-    const DateTime start = Date(Letter() == kNoDepreciation ? kBought : kStart);
+    const DateTime start = Date(Chosen() == kNoDepreciation ? kBought : kStart);
     std::int16_t linear = 0;
     std::int16_t degressive = 0;
-    if (Letter() == kWithoutWear) {
+    if (Chosen() == kWithoutWear) {
       linear = LinearYears(Number(kNormalYears), coefficients_.WithoutWear());
       degressive = CInt(Number(kNormalYears) - linear);
     }
-    if (Letter() == kWithWear) {
+    if (Chosen() == kWithWear) {
       linear = LinearYears(Number(kNormalYears), coefficients_.WithWear(Number(kNormalYears)));
       real_ = Number(kNormalYears) - linear;
       row_.real = Number(kRealYears);
       degressive = CInt(Number(kRealYears) - linear);
     }
-    if (isNew || Letter() != kNoDepreciation) Set("DRFANI", AsItStands(kRealYears));
+    if (isNew || Chosen() != kNoDepreciation) Set("DRFANI", AsItStands(kRealYears));
     if (isNew) Set("DRFLUNI", Number(kRealYears) * 12);
-    const bool phases = Letter() == kWithoutWear || Letter() == kWithWear;
-    if (phases || Letter() == kAccelerated) Set("COEF", AsItStands(kCoef));
+    const bool phases = Traits().degressive;
+    if (Traits().usesCoef) Set("COEF", AsItStands(kCoef));
     if (phases) {
       Set("AD1", linear);
       Set("AD2", degressive);
     }
     Set("DATA_IN_AM", start);
-    const int first = Letter() == kAccelerated ? 12 : phases ? 12 * degressive : 0;
+    const int first = Chosen() == kAccelerated ? 12 : phases ? 12 * degressive : 0;
     Set("DATA_AMORT", start.AddMonths(first));
   }
 
@@ -126,9 +127,9 @@ class RowWriter {
 
   // The method's fields again, over the years that are left.
   void WriteYearsLeft(const DateTime& from) {
-    const bool wear = Letter() == kWithWear;
-    const bool phases = wear || Letter() == kWithoutWear;
-    int first = Letter() == kAccelerated ? 12 : 0;
+    const bool wear = Chosen() == kWithWear;
+    const bool phases = Traits().degressive;
+    int first = Chosen() == kAccelerated ? 12 : 0;
     if (phases) {
       const double left = Number(kYearsLeft);
       const std::int16_t linear =
@@ -157,7 +158,7 @@ class RowWriter {
 void WriteStart(RowWriter& row) {
   const double value = row.Number(kValue);
   const bool foreign = row.IsNumber(kForeignValue);
-  const bool linear = row.Letter() == kLinear;
+  const bool linear = row.Traits().takesExpense;
   row.Set("VAL_AMOR_CUMULATA", 0);
   row.Set("VAL_RAMASA", Round0(linear ? value - row.NumberOrZero(kExpensed) : value));
   if (!foreign) {
@@ -166,7 +167,7 @@ void WriteStart(RowWriter& row) {
   } else if (linear) {
     row.Set("VAL_RAMASA_VAL",
             Round0(row.Number(kForeignValue) - row.NumberOrZero(kExpensedForeign)));
-  } else if (row.Letter() == kNoDepreciation) {
+  } else if (row.Chosen() == kNoDepreciation) {
     row.Set("VAL_AMOR_CUMULATA_VAL", 0);
     row.Set("VAL_RAMASA_VAL", Round0(row.Number(kForeignValue)));
   }
@@ -180,8 +181,8 @@ struct SoFar {
 // By the rate of the linear phase alone, over all months; what went into expense is not
 // depreciated.
 SoFar Estimate(const RowWriter& row, double value, double expensed) {
-  if (row.Letter() == kNoDepreciation) return {0, Round0(value)};
-  const double base = row.Letter() == kLinear && expensed != 0 ? value - expensed : value;
+  if (row.Chosen() == kNoDepreciation) return {0, Round0(value)};
+  const double base = row.Traits().takesExpense && expensed != 0 ? value - expensed : value;
   const double depreciated = base * row.Number(kRate) / 12 * row.MonthsSoFar();
   return {Round0(depreciated), Round0(base - depreciated)};
 }

@@ -7,7 +7,6 @@ namespace tevra {
 
 namespace {
 
-constexpr double kYearsOfBoth = 5;  // the one duration that both degressive methods take
 constexpr double kFirstYear = 100.0 / 2 / 100;
 
 void NothingLeft(Derived& derived) {
@@ -17,10 +16,6 @@ void NothingLeft(Derived& derived) {
 
 double RateOrNone(double linearYears) {
   return linearYears < 1 ? 0 : 1 / linearYears;
-}
-
-bool Fits(Method method, double years) {
-  return method == kWithWear ? years >= kYearsOfBoth : years <= kYearsOfBoth;
 }
 
 // The years that moral wear takes off are those of the linear phase.
@@ -71,7 +66,7 @@ bool PickMethod(Method method, double normal, bool blocked, std::optional<double
         derived.realIsNormal = true;
         return true;
       }
-      if (!Fits(method, normal)) return false;
+      if (!AllowsYears(TraitsOf(method), normal)) return false;
       const double coefficient = coefficients().WithWear(normal);
       DeriveWithWear(normal, LinearYears(normal, coefficient), coefficient * 100 / normal, derived);
       return true;
@@ -81,7 +76,7 @@ bool PickMethod(Method method, double normal, bool blocked, std::optional<double
         NothingLeft(derived);
         return true;
       }
-      if (!Fits(method, normal)) return false;
+      if (!AllowsYears(TraitsOf(method), normal)) return false;
       const double coefficient = coefficients().WithoutWear();
       derived.realIsNormal = true;
       derived.rate = RateOrNone(LinearYears(normal, coefficient));
@@ -114,13 +109,13 @@ bool LeaveDuration(Method method, double normal, const CoefficientsReader& coeff
       derived.rate = Divide(1, normal - 1);
       return true;
     case kWithWear: {
-      if (!Fits(method, normal)) return false;
+      if (!AllowsYears(TraitsOf(method), normal)) return false;
       const double percent = coefficients().WithWear(normal) * 100 / normal;
       DeriveWithWear(normal, LinearYears(100, percent), percent, derived);
       return true;
     }
     case kWithoutWear:
-      if (!Fits(method, normal)) return false;
+      if (!AllowsYears(TraitsOf(method), normal)) return false;
       derived.real = normal;
       derived.coef = 100 / normal * coefficients().WithoutWear();
       derived.rate = 1 / normal;
@@ -156,7 +151,7 @@ bool Block(Method method, double yearsLeft, const CoefficientsReader& coefficien
         NothingLeft(derived);
         return true;
       }
-      if (!Fits(method, yearsLeft)) return false;
+      if (!AllowsYears(TraitsOf(method), yearsLeft)) return false;
       const Coefficients read = coefficients();
       const double coefficient =
           method == kWithWear ? read.WithWear(yearsLeft) : read.WithoutWear();
@@ -174,8 +169,8 @@ bool Block(Method method, double yearsLeft, const CoefficientsReader& coefficien
 }
 
 std::string OutOfRangeText(Method method, const std::string& years) {
-  return std::string("Nu se calculeaza amortizare degresiva ") +
-         (method == kWithWear ? "cu" : "fara") + " uzura pentru " + years + " ani!";
+  return std::string("Nu se calculeaza amortizare degresiva ") + TraitsOf(method).wear +
+         " uzura pentru " + years + " ani!";
 }
 
 double ValueInCurrency(double lei, double rate) {

@@ -7,20 +7,11 @@
 #include <optional>
 #include <string>
 
+#include "engine/Method.h"
 #include "platform/data/Connection.h"
 #include "platform/text/DateTime.h"
 
 namespace tevra {
-
-/// The depreciation methods by their letters in TIP_AM.
-enum Method : char {
-  kLinear = 'L',
-  kAccelerated = 'A',
-  kWithoutWear = 'N',  ///< degressive, without moral wear
-  kWithWear = 'M',     ///< degressive, with moral wear
-  kNoDepreciation = 'F',
-  kNoMethod = 0,
-};
 
 /// The degressive coefficients of I_COEFAD, by duration: up to 5, up to 10, above 10 years.
 struct Coefficients {

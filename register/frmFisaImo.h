@@ -79,7 +79,7 @@ class frmFisaImo : public Form {
   QWidget* BuildButtons();
   void MakeBoxes();
   DataCombo* MakeCombo(const char* name, const char* tag);
-  OptionButton* MakeOption(const char* name, const char* caption, Method method);
+  OptionButton* MakeOption(Method method);
   void Arrange(bool narrow);
   void SetTabOrder();
   void Connect();

@@ -174,19 +174,20 @@ QWidget* frmFisaImo::BuildPurchase() {
   return frame;
 }
 
-OptionButton* frmFisaImo::MakeOption(const char* name, const char* caption, Method method) {
-  auto* option = new OptionButton(name, caption, Frame6);
+OptionButton* frmFisaImo::MakeOption(Method method) {
+  const MethodTraits& traits = TraitsOf(method);
+  auto* option = new OptionButton(traits.option, traits.caption, Frame6);
   option->setProperty("Letter", QString(QChar(static_cast<char>(method))));
   return option;
 }
 
 QWidget* frmFisaImo::BuildMethod() {
   Frame6 = Frame("Frame6", "Tip de amortizare");
-  Liniara = MakeOption("Liniara", "Liniara", kLinear);
-  Accelerata = MakeOption("Accelerata", "Accelerata", kAccelerated);
-  CuUzura = MakeOption("CuUzura", "Degresiva cu uzura morala", kWithWear);
-  FaraUzura = MakeOption("FaraUzura", "Degresiva fara uzura morala", kWithoutWear);
-  Faraam = MakeOption("Faraam", "Fara amortizare", kNoDepreciation);
+  Liniara = MakeOption(kLinear);
+  Accelerata = MakeOption(kAccelerated);
+  CuUzura = MakeOption(kWithWear);
+  FaraUzura = MakeOption(kWithoutWear);
+  Faraam = MakeOption(kNoDepreciation);
   txtNumar[kCoef]->setToolTip(
       "Coeficientul primei faze; se poate schimba la amortizarea accelerata");
   auto* grid = new QGridLayout(Frame6);
