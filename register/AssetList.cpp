@@ -35,11 +35,11 @@ AssetTotals TotalsOfAllAssets(Connection& connection) {
   return totals;
 }
 
-void ListedTotals::Add(const Values& values) {
+void AddListedAsset(std::vector<double>& totals, const Values& values) {
   constexpr std::size_t kPurchaseInCurrency = 1;
-  for (std::size_t i = 0; i < totals_.size(); ++i) {
-    totals_[i] += Nz(values[i]).AsDouble();
-    if (i != kPurchaseInCurrency) totals_[i] = Round0(totals_[i]);
+  for (std::size_t i = 0; i < totals.size(); ++i) {
+    totals[i] += Nz(values[i]).AsDouble();
+    if (i != kPurchaseInCurrency) totals[i] = Round0(totals[i]);
   }
 }
 

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "platform/data/Connection.h"
 
@@ -30,15 +31,8 @@ using AssetTotals = std::array<double, kTotalledFields.size()>;
 /// The totals of all assets, Null counting as 0. Throws Failure.
 AssetTotals TotalsOfAllAssets(Connection& connection);
 
-/// Adds up some of the assets as a listing of them does: rounded to whole lei after each, but for
-/// the purchase value in currency.
-class ListedTotals {
- public:
-  void Add(const Values& values);  ///< of the totalled fields of one asset
-  const AssetTotals& Totals() const { return totals_; }
-
- private:
-  AssetTotals totals_{};
-};
+/// Adds the totalled fields of one asset as a listing does: each total is rounded to whole lei
+/// after each asset, but for the purchase value in currency.
+void AddListedAsset(std::vector<double>& totals, const Values& values);
 
 }  // namespace tevra

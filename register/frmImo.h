@@ -1,38 +1,21 @@
 // The register of fixed assets.
 #pragma once
 
-#include <QLabel>
-#include <QPushButton>
-#include <QToolButton>
-#include <string>
-
-#include "platform/forms/Boxes.h"
-#include "platform/forms/Form.h"
-#include "platform/grid/DataGrid.h"
-#include "platform/grid/extTDBGrid.h"
+#include "platform/screens/ListScreen.h"
 
 namespace tevra {
 
 /// The list of all assets with their totals: search, sort, the way to the card and to the plan,
 /// deleting, listing of the rows that are marked.
-class frmImo : public Form {
+class frmImo : public ListScreen {
  public:
   explicit frmImo(QWidget* parent = nullptr);
-  ~frmImo() override;
 
   std::string sNrCrt;      ///< the NRCRT of the row last selected in the grid
   bool bAdaugare = false;  ///< the card opens for a new asset
 
-  Adodc* datPrimaryRS;
   DataGrid* TDBGrid1;
-  tevra::extTDBGrid* extTDBGrid;
-  TextBox* txtCautare;
-  QPushButton* cmdCauta;
-  QToolButton* cmdUp;
-  QToolButton* cmdDown;
-  QLabel* lblRecCount;
-  QLabel* Label1;
-  QWidget* picButtons;
+  QLabel* Label1;  ///< hidden: the number that stands in lblRecCount
   QPushButton* cmdCreare;
   QPushButton* cmdModificare;
   QPushButton* CommandButton3;
@@ -41,30 +24,18 @@ class frmImo : public Form {
   QPushButton* cmdInv;
   QPushButton* cmdClose;
 
- protected:
-  void Form_Activate() override;
-
  private:
-  void Build();
-  QWidget* BuildSearch();
-  QWidget* BuildButtons();
-  void Connect();
-  void Form_Load(Procedure& running);
-  void TDBGrid1_SelChange();
-  void cmdCauta_Click(Procedure& running);
+  ListDescription Describe();
+  std::vector<ListButton> Buttons();
   void cmdCreare_Click();
   void cmdModificare_Click();
   void CommandButton3_Click(Procedure& running);
-  void cmdListare_Click(Procedure& running);
   void cmdPlan_Click(Procedure& running);
-  void Total();
 
-  void ShowRecCount();
-  void ShowFooters(const std::array<double, 6>& totals);
-  void Sort(long sortType);
-
-  std::string sSelectBaza_;
-  bool fresh_ = false;  // the rows were read just now, when the screen opened
+  std::vector<double> TotalsOf(const std::string& statement, const Values& params) override;
+  void AddToTotals(std::vector<double>& totals, const Values& row) const override;
+  void RowSelected(const std::string& key) override { sNrCrt = key; }
+  void ShowCount() override;
 };
 
 }  // namespace tevra

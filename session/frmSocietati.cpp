@@ -1,13 +1,8 @@
 #include "session/frmSocietati.h"
 
-#include <QFormLayout>
-#include <QHBoxLayout>
 #include <QRegularExpressionValidator>
-#include <QVBoxLayout>
 
-#include "platform/forms/Buttons.h"
-#include "platform/forms/Pictures.h"
-#include "platform/system/MessageBox.h"
+#include "platform/screens/InputFrame.h"
 #include "platform/text/Strings.h"
 #include "session/Companies.h"
 #include "session/Module1.h"
@@ -20,38 +15,16 @@ constexpr int kLongestName = 50;
 constexpr const char* kFirstCompany = "01";
 }  // namespace
 
-frmSocietati::frmSocietati(QWidget* parent) : Form("frmSocietati", "Societati", parent) {
-  source_ = new Adodc("datSocietati", this);
-  Build();
-  connect(cmdAdauga, &QPushButton::clicked, this, [this] { cmdAdauga_Click(); });
-  connect(cmdSterge, &QPushButton::clicked, this, [this] { cmdSterge_Click(); });
-  connect(cmdIesire, &QPushButton::clicked, this, [this] { close(); });
-  TDBGrid1->SetBeforeColUpdate([this](int, const QString&, const QString& text) {
-    if (text.trimmed().isEmpty()) {
-      MsgBoxEx("Va rugam completati denumirea societatii  !", kCritical);
-      return false;
-    }
-    return RunShort("TDBGrid1_BeforeColUpdate",
-                    [&](Procedure&) { CompanyRegistry::CheckName(text.toStdString()); });
-  });
-  Form_Load();
-  for (TextBox* box : {txtCod, txtDenumire}) MarkSaved(box);
+frmSocietati::frmSocietati(QWidget* parent) : ListScreen("frmSocietati", "Societati", parent) {
+  BuildInput();
+  Open(Describe());
+  TDBGrid1 = Grid();
+  TDBGrid1->SetBeforeColUpdate(
+      [this](int, const QString&, const QString& text) { return TDBGrid1_BeforeColUpdate(text); });
 }
 
-frmSocietati::~frmSocietati() {
-  source_->Close();
-}
-
-void frmSocietati::Build() {
-  TDBGrid1 = new DataGrid("TDBGrid1", this);
-  TDBGrid1->SetColumns({{"Cod", "COD", {}, {}, 6, true},
-                        {"Denumire", "DENUMIRE", {}, {}, 36},
-                        {"Baza de date", "NUMEBD", {}, {}, 16, true}});
-  TDBGrid1->SetAllowUpdate(true);
-  TDBGrid1->SetDataSource(source_);
-
-  fraInput = new QGroupBox("Societate noua", this);
-  fraInput->setObjectName("fraInput");
+void frmSocietati::BuildInput() {
+  fraInput = MakeInputFrame("fraInput", "Societate noua", this);
   txtCod = new TextBox("txtCod", fraInput, 2);
   txtCod->setToolTip("Cod societate, maxim 2 caractere alfanumerice");
   txtCod->setValidator(
@@ -59,39 +32,40 @@ void frmSocietati::Build() {
   txtCod->setMaximumWidth(70);
   txtDenumire = new TextBox("txtDenumire", fraInput, kLongestName);
   txtDenumire->setToolTip("Denumire societate, maxim 50 caractere");
-  auto* boxes = new QFormLayout(fraInput);
-  boxes->addRow("&Cod", txtCod);
-  boxes->addRow("&Denumire", txtDenumire);
-
-  cmdAdauga = MakeButton("cmdAdauga", "Adaugare", "Creare societate noua", this);
-  cmdSterge = MakeButton("cmdSterge", "Stergere", "Stergere societate selectata", this);
-  cmdIesire = MakeButton("cmdIesire", "Iesire", "Inchidere fereastra", this);
-  cmdIesire->setIcon(PictureIcon("\\BMP\\Iesire.bmp"));
-  SetCancelButton(cmdIesire);
-  auto* buttons = new QHBoxLayout;
-  buttons->addWidget(cmdAdauga);
-  buttons->addWidget(cmdSterge);
-  buttons->addStretch();
-  buttons->addWidget(cmdIesire);
-
-  auto* all = new QVBoxLayout(this);
-  all->addWidget(fraInput);
-  all->addWidget(TDBGrid1, 1);
-  all->addLayout(buttons);
-  OrderTabs({txtCod, txtDenumire, cmdAdauga, TDBGrid1->View(), cmdSterge, cmdIesire});
-  setMinimumSize(480, 240);
-  resize(580, 430);
-  txtCod->setFocus();
+  PlaceBoxes(fraInput, {{"&Cod", txtCod}, {"&Denumire", txtDenumire}}, 1);
 }
 
-void frmSocietati::Form_Load() {
-  Run("Form_Load", [this](Procedure& procedure) {
-    procedure.line = 1;
-    registry_ = CompanyRegistry::Load(CurrentSession().databasesPath);
-    procedure.line = 3;
-    source_->SetRecordset(registry_->Rows());
-    source_->MoveFirst();
-  });
+ListDescription frmSocietati::Describe() {
+  using Role = ListButton::Role;
+  ListDescription list;
+  list.columns = {{"Cod", "COD", {}, {}, 6, true},
+                  {"Denumire", "DENUMIRE", {}, {}, 36},
+                  {"Baza de date", "NUMEBD", {}, {}, 16, true}};
+  list.editable = true;
+  list.above = fraInput;
+  list.boxes = {txtCod, txtDenumire};
+  list.buttons = {{&cmdAdauga, "cmdAdauga", "Adaugare", "Creare societate noua",
+                   [this](Procedure&) { cmdAdauga_Click(); }, Role::kAdd},
+                  {&cmdSterge, "cmdSterge", "Stergere", "Stergere societate selectata",
+                   [this](Procedure&) { cmdSterge_Click(); }},
+                  {&cmdIesire, "cmdIesire", "Iesire", "Inchidere fereastra", {}, Role::kClose}};
+  list.size = {580, 430};
+  return list;
+}
+
+void frmSocietati::ReadRows() {
+  registry_ = CompanyRegistry::Load(CurrentSession().databasesPath);
+  datPrimaryRS->SetRecordset(registry_->Rows());
+  datPrimaryRS->MoveFirst();
+}
+
+bool frmSocietati::TDBGrid1_BeforeColUpdate(const QString& text) {
+  if (text.trimmed().isEmpty()) {
+    MsgBoxEx("Va rugam completati denumirea societatii  !", kCritical);
+    return false;
+  }
+  return RunShort("TDBGrid1_BeforeColUpdate",
+                  [&](Procedure&) { CompanyRegistry::CheckName(text.toStdString()); });
 }
 
 // What was changed in the grid reaches the file. A list that nobody changed writes nothing: its
@@ -109,11 +83,11 @@ void frmSocietati::cmdAdauga_Click() {
   const std::string name = Trim(txtDenumire->Text());
   if (code.empty()) {
     MsgBoxEx("Va rugam completati codul societatii  !", kCritical);
-    return txtCod->setFocus();
+    return GiveFocus(txtCod);
   }
   if (name.empty()) {
     MsgBoxEx("Va rugam completati denumirea societatii  !", kCritical);
-    return txtDenumire->setFocus();
+    return GiveFocus(txtDenumire);
   }
   bool there = true;
   const bool asked = Run("ExistaCodSocietate", [&](Procedure& procedure) {
@@ -140,37 +114,34 @@ void frmSocietati::cmdAdauga_Click() {
   if (!added) return;
   txtCod->clear();
   txtDenumire->clear();
-  txtCod->setFocus();
+  GiveFocus(txtCod);
 }
 
 // What other programs entered or took away meanwhile has come into the list too.
 void frmSocietati::ShowRegistry(const std::string& code) {
   if (!registry_) return;
-  Recordset& rows = source_->Recordset();
+  Recordset& rows = datPrimaryRS->Recordset();
   rows.MoveFirst();
   if (!code.empty()) rows.Find("COD = '" + code + "'");
   if (rows.Eof()) rows.MoveFirst();
-  source_->Notify();
+  datPrimaryRS->Notify();
 }
 
 Company frmSocietati::Selected() const {
-  const auto text = [this](const char* field) {
-    return TDBGrid1->ColumnText(TDBGrid1->ColumnOf(field));
-  };
-  return {text("COD"), text("DENUMIRE"), text("NUMEBD")};
+  return {Text("COD"), Text("DENUMIRE"), Text("NUMEBD")};
 }
 
 void frmSocietati::cmdSterge_Click() {
-  if (!source_->HasRow()) return;
+  if (!datPrimaryRS->HasRow()) return;
   const Company doomed = Selected();
   if (doomed.cod == kFirstCompany) {
     MsgBoxEx("Societatea cu codul 01 nu se poate sterge !", kCritical);
     return;
   }
-  const long answer = MsgBoxEx("Sunteti sigur ca doriti sa stergeti societatea : " + doomed.cod +
-                                   " - " + doomed.denumire + " si baza de date aferenta ?",
-                               kYesNo | kQuestion | kDefaultStep, "Confirmare stergere");
-  if (answer != kYes) return;
+  if (!AskToDelete("Sunteti sigur ca doriti sa stergeti societatea : " + doomed.cod + " - " +
+                   doomed.denumire + " si baza de date aferenta ?")) {
+    return;
+  }
   const bool done = Run("cmdSterge_Click", [&](Procedure& procedure) {
     procedure.line = 4;
     StergeSocietate(*registry_, CurrentSession().databasesPath, doomed);

@@ -2,20 +2,16 @@
 #pragma once
 
 #include <QGroupBox>
-#include <QPushButton>
 #include <optional>
 
-#include "platform/forms/Boxes.h"
-#include "platform/forms/Form.h"
-#include "platform/grid/DataGrid.h"
+#include "platform/screens/ListScreen.h"
 #include "session/CompanyRegistry.h"
 
 namespace tevra {
 
-class frmSocietati : public Form {
+class frmSocietati : public ListScreen {
  public:
   explicit frmSocietati(QWidget* parent = nullptr);
-  ~frmSocietati() override;
 
   DataGrid* TDBGrid1;
   QGroupBox* fraInput;
@@ -26,11 +22,13 @@ class frmSocietati : public Form {
   QPushButton* cmdIesire;
 
  protected:
+  void ReadRows() override;
   void Form_Unload() override;
 
  private:
-  void Build();
-  void Form_Load();
+  void BuildInput();
+  ListDescription Describe();
+  bool TDBGrid1_BeforeColUpdate(const QString& text);
   void cmdAdauga_Click();
   void cmdSterge_Click();
   bool ExistaCodSocietate(const std::string& code) const;
@@ -38,7 +36,6 @@ class frmSocietati : public Form {
   Company Selected() const;
 
   std::optional<CompanyRegistry> registry_;
-  Adodc* source_;
 };
 
 }  // namespace tevra

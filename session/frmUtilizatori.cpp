@@ -1,12 +1,6 @@
 #include "session/frmUtilizatori.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QVBoxLayout>
-
-#include "platform/forms/Buttons.h"
-#include "platform/forms/Pictures.h"
-#include "platform/system/MessageBox.h"
+#include "platform/screens/InputFrame.h"
 #include "platform/text/Numbers.h"
 #include "platform/text/Strings.h"
 #include "session/Module1.h"
@@ -30,84 +24,48 @@ std::vector<std::pair<Value, QString>> TypeList() {
 
 }  // namespace
 
-frmUtilizatori::frmUtilizatori(QWidget* parent) : Form("frmUtilizatori", "Utilizatori", parent) {
-  datPrimaryRS = new Adodc("datPrimaryRS", this);
-  Build();
+frmUtilizatori::frmUtilizatori(QWidget* parent)
+    : ListScreen("frmUtilizatori", "Utilizatori", parent) {
+  BuildInput();
+  Open(Describe());
+  grdDataGrid = Grid();
   grdDataGrid->SetCellWriter(
       [this](int column, const Value& value, const std::function<void()>& write) {
         return grdDataGrid_BeforeColUpdate(column, value, write);
       });
-  OnClick(cmdAdauga, "cmdAdauga_Click", [this](Procedure& running) { cmdAdauga_Click(running); });
-  OnClick(cmdSterge, "cmdSterge_Click", [this](Procedure& running) { cmdSterge_Click(running); });
-  connect(cmdIesire, &QPushButton::clicked, this, [this] { close(); });
-  Form_Load();
-  for (TextBox* box : {txtNume, txtParola}) MarkSaved(box);
-}
-
-frmUtilizatori::~frmUtilizatori() {
-  datPrimaryRS->Close();
 }
 
 void frmUtilizatori::BuildInput() {
-  fraInput = new QGroupBox("Utilizator", this);
-  fraInput->setObjectName("fraInput");
+  fraInput = MakeInputFrame("fraInput", "Utilizator", this);
   txtNume = new TextBox("txtNume", fraInput, kLongest);
   txtParola = new TextBox("txtParola", fraInput, kLongest);
   for (TextBox* box : {txtNume, txtParola}) box->setToolTip("Maxim 10 caractere alfanumerice");
   cboTip = new QComboBox(fraInput);
   cboTip->setObjectName("cboTip");
   for (const char* type : kTypes) cboTip->addItem(type);
-  auto* row = new QHBoxLayout(fraInput);
-  const auto add = [&](const char* caption, QWidget* box, int stretch) {
-    auto* label = new QLabel(caption, fraInput);
-    label->setBuddy(box);
-    row->addWidget(label);
-    row->addWidget(box, stretch);
-  };
-  add("&Nume", txtNume, 2);
-  add("Parol&a", txtParola, 2);
-  add("Tip", cboTip, 3);
+  PlaceBoxes(fraInput, {{"&Nume", txtNume, 2}, {"Parol&a", txtParola, 2}, {"Tip", cboTip, 3}}, 3);
 }
 
-void frmUtilizatori::Build() {
-  BuildInput();
-  grdDataGrid = new DataGrid("grdDataGrid", this);
-  grdDataGrid->SetColumns({{"Nume", "NUME", {}, {}, 16},
-                           {"Parola", "PAROLA", {}, {}, 16},
-                           {"Tip", "TIP", {}, TypeList()}});
-  grdDataGrid->SetAllowUpdate(true);
-  grdDataGrid->SetDataSource(datPrimaryRS);
-
-  cmdAdauga = MakeButton("cmdAdauga", "Adaugare", "Creare utilizator nou", this);
-  cmdSterge = MakeButton("cmdSterge", "Stergere", "Stergere utilizator selectat", this);
-  cmdIesire = MakeButton("cmdIesire", "Iesire", "Inchidere fereastra", this);
-  cmdIesire->setIcon(PictureIcon("\\BMP\\Iesire.bmp"));
-  SetCancelButton(cmdIesire);
-  auto* buttons = new QHBoxLayout;
-  buttons->addWidget(cmdAdauga);
-  buttons->addWidget(cmdSterge);
-  buttons->addStretch();
-  buttons->addWidget(cmdIesire);
-
-  auto* all = new QVBoxLayout(this);
-  all->addWidget(fraInput);
-  all->addWidget(grdDataGrid, 1);
-  all->addLayout(buttons);
-  // "Adaugare" comes next after the boxes that it reads.
-  OrderTabs({txtNume, txtParola, cboTip, cmdAdauga, grdDataGrid->View(), cmdSterge, cmdIesire});
-  setMinimumSize(520, 240);
-  resize(620, 400);
-  txtNume->setFocus();
-}
-
-void frmUtilizatori::Form_Load() {
-  Run("Form_Load", [this](Procedure& procedure) {
-    procedure.line = 1;
-    datPrimaryRS->SetConnectionString(CurrentSession().connectionString);
-    datPrimaryRS->SetRecordSource("select * from utilizatori order by nume");
-    procedure.line = 3;
-    datPrimaryRS->Refresh();
-  });
+ListDescription frmUtilizatori::Describe() {
+  using Role = ListButton::Role;
+  ListDescription list;
+  list.grid = "grdDataGrid";
+  list.connection = CurrentSession().connectionString;
+  list.statement = "select * from utilizatori order by nume";
+  list.columns = {{"Nume", "NUME", {}, {}, 16},
+                  {"Parola", "PAROLA", {}, {}, 16},
+                  {"Tip", "TIP", {}, TypeList()}};
+  list.editable = true;
+  list.above = fraInput;
+  list.boxes = {txtNume, txtParola, cboTip};
+  list.buttons = {{&cmdAdauga, "cmdAdauga", "Adaugare", "Creare utilizator nou",
+                   [this](Procedure& running) { cmdAdauga_Click(running); }, Role::kAdd},
+                  {&cmdSterge, "cmdSterge", "Stergere", "Stergere utilizator selectat",
+                   [this](Procedure& running) { cmdSterge_Click(running); }},
+                  {&cmdIesire, "cmdIesire", "Iesire", "Inchidere fereastra", {}, Role::kClose}};
+  list.least = {520, 240};
+  list.size = {620, 400};
+  return list;
 }
 
 bool frmUtilizatori::grdDataGrid_BeforeColUpdate(int column, const Value& value,
@@ -118,8 +76,8 @@ bool frmUtilizatori::grdDataGrid_BeforeColUpdate(int column, const Value& value,
       [&](Connection& company) { return RefusalOfUserChange(company, name, field, value); }, write);
 }
 
-// The question is asked in the transaction that writes. The message waits until that is over: it
-// must not keep other programs from writing.
+// The rules are asked in the transaction that writes. The message waits until that is over: it must
+// not keep other programs from writing.
 bool frmUtilizatori::WriteUnlessRefused(
     const std::function<std::optional<std::string>(Connection& company)>& refusalOf,
     const std::function<void()>& write) {
@@ -141,11 +99,11 @@ void frmUtilizatori::cmdAdauga_Click(Procedure& procedure) {
   const std::string password = Trim(txtParola->Text());
   if (name.empty()) {
     MsgBoxEx("Va rugam introduceti numele !", kCritical);
-    return txtNume->setFocus();
+    return GiveFocus(txtNume);
   }
   if (password.empty()) {
     MsgBoxEx("Va rugam introduceti parola !", kCritical);
-    return txtParola->setFocus();
+    return GiveFocus(txtParola);
   }
   procedure.line = 3;
   if (ExistaInTabela(name, "UTILIZATOR")) {
@@ -153,42 +111,26 @@ void frmUtilizatori::cmdAdauga_Click(Procedure& procedure) {
     return;
   }
   procedure.line = 4;
-  Recordset& rows = datPrimaryRS->Recordset();
-  rows.AddNew();
-  try {
-    rows.Set("NUME", name);
-    rows.Set("PAROLA", password);
-    rows.Set("TIP", Val(cboTip->currentText().toStdString()));
-    rows.Update();
-  } catch (const Failure&) {
-    rows.CancelUpdate();
-    throw;
-  }
-  datPrimaryRS->Notify();
+  AddRow({{"NUME", name}, {"PAROLA", password}, {"TIP", Val(cboTip->currentText().toStdString())}});
   ClearFields();
 }
 
 void frmUtilizatori::cmdSterge_Click(Procedure& procedure) {
   if (!datPrimaryRS->HasRow()) return;
-  const std::string name = grdDataGrid->ColumnText(grdDataGrid->ColumnOf("NUME"));
+  const std::string name = Text("NUME");
   ClearFields();
   procedure.line = 3;
   if (const auto refusal = RefusalOfUserDeletion(datPrimaryRS->GetConnection(), name)) {
     MsgBoxEx(*refusal, kCritical);
     return;
   }
-  const long answer = MsgBoxEx("Sunteti sigur ca doriti sa stergeti utilizatorul : " + name + " ?",
-                               kYesNo | kQuestion | kDefaultStep, "Confirmare stergere");
-  if (answer != kYes) return;
+  if (!AskToDelete("Sunteti sigur ca doriti sa stergeti utilizatorul : " + name + " ?")) return;
   procedure.line = 5;
-  Recordset& rows = datPrimaryRS->Recordset();
   // Another program may have changed the users while the question stood on the screen.
   const bool deleted =
       WriteUnlessRefused([&](Connection& company) { return RefusalOfUserDeletion(company, name); },
-                         [&] { rows.Delete(); });
-  if (!deleted) return;
-  if (rows.Eof() && rows.RecordCount() > 0) rows.MoveLast();
-  datPrimaryRS->Notify();
+                         [this] { datPrimaryRS->Recordset().Delete(); });
+  if (deleted) ShowWithoutDeleted();
 }
 
 void frmUtilizatori::ClearFields() {

@@ -3,23 +3,18 @@
 
 #include <QComboBox>
 #include <QGroupBox>
-#include <QPushButton>
 #include <functional>
 #include <optional>
 #include <string>
 
-#include "platform/forms/Boxes.h"
-#include "platform/forms/Form.h"
-#include "platform/grid/DataGrid.h"
+#include "platform/screens/ListScreen.h"
 
 namespace tevra {
 
-class frmUtilizatori : public Form {
+class frmUtilizatori : public ListScreen {
  public:
   explicit frmUtilizatori(QWidget* parent = nullptr);
-  ~frmUtilizatori() override;
 
-  Adodc* datPrimaryRS;
   DataGrid* grdDataGrid;
   QGroupBox* fraInput;
   TextBox* txtNume;
@@ -30,9 +25,8 @@ class frmUtilizatori : public Form {
   QPushButton* cmdIesire;
 
  private:
-  void Build();
   void BuildInput();
-  void Form_Load();
+  ListDescription Describe();
   bool grdDataGrid_BeforeColUpdate(int column, const Value& value,
                                    const std::function<void()>& write);
   void cmdAdauga_Click(Procedure& procedure);

@@ -70,10 +70,10 @@ TEST_F(AssetList, TotalsCountNullAsNothingAndLoseNoBani) {
 }
 
 TEST_F(AssetList, AListingRoundsAfterEachAssetButForTheValueInCurrency) {
-  ListedTotals totals;
-  for (int i = 0; i < 3; ++i) totals.Add({0.5, 0.5, 1.5, 2.5, Value(), -0.5});
+  std::vector<double> totals(kTotalledFields.size());
+  for (int i = 0; i < 3; ++i) AddListedAsset(totals, {0.5, 0.5, 1.5, 2.5, Value(), -0.5});
   // 0.5 to 0, and again; 1.5 to 2, 3.5 to 4, 5.5 to 6; 2.5 to 2, 4.5 to 4, 6.5 to 6.
-  EXPECT_EQ(totals.Totals(), (AssetTotals{0, 1.5, 6, 6, 0, 0}));
+  EXPECT_EQ(totals, (std::vector<double>{0, 1.5, 6, 6, 0, 0}));
 }
 
 }  // namespace
