@@ -5,19 +5,15 @@
 #include "accounting/ChargePostings.h"
 #include "engine/Module3.h"
 #include "platform/forms/Hourglass.h"
-#include "platform/print/frmPreview.h"
 #include "platform/system/Clock.h"
 #include "platform/text/Dates.h"
-#include "reports/Reports.h"
 #include "session/Module1.h"
 #include "session/Session.h"
 
 namespace tevra {
 
 frmRapCHE::frmRapCHE(QWidget* parent)
-    : Form("frmRapCHE", "Listare Cheltuieli cu amortizarea", parent), currency_(this) {
-  ckbDeviza = currency_.ckbDeviza;
-  cboCodDeviza = currency_.cboCodDeviza;
+    : ReportScreen("frmRapCHE", "Listare Cheltuieli cu amortizarea", parent) {
   Build();
   Connect();
   Form_Load();
@@ -29,10 +25,6 @@ void frmRapCHE::Connect() {
   connect(cmdCMCancel, &QPushButton::clicked, this, [this] { close(); });
   OnClick(cmdListare, "cmdListare_Click",
           [this](Procedure& running) { cmdListare_Click(running); });
-  // Coming back to the account changes the mark alone: it is what the screen opens with.
-  connect(optCODCL, &OptionButton::Click, this, [this] { bGrupare_ = 1; });
-  connect(optLoc, &OptionButton::Click, this, [this] { bGrupare_ = 2; });
-  connect(optCC, &OptionButton::Click, this, [this] { bGrupare_ = 3; });
 }
 
 void frmRapCHE::Form_Load() {
@@ -43,10 +35,7 @@ void frmRapCHE::Form_Load() {
     procedure.line = 2;
     MonthView1_Click();
     procedure.line = 3;
-    optCont->setChecked(true);
-    bGrupare_ = 0;
-    procedure.line = 4;
-    currency_.Load();
+    LoadRequest();
   });
 }
 
@@ -81,21 +70,12 @@ void frmRapCHE::cmdListare_Click(Procedure& running) {
   running.line = 1;
   const DateTime date = SelectedDate();
   ChargesRequest request;
-  request.grouping = bGrupare_;
-  request.currency = currency_.Currency();
+  request.grouping = bGrupare();
+  request.currency = Currency();
   request.month = date.Month();
   request.year = date.Year();
   request.detail = !ckbDetaliu->isChecked();
-  running.line = 2;
-  std::unique_ptr<BandedReport> report;
-  {
-    const Hourglass waiting;
-    report = ChargesReport(request);
-  }
-  running.line = 3;
-  ShowPreview(std::move(report));
-  running.line = 4;
-  close();
+  ShowReport(running, [&] { return ChargesReport(request); });
 }
 
 DateTime frmRapCHE::SelectedDate() const {

@@ -3,19 +3,15 @@
 #pragma once
 
 #include <QCalendarWidget>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
-#include <cstdint>
 
-#include "platform/forms/Boxes.h"
-#include "platform/forms/Form.h"
 #include "platform/text/DateTime.h"
-#include "reports/CurrencyChoice.h"
+#include "reports/ReportScreen.h"
 
 namespace tevra {
 
-class frmRapCHE : public Form {
+class frmRapCHE : public ReportScreen {
  public:
   explicit frmRapCHE(QWidget* parent = nullptr);
 
@@ -26,9 +22,6 @@ class frmRapCHE : public Form {
   QGroupBox* fraDiverse;
   CheckBox* chkGenNoteContabile;
   CheckBox* ckbDetaliu;
-  CheckBox* ckbDeviza;
-  QComboBox* cboCodDeviza;
-  QGroupBox* frmOptiuni;
   OptionButton* optCont;
   OptionButton* optCODCL;
   OptionButton* optLoc;
@@ -40,7 +33,6 @@ class frmRapCHE : public Form {
  private:
   void Build();
   QWidget* BuildCalendar();
-  QWidget* BuildOptions();
   QWidget* BuildDiverse();
   QLayout* BuildButtons();
   void Connect();
@@ -52,10 +44,6 @@ class frmRapCHE : public Form {
 
   /// The date that stands in the calendar, at 00:00.
   DateTime SelectedDate() const;
-
-  CurrencyChoice currency_;
-  /// What the report is grouped by: 0 account, 1 class, 2 location, 3 cost centre.
-  std::uint8_t bGrupare_ = 0;
 };
 
 }  // namespace tevra

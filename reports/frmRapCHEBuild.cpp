@@ -20,7 +20,12 @@ void frmRapCHE::Build() {
 
   auto* right = new QVBoxLayout;
   auto* calendar = BuildCalendar();
-  right->addWidget(BuildOptions());
+  // Coming back to the account changes the mark alone: it is what the screen opens with.
+  right->addWidget(MakeGrouping({{&optCont, "optCont", "&Cont"},
+                                 {&optCODCL, "optCODCL", "Cod c&lasificare"},
+                                 {&optLoc, "optLoc", "Locali&zare"},
+                                 {&optCC, "optCC", "Centre de co&st"}},
+                                false));
   right->addWidget(BuildDiverse());
   right->addStretch();
   cboCodDeviza->setMaximumWidth(110);
@@ -54,18 +59,6 @@ QWidget* frmRapCHE::BuildCalendar() {
   column->addWidget(MonthView1, 1);
   column->addWidget(lblData);
   return part;
-}
-
-QWidget* frmRapCHE::BuildOptions() {
-  frmOptiuni = new QGroupBox("Optiuni", this);
-  frmOptiuni->setObjectName("frmOptiuni");
-  optCont = new OptionButton("optCont", "&Cont", frmOptiuni);
-  optCODCL = new OptionButton("optCODCL", "Cod c&lasificare", frmOptiuni);
-  optLoc = new OptionButton("optLoc", "Locali&zare", frmOptiuni);
-  optCC = new OptionButton("optCC", "Centre de co&st", frmOptiuni);
-  auto* column = new QVBoxLayout(frmOptiuni);
-  for (OptionButton* option : {optCont, optCODCL, optLoc, optCC}) column->addWidget(option);
-  return frmOptiuni;
 }
 
 QWidget* frmRapCHE::BuildDiverse() {
