@@ -42,6 +42,7 @@ TEST(Rewriter, TellsTheSourcesOfRowsThatCanBeChanged) {
       {"select * from a right outer join b on b.x = a.x", "b=b,a=a"},
       {"select (select max(x) from b) as m from a", "a=a"},
       {"select max(x) from a", ""},
+      {"select round(max(x), 2) as m from a", ""},
       {"select x from a group by x", ""},
       {"select distinct x from a", ""},
       {"select x from a union select x from b", ""},
@@ -67,6 +68,8 @@ TEST(Rewriter, AddsRowIdsAndNamesColumns) {
   EXPECT_EQ(company.Columns("select top 1 * from kv_cc where COD <> ''", options),
             "COD|UTILIZABIL|__row1");
   EXPECT_EQ(company.Columns("select TITLU from kv_cc", options), "TITLU|__row1");
+  EXPECT_EQ(company.Columns("select * from kv_val A, kv_val B", options),
+            "COD|TITLU|COD|TITLU|__row1|__row2");
 }
 
 TEST(Rewriter, JoinsKeepTheirRowsInWhateverNesting) {
@@ -83,7 +86,8 @@ TEST(Rewriter, JoinsKeepTheirRowsInWhateverNesting) {
        {"1|10|10", "2|20|NULL", "3|NULL|NULL"}},
       {"x inner join y on x.i = y.i right join z on y.j = z.j", {"1|10|10", "NULL|NULL|70"}},
       {"x left join (y inner join z on y.j = z.j) on x.i = y.i",
-       {"1|10|10", "2|NULL|NULL", "3|NULL|NULL"}}};
+       {"1|10|10", "2|NULL|NULL", "3|NULL|NULL"}},
+      {"x, y left join z on y.j = z.j where x.i = y.i", {"1|10|10", "2|20|NULL"}}};
   for (const auto& [joins, rows] : cases) {
     EXPECT_EQ(company.Rows("select x.i, y.j, z.j from " + std::string(joins) +
                            " order by x.i is null, x.i, y.j"),
@@ -119,6 +123,18 @@ TEST(Rewriter, KnowsTheAliasesOfLists) {
   EXPECT_FALSE(IsListAlias(sql, "F") || IsListAlias(sql, "a"));
 }
 
+TEST(Rewriter, PutsAnAliasMeaningOnlyWhereItsNameStandsAlone) {
+  Options options;
+  options.expandAliases = {"A"};
+  const std::vector<std::pair<const char*, const char*>> cases = {
+      {"select 2 as A, A as C from x", "select 2 AS [A] , (2) AS [C] from x"},
+      {"select x.A, 2 as A from x", "select x.A , 2 AS [A] from x"},
+      {"select 2 as A, (select A from y) as B from x",
+       "select 2 AS [A] , (select A from y) AS [B] from x"},
+      {"select A * 3 as A from x", "select A * 3 AS [A] from x"}};
+  for (const auto& [sql, expanded] : cases) EXPECT_EQ(Rewrite(sql, options).sql, expanded);
+}
+
 TEST(Rewriter, RecognisesThePrimaryKey) {
   const auto key =
       AsPrimaryKeyStatement("CREATE INDEX PrimaryKey ON [Kv_Linii] (NDI, [NR LINIE]) with Primary");
@@ -126,6 +142,7 @@ TEST(Rewriter, RecognisesThePrimaryKey) {
   EXPECT_EQ(key->table, "Kv_Linii");
   EXPECT_EQ(key->fields, (std::vector<std::string>{"NDI", "NR LINIE"}));
   EXPECT_FALSE(AsPrimaryKeyStatement("CREATE INDEX PrimaryKey ON t (a)"));
+  EXPECT_FALSE(AsPrimaryKeyStatement("CREATE INDEX PrimaryKey ON t (a) with Disallow Null"));
   EXPECT_FALSE(AsPrimaryKeyStatement("CREATE INDEX other ON t (a) with Primary"));
   EXPECT_FALSE(AsPrimaryKeyStatement("CREATE INDEX PrimaryKey ON t (a,) with Primary"));
 }
@@ -146,15 +163,17 @@ TEST(Rewriter, RefusesBrokenAndMonstrousStatements) {
   for (const std::string& sql : broken)
     EXPECT_EQ(RefusalOf(sql), kStatementError) << sql.substr(0, 40);
 
-  // An alias that stands for two of the next one doubles with every step.
-  std::string list;
-  Options options;
-  for (int i = 0; i < 40; ++i) {
-    list += "a" + std::to_string(i + 1) + "*a" + std::to_string(i + 1) + " AS a" +
-            std::to_string(i) + ", ";
-    options.expandAliases.push_back("a" + std::to_string(i));
+  // An alias that stands for two of the next one doubles with every step: too many, or too deep.
+  for (const int steps : {12, 40}) {
+    std::string list;
+    Options options;
+    for (int i = 0; i < steps; ++i) {
+      list += "a" + std::to_string(i + 1) + "*a" + std::to_string(i + 1) + " AS a" +
+              std::to_string(i) + ", ";
+      options.expandAliases.push_back("a" + std::to_string(i));
+    }
+    EXPECT_THROW(Rewrite("select " + list + "1 from t", options), Failure) << steps;
   }
-  EXPECT_THROW(Rewrite("select " + list + "1 from t", options), Failure);
 }
 
 TEST(Rewriter, TakesLongStatements) {
