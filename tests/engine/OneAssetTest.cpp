@@ -93,6 +93,43 @@ TEST_F(OneAsset, ItsPlanReplacesTheOneBefore) {
   EXPECT_TRUE(messages_.shown.empty());
 }
 
+TEST_F(OneAsset, ItsPlanReadsPhasesExpensesAndBlocking) {
+  Add("1", {{"TIP_AM", "N"},
+            {"DATA_IN_AM", DateTime(2004, 2, 1)},
+            {"DATA_SF", DateTime(2009, 2, 1)},
+            {"VAL_CUMP", 1200.0},
+            {"VALCHELEI", 200.0},
+            {"VAL_CUMP_VAL", 240.0},
+            {"VALCHEVAL", 40.0},
+            {"COTA_ANUALA", 1.0 / 3},
+            {"COEF", 0.3},
+            {"AD2", 2.0}});
+  Add("2", {{"BLOCATA", Value::YesNo(true)},
+            {"DATA_BLOCARE", DateTime(2006, 7, 1)},
+            {"DATA_SF", DateTime(2008, 7, 1)},
+            {"VAL_BLOCATA", 600.0},
+            {"VAL_BLOCATA_VAL", 90.0},
+            {"COTA_ANUALA", 0.5},
+            {"DRBANI", 2.0}});
+  const auto plan = [this](const char* number) {
+    PlanAmortizare(number);
+    return company_.Rows("SELECT AN, VALAMO, AMO_AN, VALAMOCUM, VALRAMASA FROM I_PLANAMO");
+  };
+  EXPECT_EQ(plan("1"),
+            "2004 1000 275 275 725 \n"
+            "2005 725 218 492 507 \n"
+            "2006 507 164 656 343 \n"
+            "2007 343 165 821 178 \n"
+            "2008 178 165 986 13 \n"
+            "2009 13 13 1000 0 \n");
+  EXPECT_EQ(company_.Rows("SELECT VALAMO_VAL FROM I_PLANAMO WHERE AN = 2004"), "200 \n");
+  EXPECT_EQ(plan("2"),
+            "2006 600 150 150 450 \n"
+            "2007 450 300 450 150 \n"
+            "2008 150 150 600 0 \n");
+  EXPECT_EQ(company_.Rows("SELECT VALRAMASA_VAL FROM I_PLANAMO WHERE AN = 2006"), "68 \n");
+}
+
 TEST_F(OneAsset, APlanThatFailsLeavesTheOneBefore) {
   Add("1");
   Add("2", {{"VALCHELEI", Value()}});
