@@ -6,6 +6,7 @@
 #include <array>
 
 #include "platform/system/Settings.h"
+#include "platform/text/Strings.h"
 
 namespace tevra {
 namespace {
@@ -22,6 +23,13 @@ const std::vector<Paper>& Papers() {
                                             {"Letter", QPageSize::Letter},
                                             {"Legal", QPageSize::Legal}};
   return papers;
+}
+
+const Paper* FindPaper(const std::string& name) {
+  const auto found = std::find_if(Papers().begin(), Papers().end(), [&](const Paper& paper) {
+    return EqualNoCase(paper.name, name);
+  });
+  return found == Papers().end() ? nullptr : &*found;
 }
 
 QPageLayout MakePageLayout(QPageSize::PageSizeId paper, QPageLayout::Orientation orientation,

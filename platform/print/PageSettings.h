@@ -21,6 +21,9 @@ struct Paper {
 /// The papers to choose from; the first is the usual one.
 const std::vector<Paper>& Papers();
 
+/// The paper of a name, without case; nothing for a name that is none.
+const Paper* FindPaper(const std::string& name);
+
 /// A page of one of these papers; `margins` in mm.
 QPageLayout MakePageLayout(QPageSize::PageSizeId paper, QPageLayout::Orientation orientation,
                            const QMarginsF& margins);

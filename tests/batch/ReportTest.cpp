@@ -35,10 +35,13 @@ class ReportTest : public BatchTest {
     const Result result = RunAsAdmin(arguments);
     if (result.code != kDone) return result.err;
     EXPECT_EQ(result.out, Pdf() + ": 1 pagina\n");
-    FILE* reader = popen(("pdftotext -layout '" + Pdf() + "' -").c_str(), "r");
+    return OutputOf("pdftotext -layout '" + Pdf() + "' -");
+  }
+  static std::string OutputOf(const std::string& command) {
+    FILE* reader = popen(command.c_str(), "r");
     std::string text;
     for (int c = fgetc(reader); c != EOF; c = fgetc(reader)) text += static_cast<char>(c);
-    EXPECT_EQ(pclose(reader), 0);
+    EXPECT_EQ(pclose(reader), 0) << command;
     return text;
   }
   static void ExpectIn(const std::string& text, std::initializer_list<const char*> parts) {
@@ -96,6 +99,24 @@ TEST_F(ReportTest, ACurrencyIsWrittenAsCodeOrAsTheWindowHasIt) {
     const std::string text = "Valuta \"" + std::string(none) + "\" nu exista in lista de valute !";
     ExpectRefused({"report", "charges", "--pdf", Pdf(), "--currency", none}, text);
   }
+}
+
+// Width and height as the PDF has them, in points.
+TEST_F(ReportTest, PaperAndOrientationAreChosen) {
+  const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
+      {{}, "595 x 842"},
+      {{"--paper", "a5"}, "420 x 595"},
+      {{"--paper", "A3", "--orientation", "landscape"}, "1191 x 842"},
+      {{"--orientation", "landscape"}, "842 x 595"}};
+  for (auto [arguments, size] : cases) {
+    arguments.insert(arguments.begin(), "charges");
+    ExpectIn(Report(arguments), {"Total general"});
+    EXPECT_NE(OutputOf("pdfinfo '" + Pdf() + "'").find(size), std::string::npos)
+        << size << OutputOf("pdfinfo '" + Pdf() + "'");
+  }
+  ExpectIn(Report({"charges", "--paper", "A9"}),
+           {"Hartie necunoscuta: A9 (A4, A3, A5, Letter, Legal) !"});
+  ExpectIn(Report({"charges", "--orientation", "culcat"}), {"Orientare necunoscuta: culcat"});
 }
 
 TEST_F(ReportTest, NeedsNoScreenWhateverTheEnvironmentAsksFor) {

@@ -4,6 +4,7 @@
 #include "app/batch/Refusal.h"
 #include "app/batch/commands/Commands.h"
 #include "platform/data/Connection.h"
+#include "platform/print/PageSettings.h"
 #include "platform/print/Pdf.h"
 #include "platform/system/Clock.h"
 #include "reports/CalculatedMonth.h"
@@ -57,11 +58,18 @@ std::unique_ptr<BandedReport> MakeReport(const CommandLine& line, const Streams&
   return line.report == ReportKind::Purchases ? PurchasesReport(period) : InventoryReport(period);
 }
 
+QPageLayout PageOf(const CommandLine& line) {
+  const auto orientation = line.landscape ? QPageLayout::Landscape : QPageLayout::Portrait;
+  const QMarginsF margins = DefaultPageLayout().margins();
+  return MakePageLayout(FindPaper(line.paper)->size, orientation, margins);
+}
+
 }  // namespace
 
 void WriteReport(const CommandLine& line, const Streams& streams) {
   const Toolkit toolkit;
   const std::unique_ptr<BandedReport> report = MakeReport(line, streams);
+  report->SetPageLayout(PageOf(line));
   SavePdf(*report, std::filesystem::absolute(line.pdf));
   const int pages = report->PageCount();
   streams.out << line.pdf << ": " << pages << (pages == 1 ? " pagina\n" : " pagini\n");
