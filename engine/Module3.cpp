@@ -12,6 +12,7 @@
 #include "platform/data/Recordset.h"
 #include "platform/system/Clock.h"
 #include "platform/system/MessageBox.h"
+#include "platform/system/StandardError.h"
 #include "platform/text/Numbers.h"
 #include "session/Module1.h"
 #include "session/Session.h"
@@ -168,6 +169,7 @@ void CalculLunar(const DateTime& dataCalcul) {
     Connection connection(CurrentSession().connectionString);
     count = RunMonth(connection, dataCalcul);
   } catch (const std::exception&) {
+    LogCaughtFailure({"CalculLunar", "Module", "Module3"});
     MsgBoxEx(kMonthFailedText, kCritical, kMonthFailedTitle);
     return;
   }

@@ -5,6 +5,7 @@
 #include "platform/data/Command.h"
 #include "platform/data/Recordset.h"
 #include "platform/system/MessageBox.h"
+#include "platform/system/StandardError.h"
 #include "platform/text/FailureText.h"
 #include "session/Module1.h"
 #include "session/Session.h"
@@ -95,6 +96,7 @@ void PlanAmortizare(const std::string& nrcrt) {
     Connection connection(CurrentSession().connectionString);
     MakePlan(connection, nrcrt);
   } catch (const std::exception&) {
+    LogCaughtFailure({"PlanAmortizare", "Module", "Module3"});
     MsgBoxEx("Eroare la salvare !", kCritical, "Salvare plan amortizare");
   }
 }

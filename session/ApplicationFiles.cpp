@@ -1,13 +1,9 @@
 #include "session/ApplicationFiles.h"
 
-#include <cstdlib>
-
-#include <pwd.h>
-#include <unistd.h>
-
 #include "platform/data/CompanyFile.h"
 #include "platform/data/Connection.h"
 #include "platform/system/Paths.h"
+#include "platform/system/UserFolders.h"
 #include "platform/text/FailureText.h"
 #include "session/Module1.h"
 #include "session/Version.h"
@@ -24,21 +20,6 @@ constexpr const char* kFolder = "tevra";
 fs::path& TestDirectory() {
   static fs::path directory;
   return directory;
-}
-
-fs::path Variable(const char* name) {
-  const char* value = std::getenv(name);
-  return value ? value : "";
-}
-
-// Empty for a user who has no home at all.
-fs::path UserData() {
-  if (const fs::path data = Variable("XDG_DATA_HOME"); data.is_absolute()) return data;
-  fs::path home = Variable("HOME");
-  if (home.empty()) {
-    if (const passwd* user = getpwuid(getuid())) home = user->pw_dir;
-  }
-  return home.empty() ? home : home / ".local" / "share";
 }
 
 bool IsOlder(const fs::path& file) {
@@ -72,8 +53,8 @@ fs::path TemplatePath() {
 fs::path ApplicationDirectory() {
   const fs::path own = ProgramDirectory();
   const bool portable = paths::FileExists((own / kTemplate).string()) && !paths::IsReadOnly(own);
-  const fs::path data = UserData();
-  return portable || data.empty() ? own : data / kFolder;
+  const fs::path data = paths::UserDataFolder();
+  return portable || data.empty() ? own : data;
 }
 
 fs::path TemplateIn(const fs::path& directory) {

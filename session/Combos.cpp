@@ -23,7 +23,7 @@ void LoadDataCombo(Adodc& source, DataCombo& combo, const std::string& sql,
     procedure.line = 6;
     source.Refresh();
   } catch (const std::exception&) {
-    ShowStandardError(CaughtFailure(), procedure);
+    ShowStandardError(CaughtFailure(procedure), procedure);
   }
 }
 
@@ -41,7 +41,7 @@ void LoadComboBox(QComboBox& combo) {
     // Nothing is chosen before the user chooses.
     combo.setCurrentIndex(-1);
   } catch (const std::exception&) {
-    ShowStandardError(CaughtFailure(), procedure);
+    ShowStandardError(CaughtFailure(procedure), procedure);
   }
 }
 

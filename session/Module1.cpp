@@ -77,7 +77,7 @@ Recordset getDisconectedRecordset(const std::string& sql, bool shape, const Valu
     recordset.Disconnect();
     return recordset;
   } catch (const std::exception&) {
-    ShowStandardError(CaughtFailure(), procedure);
+    ShowStandardError(CaughtFailure(procedure), procedure);
     return {};
   }
 }

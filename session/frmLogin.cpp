@@ -280,7 +280,8 @@ bool frmLogin::RunOfModule(const char* name, const std::function<void()>& step) 
     step();
     return true;
   } catch (const std::exception&) {
-    ShowStandardError(CaughtFailure(), {name, "Module", "Module1", 1});
+    const Procedure procedure{name, "Module", "Module1", 1};
+    ShowStandardError(CaughtFailure(procedure), procedure);
     return false;
   }
 }

@@ -133,13 +133,13 @@ void frmMain::Choose(const MenuItem& item) {
 }
 
 void frmMain::ShowFailure(const MenuItem& item) {
-  const Failure failure = CaughtFailure();
   const std::string name = item.name;
+  const Procedure procedure{name + "_Click", "Form", "frmMain"};
+  const Failure failure = CaughtFailure(procedure);
   if (name == "mnuCompactare") {
     MsgBoxEx("Compactarea trebuie sa fie prima operatie!", kOkOnly, " Compactare ");
     return;
   }
-  const Procedure procedure{name + "_Click", "Form", "frmMain"};
   item.ownErrors ? ShowShortError(failure, procedure) : ShowStandardError(failure, procedure);
 }
 

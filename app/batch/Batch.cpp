@@ -1,12 +1,15 @@
 #include "app/batch/Batch.h"
 
+#include <optional>
 #include <ostream>
+#include <utility>
 
 #include "app/batch/CommandLine.h"
 #include "app/batch/Login.h"
 #include "app/batch/Refusal.h"
 #include "app/batch/Streams.h"
 #include "app/batch/commands/Commands.h"
+#include "platform/system/Log.h"
 #include "session/Session.h"
 
 namespace tevra::batch {
@@ -56,22 +59,64 @@ void Run(const CommandLine& line, const Streams& streams) {
   if (!streams.out) throw Refusal("Rezultatul nu poate fi scris !");
 }
 
+// Values that the user typed have no place in the log.
+std::string WithoutTyped(std::string text, const CommandLine& line) {
+  for (const std::string* typed : {&line.user, &line.code, &line.name, &line.date, &line.nrcrt,
+                                   &line.currency, &line.from, &line.to}) {
+    if (typed->empty()) continue;
+    for (std::size_t at = text.find(*typed); at != text.npos; at = text.find(*typed, at + 1)) {
+      text.replace(at, typed->size(), "?");
+    }
+  }
+  return text;
+}
+
+void LogRefusal(const Refusal& refusal, const CommandLine& line) {
+  if (refusal.Cause()) return log::NoteFailure(*refusal.Cause(), line.commandName);
+  const std::string text = refusal.what();
+  log::Note(WithoutTyped(text.substr(0, text.find('\n')), line) + " | " + line.commandName);
+}
+
+/// Shows what is logged during its life.
+class ShownLog {
+ public:
+  explicit ShownLog(std::ostream& err) : before_(log::SetSink({})) {
+    log::SetSink([this, &err](const std::string& line) {
+      err << "jurnal: " << line << '\n';
+      if (before_) before_(line);
+    });
+  }
+  ~ShownLog() { log::SetSink(before_); }
+  ShownLog(const ShownLog&) = delete;
+  ShownLog& operator=(const ShownLog&) = delete;
+
+ private:
+  log::Sink before_;
+};
+
 }  // namespace
 
 int RunBatch(int argc, const char* const* argv, std::istream& in, std::ostream& out,
              std::ostream& err) {
   CurrentSession() = {};
+  CommandLine line;
+  std::optional<ShownLog> shown;
   try {
-    Run(ParseCommandLine(argc, argv), {in, out, err});
+    line = ParseCommandLine(argc, argv);
+    if (line.verbose) shown.emplace(err);
+    Run(line, {in, out, err});
     return kDone;
   } catch (const UsageError& error) {
     err << error.what() << "\nFolosire: tevra-batch [OPTIUNI] COMANDA; vezi tevra-batch --help\n";
     return kUsage;
   } catch (const Refusal& refusal) {
+    LogRefusal(refusal, line);
     err << refusal.what() << '\n';
   } catch (const Failure& failure) {
+    log::NoteFailure(failure, line.commandName);
     err << ErrorText(failure, CurrentSession().selectedDatabase) << '\n';
   } catch (const std::exception& error) {
+    log::NoteFailure({kInternalError, error.what()}, line.commandName);
     err << "Eroare neasteptata - " << error.what() << '\n';
   }
   return kRefused;

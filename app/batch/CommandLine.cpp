@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/print/PageSettings.h"
 #include "session/Version.h"
 
 namespace tevra::batch {
@@ -27,6 +28,17 @@ const std::map<std::string, ReportKind> kReports{{"charges", ReportKind::Charges
 std::string VersionText() {
   return "tevra-batch " + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) +
          " (structura bazei de date: " + std::to_string(kRevision) + ")\n";
+}
+
+std::string PaperNames() {
+  std::string names;
+  for (const Paper& paper : Papers())
+    names += (names.empty() ? "" : ", ") + std::string(paper.name);
+  return names;
+}
+
+std::string PaperHelp() {
+  return "Hartia: " + PaperNames() + " (implicit " + Papers().front().name + ")";
 }
 
 // The library's messages begin with the name that they are about.
@@ -101,6 +113,8 @@ class Parser {
     passwordFile_ = app_.add_option("--password-file", password_,
                                     "Fisier cu parola pe primul rand (altfel parola se cere)");
     passwordFile_->type_name("FISIER");
+    app_.add_flag("--verbose", line_.verbose,
+                  "Arata si ce se scrie in jurnal: erorile cu instructiunile lor");
   }
 
   void AddCompanyCommands() {
@@ -152,7 +166,7 @@ class Parser {
     report_ = Add(Command::Report, "report", "Scrie un raport ca fisier PDF",
                   {{"RAPORT", &kind_, "charges, purchases sau inventory"}});
     const auto option = [&](const char* name, std::string& value, const char* type,
-                            const char* description) {
+                            const std::string& description) {
       return report_->add_option(name, value, description)->type_name(type);
     };
     option("--pdf", line_.pdf, "FISIER", "Fisierul PDF, inlocuit intreg sau deloc")->required();
@@ -164,6 +178,8 @@ class Parser {
            "charges: luna din titlu (implicit luna celor mai multe calcule): ZZ.LL.AAAA");
     option("--from", line_.from, "DATA", "purchases, inventory: prima zi: ZZ.LL.AAAA");
     option("--to", line_.to, "DATA", "purchases, inventory: ultima zi: ZZ.LL.AAAA");
+    option("--paper", line_.paper, "HARTIE", PaperHelp());
+    option("--orientation", orientation_, "ORIENTARE", "portrait (implicit) sau landscape");
     report_->add_flag("!--no-detail", line_.detail, "charges: numai grupele si totalurile");
   }
 
@@ -191,6 +207,7 @@ class Parser {
     for (const auto& [app, command] : commands_) {
       if (!app->parsed()) continue;
       chosen = app;
+      line_.commandName = app->get_name();
       line_.command = command;
     }
     if (const auto unknown = app_.remaining(true); !unknown.empty()) {
@@ -208,10 +225,21 @@ class Parser {
       throw UsageError("Raport necunoscut: " + kind_ + " (charges, purchases, inventory) !");
     }
     line_.report = report->second;
+    CheckPaper();
     const bool period = line_.report != ReportKind::Charges;
     for (const char* option : {"--from", "--to"}) period ? Require(option) : Forbid(option);
     if (!period) return;
     for (const char* option : {"--date", "--no-detail"}) Forbid(option);
+  }
+
+  void CheckPaper() {
+    if (!FindPaper(line_.paper)) {
+      throw UsageError("Hartie necunoscuta: " + line_.paper + " (" + PaperNames() + ") !");
+    }
+    line_.landscape = orientation_ == "landscape";
+    if (!line_.landscape && orientation_ != "portrait") {
+      throw UsageError("Orientare necunoscuta: " + orientation_ + " (portrait, landscape) !");
+    }
   }
 
   void Require(const char* option) const {
@@ -263,6 +291,7 @@ class Parser {
   CLI::Option* passwordFile_ = nullptr;
   std::string password_;
   std::string by_ = "account";
+  std::string orientation_ = "portrait";
   bool takeOver_ = false;
   bool replace_ = false;
   CLI::App* report_ = nullptr;

@@ -30,6 +30,8 @@ enum class ReportKind { Charges, Purchases, Inventory };
 
 struct CommandLine {
   Command command = Command::Companies;
+  std::string commandName;          ///< as written
+  bool verbose = false;             ///< the log's lines go to the error output, too
   std::optional<std::string> help;  ///< help or version, asked for: this text is the whole result
 
   std::string directory = ".";
@@ -51,6 +53,8 @@ struct CommandLine {
   bool detail = true;  ///< of a report of charges; else groups and totals alone
   std::string from;    ///< first and last day of a report of purchases or inventory, as written
   std::string to;
+  std::string paper = "A4";  ///< of a report: one of Papers(), in any case
+  bool landscape = false;
   std::string pdf;  ///< the file that a report is written to
   bool csv = false;
 };

@@ -1,6 +1,7 @@
 // How a command says no, and in which words a failure is told.
 #pragma once
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -12,6 +13,14 @@ namespace tevra::batch {
 class Refusal : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
+  Refusal(const std::string& text, const Failure& cause)
+      : std::runtime_error(text), cause_(cause) {}
+
+  /// The failure behind it, for the log.
+  const std::optional<Failure>& Cause() const { return cause_; }
+
+ private:
+  std::optional<Failure> cause_;
 };
 
 /// "Eroare <number> - <description>", followed by `where` in parentheses when the description does

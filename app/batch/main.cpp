@@ -2,6 +2,7 @@
 #include <iostream>
 
 #include "app/batch/Batch.h"
+#include "platform/system/Log.h"
 #include "platform/system/MessageBox.h"
 
 namespace {
@@ -22,5 +23,8 @@ int main(int argc, char** argv) {
   std::signal(SIGPIPE, SIG_IGN);
   std::ios::sync_with_stdio(false);
   tevra::SetMessageHandler(TellMessage);
+  tevra::log::SetSink([](const std::string& line) {
+    tevra::log::LogFile(tevra::log::UsersLogFile()).Append("tevra-batch " + line);
+  });
   return tevra::batch::RunBatch(argc, argv, std::cin, std::cout, std::cerr);
 }

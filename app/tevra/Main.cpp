@@ -8,6 +8,7 @@
 #include <fontconfig/fontconfig.h>
 
 #include "app/tevra/Desktop.h"
+#include "app/tevra/FailureLog.h"
 #include "app/tevra/Screens.h"
 #include "app/tevra/ToolkitWords.h"
 #include "platform/forms/Pictures.h"
@@ -38,7 +39,8 @@ class Application : public QApplication {
     try {
       return QApplication::notify(receiver, event);
     } catch (const std::exception&) {
-      ShowStandardError(CaughtFailure(), {"notify", "Application", "tevra"});
+      const Procedure procedure{"notify", "Application", "tevra"};
+      ShowStandardError(CaughtFailure(procedure), procedure);
       return false;
     }
   }
@@ -50,6 +52,7 @@ void PrepareApplication() {
   QCoreApplication::installTranslator(new ToolkitWords(qApp));
   SetSettings(std::make_unique<QtSettings>());
   SetApplicationTitle(kApplicationTitle);
+  UseLog();
   SetPictureDirectory(ProgramDirectory().string());
   QApplication::setWindowIcon(PictureIcon("\\BMP\\Tevra.ico"));
   UseDesktop();

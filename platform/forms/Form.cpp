@@ -30,7 +30,7 @@ bool Form::RunWith(const char* procedure, const Body& body, const OnFailure& onF
     body(running);
     return true;
   } catch (const std::exception&) {
-    onFailure(CaughtFailure(), running);
+    onFailure(CaughtFailure(running), running);
     return false;
   }
 }

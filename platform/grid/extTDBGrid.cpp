@@ -13,7 +13,7 @@ void Told(Sorting sorting) {
   try {
     sorting();
   } catch (const std::exception&) {
-    ShowStandardError(CaughtFailure(), procedure);
+    ShowStandardError(CaughtFailure(procedure), procedure);
   }
 }
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "platform/system/Log.h"
 #include "platform/system/MessageBox.h"
 
 namespace tevra {
@@ -16,7 +17,9 @@ std::string ShortErrorText(const Failure& failure) {
   return std::to_string(failure.Number()) + " - " + failure.Description();
 }
 
-Failure CaughtFailure() {
+namespace {
+
+Failure AsFailure() {
   try {
     throw;
   } catch (const Failure& failure) {
@@ -26,6 +29,25 @@ Failure CaughtFailure() {
   } catch (const std::exception& error) {
     return {kInternalError, std::string("Internal error: ") + error.what()};
   }
+}
+
+}  // namespace
+
+Failure CaughtFailure() {
+  const Failure failure = AsFailure();
+  log::NoteFailure(failure);
+  return failure;
+}
+
+Failure CaughtFailure(const Procedure& procedure) {
+  const Failure failure = AsFailure();
+  log::NoteFailure(failure, procedure.kind + " " + procedure.module + ", " + procedure.name +
+                                ", line " + std::to_string(procedure.line));
+  return failure;
+}
+
+void LogCaughtFailure(const Procedure& procedure) {
+  CaughtFailure(procedure);
 }
 
 void ShowStandardError(const Failure& failure, const Procedure& procedure) {

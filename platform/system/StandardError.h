@@ -22,8 +22,14 @@ std::string StandardErrorText(const Failure& failure, const Procedure& procedure
 std::string ShortErrorText(const Failure& failure);
 
 /// What is being caught, as a failure: call it in a catch block. Whatever is no failure of ours
-/// becomes one (7 out of memory, else 51).
+/// becomes one (7 out of memory, else 51). The failure goes into the log: who asks for it is about
+/// to show it.
 Failure CaughtFailure();
+/// The same; the log names the procedure too.
+Failure CaughtFailure(const Procedure& procedure);
+
+/// Logs what is being caught, where the user gets a message that does not tell it.
+void LogCaughtFailure(const Procedure& procedure);
 
 /// Shows a failure in the long form, with the critical icon.
 void ShowStandardError(const Failure& failure, const Procedure& procedure);

@@ -75,7 +75,7 @@ void CalculateOneAsset(const std::string& cod, const DateTime& date, bool csv, s
       throw Refusal("Imobilizarea cu numarul de inventar " + cod + " nu exista !");
     }
   } catch (const Failure& failure) {
-    throw Refusal(ErrorText(failure, failure.Source()));
+    throw Refusal(ErrorText(failure, failure.Source()), failure);
   }
   const Recordset asset = ReadAsset(connection, cod);
   csv ? WriteCsv(asset, out) : WriteTable(asset, out);

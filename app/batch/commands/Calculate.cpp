@@ -29,8 +29,9 @@ void Post(const DateTime& date, std::ostream& out) {
         << (posted.notes == 1 ? " nota, " : " note, ") << Format(posted.lei, "Standard")
         << " lei\n";
   } catch (const Failure& failure) {
-    throw Refusal("Luna a fost calculata, dar notele contabile nu au fost scrise !\n" +
-                  Reason(failure));
+    throw Refusal(
+        "Luna a fost calculata, dar notele contabile nu au fost scrise !\n" + Reason(failure),
+        failure);
   }
 }
 
@@ -49,7 +50,7 @@ void Calculate(const DateTime& date, bool post, std::ostream& out) {
     Connection connection(CurrentSession().connectionString);
     out << MonthDoneText(RunMonth(connection, date)) << '\n';
   } catch (const Failure& failure) {
-    throw Refusal(std::string(kMonthFailedText) + '\n' + Reason(failure));
+    throw Refusal(std::string(kMonthFailedText) + '\n' + Reason(failure), failure);
   }
   if (post) Post(date, out);
 }

@@ -4,23 +4,12 @@
 #include "app/batch/commands/Commands.h"
 #include "platform/data/Catalogue.h"
 #include "platform/data/TableLoader.h"
-#include "platform/text/Strings.h"
 #include "session/Session.h"
+#include "session/TableRights.h"
 
 namespace tevra::batch {
 
 namespace {
-
-// The same tables that the window keeps behind its menu items.
-bool MayChange(int userType, const std::string& table) {
-  constexpr int kAll = 0;
-  constexpr int kReportsOnly = 2;
-  if (userType == kAll) return true;
-  if (EqualNoCase(table, "UTILIZATORI")) return false;
-  const bool settings = EqualNoCase(table, "kv_par") || EqualNoCase(table, "kv_info") ||
-                        EqualNoCase(table, "I_COEFAD");
-  return !settings || userType != kReportsOnly;
-}
 
 // The table's own spelling of its name.
 std::string RequireTable(Connection& connection, const std::string& written) {
@@ -30,7 +19,7 @@ std::string RequireTable(Connection& connection, const std::string& written) {
     throw Refusal("Tabela " + written + " nu exista in " + session.selectedDatabase + " !");
   }
   const std::string table = catalogue.Table(written).name;
-  if (!MayChange(session.userType, table)) {
+  if (!MayChangeTable(session.userType, table)) {
     throw Refusal("Utilizatorul " + session.userName + " nu are dreptul sa modifice tabela " +
                   table + " !");
   }
@@ -48,7 +37,7 @@ LoadResult Load(Connection& connection, std::istream& csv, const std::string& ta
     return result;
   } catch (const Failure& failure) {
     const bool namesCompany = failure.Description().find(connection.Path()) != std::string::npos;
-    throw Refusal(ErrorText(failure, namesCompany ? "" : source));
+    throw Refusal(ErrorText(failure, namesCompany ? "" : source), failure);
   }
 }
 
