@@ -112,8 +112,16 @@ std::string NameOf(const std::string& directory, const std::string& database) {
 int EnterFiles(CompanyRegistry& registry, const std::string& directory) {
   int entered = 0;
   for (Company& company : CompanyFilesIn(paths::Resolve(directory))) {
-    if (registry.Find(company.cod) || registry.Names(company.numeBd)) continue;
+    const auto listed = registry.Find(company.cod);
+    if (listed ? listed->denumire != CompanyRegistry::kNoName : registry.Names(company.numeBd)) {
+      continue;
+    }
     company.denumire = NameOf(directory, company.numeBd);
+    if (listed) {
+      // The name with which a registry begins tells nothing.
+      if (company.denumire != company.numeBd) registry.Rename(company.cod, company.denumire);
+      continue;
+    }
     registry.Add(company);
     ++entered;
   }
@@ -199,10 +207,10 @@ std::optional<ExistingFile> AskAboutExistingFile(const std::string& directory,
                    " exista deja in director !\nO preluati asa cum este, sau o inlocuiti cu una "
                    "noua ?\nCea inlocuita se pastreaza in directorul " +
                    kBackupFolder + ".",
-               kYesNoCancel | kQuestion | 2 * kDefaultStep, "Adaugare societate", 0,
-               {"Preluare", "Inlocuire", "Renuntare", ""});
-  if (answer == kYes) return ExistingFile::kTakeOver;
-  if (answer == kNo) return ExistingFile::kReplace;
+               kAbortRetryIgnore | kQuestion, "Adaugare societate", 0,
+               {"Renuntare", "Preluare", "Inlocuire", ""});
+  if (answer == kRetry) return ExistingFile::kTakeOver;
+  if (answer == kIgnore) return ExistingFile::kReplace;
   return std::nullopt;
 }
 
@@ -243,12 +251,13 @@ int RebuildRegistry(const std::string& directory) {
     }
   };
   CompanyRegistry registry = load();
+  const std::vector<Company> before = registry.Companies();
   const int entered = EnterFiles(registry, directory);
   // Nobody could choose anything from an empty list.
   if (registry.Companies().empty()) {
     throw Failure(kFileNotFound, "Nu exista baze de date ale unor societati in " + directory);
   }
-  if (entered > 0) registry.Save();
+  if (registry.Companies() != before) registry.Save();
   if (damaged) damaged->Keep();
   return entered;
 }

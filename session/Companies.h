@@ -52,7 +52,7 @@ Company AdaugaSocietate(const std::string& directory, const std::string& code,
                         const std::string& name, ExistingFile existing = ExistingFile::kRefuse);
 
 /// Brings the registry of a directory in line with the company files there: those that it does not
-/// list are entered, by the name in the file. A registry that cannot be read is kept in
+/// list are entered, by the name in the file, and a company 01 without a name gets that of its file. A registry that cannot be read is kept in
 /// "Salv_Tevra" and made anew. Returns the number of companies entered. All or nothing; throws
 /// Failure 53 when there is no company at all, else as CompanyRegistry::Save and KeptFile.
 int RebuildRegistry(const std::string& directory);

@@ -163,7 +163,7 @@ void CompanyRegistry::WriteDefault(const std::string& directory) {
     throw Failure(kFileExists, "File already exists: " + registry.file_.filename().string(),
                   registry.file_.string());
   }
-  registry.Add({"01", "SOCIETATE", "Kelnar01.mdb"});
+  registry.Add({"01", kNoName, "Kelnar01.mdb"});
   registry.Save();
 }
 
@@ -217,6 +217,16 @@ void CompanyRegistry::StayAtAdded() {
   const std::size_t added = rows_.Bookmark();
   rows_.SetSort(kCode);
   rows_.SetBookmark(added);
+}
+
+void CompanyRegistry::Rename(const std::string& code, const std::string& name) {
+  CheckName(name);
+  rows_.SetFilter("");
+  if (!FindCode(rows_, code)) {
+    throw Failure(kItemNotFound, "Nu exista societatea cu codul " + code);
+  }
+  rows_.Set(kName, Trim(name));
+  rows_.Update();
 }
 
 void CompanyRegistry::Remove(const Company& company) {

@@ -51,6 +51,9 @@ class CompanyRegistry {
   /// registry can hold.
   static void CheckName(const std::string& name);
 
+  /// The name of the company 01 in the registry with which a directory begins.
+  static constexpr const char* kNoName = "SOCIETATE";
+
   /// Writes the registry with which a directory begins: the company 01. Throws Failure 58 when
   /// there is a registry already, else as Save does.
   static void WriteDefault(const std::string& directory);
@@ -69,6 +72,10 @@ class CompanyRegistry {
   /// for a code that is not one or two letters or digits, for a name that is empty, has more than
   /// 50 characters or some that no registry can hold, and for an empty database name.
   void Add(const Company& company);
+
+  /// Gives the company of a code another name, without blanks around it. Throws Failure 3265 when
+  /// there is no such company, 5 as CheckName.
+  void Rename(const std::string& code, const std::string& name);
 
   /// Takes the company off the list, one row of those that are alike; its database stays. Throws
   /// Failure 3265 when there is no such row.

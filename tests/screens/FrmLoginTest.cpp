@@ -186,8 +186,11 @@ TEST_F(FrmLogin, ADamagedRegistryIsToldAndStays) {
 TEST_F(FrmLogin, ALostListIsMadeFromTheDatabasesWhenAsked) {
   const auto directory = company_.Directory();
   std::filesystem::copy_file(company_.File(), directory / "Kelnar02.mdb");
-  Connection(CompanyConnectionString(directory.string(), "Kelnar02.mdb"))
-      .Execute("UPDATE kv_info SET DENUMIRE = 'Moara SRL'");
+  for (const auto& [database, name] :
+       {std::pair("Kelnar01.mdb", "Prima SA"), std::pair("Kelnar02.mdb", "Moara SRL")}) {
+    Connection(CompanyConnectionString(directory.string(), database))
+        .Execute("UPDATE kv_info SET DENUMIRE = ?", {name});
+  }
   std::string empty = Registry();
   const std::size_t row = empty.find("\t<z:row");
   empty.erase(row, empty.find('\n', row) + 1 - row);
@@ -207,6 +210,7 @@ TEST_F(FrmLogin, ALostListIsMadeFromTheDatabasesWhenAsked) {
     EXPECT_EQ(screen.TDBGrid1->View()->model()->rowCount(), 2) << content;
     const auto companies = CompanyRegistry::Load(directory.string()).Companies();
     ASSERT_EQ(companies.size(), 2u) << content;
+    EXPECT_EQ(companies[0].denumire, "Prima SA");
     EXPECT_EQ(companies[1], (Company{"02", "Moara SRL", "Kelnar02.mdb"}));
     LogIn(screen, "admin", "1");
     EXPECT_TRUE(screen.LoginSucceeded());

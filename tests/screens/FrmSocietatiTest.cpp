@@ -55,14 +55,14 @@ TEST_F(FrmSocietati, ADatabaseInTheWayIsAskedAbout) {
   }
   frmSocietati screen;
   screen.show();
-  messages_.answers = {kCancel, kYes, kNo};
+  messages_.answers = {kAbort, kRetry, kIgnore};
   Add(screen, "02", "Doi");
   ASSERT_EQ(messages_.shown.size(), 1u);
   const MessageRequest& question = messages_.shown[0];
   EXPECT_EQ(question.prompt.rfind("Baza de date Kelnar02.mdb (Veche SA) exista deja", 0), 0u);
   EXPECT_EQ(question.captions[0] + question.captions[1] + question.captions[2],
-            "PreluareInlocuireRenuntare");
-  EXPECT_EQ(ButtonsOf(question.buttons).at(DefaultButton(question.buttons)).answer, kCancel);
+            "RenuntarePreluareInlocuire");
+  EXPECT_EQ(ButtonsOf(question.buttons).at(DefaultButton(question.buttons)).answer, kAbort);
   EXPECT_EQ(Registered().size(), 1u);
   EXPECT_EQ(screen.txtCod->Text(), "02") << "what was typed stays";
   Add(screen, "02", "Doi");
