@@ -76,6 +76,11 @@ TEST_F(EditedCard, ABoxThatWasChangedDerivesOnAnExistingAssetToo) {
       << "what was derived is settled";
   Type(card->txtNumar[kValue], "12000");
   EXPECT_EQ(Boxes(*card, {kForeignValue}), "2.400,00");
+  Type(card->txtNumar[kForeignValue], "1999,99");
+  card->txtNumar[kValue]->setFocus();
+  card->txtText[kRemarks]->setFocus();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Boxes(*card, {kForeignValue}), "1.999,99") << "typed once, derived once";
   Press(card->FaraUzura);
   EXPECT_EQ(Boxes(*card, {kCoef}), "0,3");
   Type(card->txtNumar[kNormalYears], "5");

@@ -378,6 +378,10 @@ TEST_F(FrmMain, CascadedAfterTilingTheChildrenHaveTheirSizesAgain) {
     EXPECT_EQ(children[i]->size(), own);
     EXPECT_EQ(children[i]->pos(), QPoint(28, 28) * i);
   }
+  // What the user made of it since counts.
+  children[0]->resize(own + QSize(20, 10));
+  frame.Item("mnuWindowCascade")->trigger();
+  EXPECT_EQ(children[0]->size(), own + QSize(20, 10));
 }
 
 TEST_F(FrmMain, HelpIsShownByTheDesktop) {
