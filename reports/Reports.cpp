@@ -41,14 +41,17 @@ ReportLayout Design(const Layouts& layouts, std::uint8_t grouping, const std::st
 }
 
 // An earlier run of the command is closed; a preview that shows it keeps its rows.
-std::unique_ptr<BandedReport> Run(ReportLayout design, const QString& title,
+// All groupings of a report are one kind of document to its user's page.
+std::unique_ptr<BandedReport> Run(ReportLayout design, const QString& title, const char* paperKind,
                                   const Values& params = {}) {
   DataEnv& environment = CurrentDataEnv();
   environment.Close(design.command);
   environment.Run(design.command, params);
   auto data = std::make_shared<ShapedData>(environment.Rs(design.command), design.group);
-  return std::make_unique<BandedReport>(title, std::move(design), std::move(data), clock::Today(),
-                                        RememberedPageLayout());
+  auto report = std::make_unique<BandedReport>(title, std::move(design), std::move(data),
+                                               clock::Today(), RememberedPageLayout(paperKind));
+  report->SetPaperKind(paperKind);
+  return report;
 }
 
 // The rows of the paper may be of several months; its title names one.
@@ -94,13 +97,13 @@ std::unique_ptr<BandedReport> ChargesReport(const ChargesRequest& request) {
   set("lblAn", std::to_string(request.year));
   set("lblValuta", InLei(request.currency) ? kLei : request.currency);
   WarnOfOtherMonths(design, request);
-  return Run(std::move(design), "Cheltuieli cu amortizarea");
+  return Run(std::move(design), "Cheltuieli cu amortizarea", "DataReportCHE");
 }
 
 std::unique_ptr<BandedReport> PurchasesReport(const PeriodRequest& request) {
   ReportLayout design = Design(kPurchases, request.grouping, request.currency);
   SetPeriod(design, request);
-  return Run(std::move(design), "Achizitii", {request.from, request.to});
+  return Run(std::move(design), "Achizitii", "DataReport_STA_ACH", {request.from, request.to});
 }
 
 // One design for both kinds of money; its grand total stays the one in lei, as designed.
@@ -110,7 +113,8 @@ std::unique_ptr<BandedReport> InventoryReport(const PeriodRequest& request) {
   const bool lei = InLei(request.currency);
   design.Control("section1", "txtValoare").field = lei ? "VAL_CUMP" : "VAL_CUMP_VAL";
   design.Control("section7", "text7").field = lei ? "TVALCUMP" : "TVALCUMPVAL";
-  return Run(std::move(design), "Obiecte de inventar", {request.from, request.to});
+  return Run(std::move(design), "Obiecte de inventar", "DataReport_ObInv",
+             {request.from, request.to});
 }
 
 }  // namespace tevra

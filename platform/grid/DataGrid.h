@@ -62,7 +62,7 @@ class DataGrid : public QWidget, public KeepsTyping {
   /// order are remembered; `title`: of what is printed and saved.
   void SetTools(const std::string& key, const QString& title);
   void SetPrintInfo(GridPrintInfo info) { printInfo_ = std::move(info); }
-  const GridPrintInfo& PrintInfo() const { return printInfo_; }
+  GridPrintInfo PrintInfo() const;
 
   /// What the grid shows: all rows, or those marked.
   enum class Rows { kAll, kMarked };

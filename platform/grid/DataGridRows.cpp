@@ -84,6 +84,16 @@ GridContent DataGrid::Content(Rows rows) const {
   return {copy, std::move(columns), SelectedRows()};
 }
 
+GridPrintInfo DataGrid::PrintInfo() const {
+  GridPrintInfo info = printInfo_;
+  if (!info.paperKind.empty()) return info;
+  const QWidget* screen = parentWidget();
+  while (screen && !qobject_cast<const Form*>(screen)) screen = screen->parentWidget();
+  if (screen) info.paperKind = screen->objectName().toStdString() + ".";
+  info.paperKind += objectName().toStdString();
+  return info;
+}
+
 std::vector<int> DataGrid::ShownColumns() const {
   const QHeaderView* header = view_->horizontalHeader();
   std::vector<int> columns;

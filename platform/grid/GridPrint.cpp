@@ -30,7 +30,10 @@ std::unique_ptr<TableDocument> Document(const GridContent& content, const GridPr
   };
   table.appendixHeight = info.appendixHeight;
   table.appendix = info.appendix;
-  return std::make_unique<TableDocument>(std::move(table));
+  auto document =
+      std::make_unique<TableDocument>(std::move(table), RememberedPageLayout(info.paperKind));
+  document->SetPaperKind(info.paperKind);
+  return document;
 }
 
 }  // namespace
@@ -41,8 +44,8 @@ void PreviewGrid(const GridContent& content, const GridPrintInfo& info, const QS
 
 void PreviewGridAfterSetup(const GridContent& content, const GridPrintInfo& info,
                            const QString& title) {
-  QPageLayout layout = RememberedPageLayout();
-  if (!AskPageSetup(layout)) return;
+  QPageLayout layout = RememberedPageLayout(info.paperKind);
+  if (!AskPageSetup(layout, info.paperKind)) return;
   PreviewGrid(content, info, title);
 }
 

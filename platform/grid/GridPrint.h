@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <functional>
+#include <string>
 
 #include "platform/grid/GridContent.h"
 
@@ -21,6 +22,7 @@ struct GridPrintInfo {
   /// Painted below the last row across the page, such as a chart; this many points high.
   double appendixHeight = 0;
   std::function<void(QPainter& painter, const QRectF& area)> appendix = {};
+  std::string paperKind = {};  ///< as PagedDocument has it; empty: the grid's screen and name
 };
 
 /// Opens the preview of the list, from which it is printed or saved as PDF. `title`: of the window

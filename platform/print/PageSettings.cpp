@@ -14,6 +14,11 @@ namespace {
 constexpr char kPortrait[] = "portrait";
 constexpr char kLandscape[] = "landscape";
 
+std::optional<QPageLayout> KeptUnder(const std::string& key) {
+  const std::optional<std::string> kept = Settings().Get(key);
+  return kept ? ParsePageLayout(*kept) : std::nullopt;
+}
+
 }  // namespace
 
 const std::vector<Paper>& Papers() {
@@ -85,14 +90,15 @@ std::optional<QPageLayout> ParsePageLayout(const std::string& text) {
   return layout;
 }
 
-QPageLayout RememberedPageLayout() {
-  const std::optional<std::string> kept = Settings().Get(kPageSetting);
-  const std::optional<QPageLayout> layout = kept ? ParsePageLayout(*kept) : std::nullopt;
+QPageLayout RememberedPageLayout(const std::string& kind) {
+  std::optional<QPageLayout> layout;
+  if (!kind.empty()) layout = KeptUnder(kPageOfKind + kind);
+  if (!layout) layout = KeptUnder(kPageSetting);
   return layout.value_or(DefaultPageLayout());
 }
 
-void RememberPageLayout(const QPageLayout& layout) {
-  Settings().Set(kPageSetting, PageLayoutText(layout));
+void RememberPageLayout(const QPageLayout& layout, const std::string& kind) {
+  Settings().Set(kind.empty() ? kPageSetting : kPageOfKind + kind, PageLayoutText(layout));
 }
 
 }  // namespace tevra

@@ -1,4 +1,4 @@
-// The page that the user last chose: paper, orientation, margins.
+// The pages that the user chose: paper, orientation, margins, for each kind of document.
 #pragma once
 
 #include <QPageLayout>
@@ -8,7 +8,8 @@
 
 namespace tevra {
 
-inline constexpr char kPageSetting[] = "Pagina";  ///< the name under which it is kept
+inline constexpr char kPageSetting[] = "Pagina";  ///< the name of the general setting
+inline constexpr char kPageOfKind[] = "Pagini/";  ///< before the name of a kind of document
 
 inline constexpr double kLeastMargin = 2;  ///< mm
 inline constexpr double kMostMargin = 60;  ///< mm
@@ -39,9 +40,12 @@ std::string PageLayoutText(const QPageLayout& layout);
 /// The page of such a text; nothing when it is damaged or names a page that nobody could choose.
 std::optional<QPageLayout> ParsePageLayout(const std::string& text);
 
-/// The page from the user's settings; the default one where there is none or it is damaged.
-QPageLayout RememberedPageLayout();
-/// Throws Failure 70 when the settings cannot be kept.
-void RememberPageLayout(const QPageLayout& layout);
+/// The page that the user chose for a kind of document, such as "frmImo.TDBGrid1" or
+/// "DataReportCHE"; without one the general page, and without that the default one. A damaged
+/// setting counts as none.
+QPageLayout RememberedPageLayout(const std::string& kind = {});
+/// Keeps the page of a kind, or without a kind the general page. Throws Failure 70 when the
+/// settings cannot be kept.
+void RememberPageLayout(const QPageLayout& layout, const std::string& kind = {});
 
 }  // namespace tevra

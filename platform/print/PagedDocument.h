@@ -6,6 +6,8 @@
 #include <QRectF>
 #include <QString>
 #include <memory>
+#include <string>
+#include <utility>
 
 #include "platform/print/DocumentRows.h"
 #include "platform/system/Progress.h"
@@ -39,6 +41,10 @@ class PagedDocument {
   /// What the margins leave of it, in twips from its upper left corner.
   QRectF PrintArea() const;
 
+  /// The kind of document under which the user's page is remembered; empty for the general page.
+  const std::string& PaperKind() const { return paperKind_; }
+  void SetPaperKind(std::string kind) { paperKind_ = std::move(kind); }
+
   /// The pages laid out so far; at least one when the layout is complete.
   virtual int PageCount() const = 0;
   virtual bool IsComplete() const = 0;
@@ -66,6 +72,7 @@ class PagedDocument {
  private:
   QString title_;
   QPageLayout layout_;
+  std::string paperKind_;
 };
 
 /// Paints a page on a printer, a PDF or a picture that begins at the paper's upper left corner, by

@@ -28,11 +28,12 @@ constexpr std::array<Edge, 4> kEdges = {{{"S&tanga:", "din stanga"},
 
 }  // namespace
 
-frmPageSetup::frmPageSetup(const QPageLayout& layout, QWidget* parent)
+frmPageSetup::frmPageSetup(const QPageLayout& layout, bool ofKind, QWidget* parent)
     : Form("frmPageSetup", "Asezare in pagina", parent) {
   setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                  Qt::WindowCloseButtonHint);
   Build();
+  chkGeneral->setVisible(ofKind);
   Fill(layout);
   OnClick(cmdAccept, "cmdAccept_Click", [this](Procedure&) { cmdAccept_Click(); });
   connect(cmdRenunta, &QPushButton::clicked, this, [this] { close(); });
@@ -57,6 +58,8 @@ void frmPageSetup::Build() {
   options->addStretch(1);
   options->setSpacing(24);
   QWidget* margins = BuildMargins();
+  chkGeneral = new CheckBox("chkGeneral", "Si pentru documentele &fara asezare proprie", this);
+  chkGeneral->setToolTip("Altfel asezarea este numai a acestui fel de lista sau raport");
   cmdAccept = MakeButton("cmdAccept", "&Accept", "Pagina va fi asezata asa", this);
   cmdAccept->setIcon(PictureIcon("\\BMP\\OK.bmp"));
   cmdAccept->setDefault(true);
@@ -73,6 +76,7 @@ void frmPageSetup::Build() {
   all->addLayout(paper);
   all->addWidget(orientation);
   all->addWidget(margins);
+  all->addWidget(chkGeneral);
   all->addStretch(1);
   all->addLayout(buttons);
   setMinimumWidth(360);
@@ -156,14 +160,15 @@ void frmPageSetup::cmdAccept_Click() {
   close();
 }
 
-bool AskPageSetup(QPageLayout& layout) {
-  frmPageSetup screen(layout, QApplication::activeWindow());
+bool AskPageSetup(QPageLayout& layout, const std::string& kind) {
+  frmPageSetup screen(layout, !kind.empty(), QApplication::activeWindow());
   screen.setWindowModality(Qt::ApplicationModal);
   screen.ShowModal();
   if (!screen.Chosen()) return false;
   layout = *screen.Chosen();
   try {
-    RememberPageLayout(layout);
+    RememberPageLayout(layout, kind);
+    if (screen.chkGeneral->isChecked()) RememberPageLayout(layout);
   } catch (const Failure& failure) {
     // The page holds for this paper all the same.
     ShowShortError(failure, {"AskPageSetup", "Form", "frmPageSetup"});

@@ -214,7 +214,7 @@ void frmPreview::SaveRows(const char* what, const char* extension, const Save& s
 
 void frmPreview::cmdPagina_Click() {
   QPageLayout layout = document_->PageLayout();
-  if (!AskPageSetup(layout)) return;
+  if (!AskPageSetup(layout, document_->PaperKind())) return;
   const Busy busy(*this);
   document_->SetPageLayout(layout);
   document_->LayOutMore();

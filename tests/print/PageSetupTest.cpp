@@ -23,13 +23,14 @@ class PageSetup : public ::testing::Test {
 };
 
 // Asks for the page, with a user who does this.
-bool Ask(QPageLayout& layout, const std::function<void(frmPageSetup&)>& user) {
+bool Ask(QPageLayout& layout, const std::function<void(frmPageSetup&)>& user,
+         const std::string& kind = {}) {
   QTimer::singleShot(0, qApp, [&] {
     auto* screen = qobject_cast<frmPageSetup*>(QApplication::activeModalWidget());
     ASSERT_TRUE(screen);
     user(*screen);
   });
-  return AskPageSetup(layout);
+  return AskPageSetup(layout, kind);
 }
 
 TEST_F(PageSetup, WhatWasAcceptedIsRemembered) {
@@ -47,6 +48,36 @@ TEST_F(PageSetup, WhatWasAcceptedIsRemembered) {
   EXPECT_EQ(layout.margins(QPageLayout::Millimeter), QMarginsF(12.5, 15, 15, 60));
   EXPECT_EQ(Settings().Get(kPageSetting), "A3 landscape 12.5 15 15 60");
   EXPECT_EQ(RememberedPageLayout(), layout);
+}
+
+TEST_F(PageSetup, EachKindOfDocumentHasItsPageAndElseTheGeneralOne) {
+  const QPageLayout general =
+      MakePageLayout(QPageSize::A5, QPageLayout::Portrait, {10, 10, 10, 10});
+  RememberPageLayout(general);
+  QPageLayout layout = RememberedPageLayout("DataReportCHE");
+  EXPECT_EQ(layout, general);
+  const auto landscape = [](frmPageSetup& screen) {
+    EXPECT_TRUE(screen.chkGeneral->isVisible());
+    QTest::mouseClick(screen.optPeisaj, Qt::LeftButton, {}, QPoint(8, 8));
+    screen.cmdAccept->click();
+  };
+  EXPECT_TRUE(Ask(layout, landscape, "DataReportCHE"));
+  EXPECT_EQ(RememberedPageLayout("DataReportCHE").orientation(), QPageLayout::Landscape);
+  EXPECT_EQ(RememberedPageLayout("frmImo.TDBGrid1"), general);
+  EXPECT_EQ(RememberedPageLayout(), general);
+  // As the general one too, where the user says so.
+  EXPECT_TRUE(Ask(
+      layout,
+      [](frmPageSetup& screen) {
+        screen.cboHartie->setCurrentText("A3");
+        screen.chkGeneral->setChecked(true);
+        screen.cmdAccept->click();
+      },
+      "frmImo.TDBGrid1"));
+  EXPECT_EQ(RememberedPageLayout().pageSize().id(), QPageSize::A3);
+  EXPECT_EQ(RememberedPageLayout("DataReportCHE").pageSize().id(), QPageSize::A5);
+  Settings().Set(std::string(kPageOfKind) + "DataReportCHE", "stricat");
+  EXPECT_EQ(RememberedPageLayout("DataReportCHE").pageSize().id(), QPageSize::A3);
 }
 
 TEST_F(PageSetup, GivenUpNothingChanges) {
