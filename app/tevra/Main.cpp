@@ -1,5 +1,4 @@
 // tevra: the window program.
-#include <QApplication>
 #include <QLocale>
 #include <QPalette>
 #include <csignal>
@@ -11,6 +10,7 @@
 #include "app/tevra/FailureLog.h"
 #include "app/tevra/Screens.h"
 #include "app/tevra/ToolkitWords.h"
+#include "platform/forms/FormsApplication.h"
 #include "platform/forms/Pictures.h"
 #include "platform/system/MessageBox.h"
 #include "platform/system/QtSettings.h"
@@ -31,13 +31,13 @@ std::string TwoDigits(int number) {
 }
 
 // The last net: a failure that no screen told is told here, and the program goes on.
-class Application : public QApplication {
+class Application : public FormsApplication {
  public:
-  using QApplication::QApplication;
+  using FormsApplication::FormsApplication;
 
   bool notify(QObject* receiver, QEvent* event) override {
     try {
-      return QApplication::notify(receiver, event);
+      return FormsApplication::notify(receiver, event);
     } catch (const std::exception&) {
       const Procedure procedure{"notify", "Application", "tevra"};
       ShowStandardError(CaughtFailure(procedure), procedure);

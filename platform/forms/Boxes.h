@@ -1,16 +1,16 @@
-// The boxes of a screen: text, number, date and yes/no, each of which may be bound to a field of a
-// data source.
+// The boxes of a screen: text, number, yes/no and, in DateBox.h, date, each of which may be bound
+// to a field of a data source.
 #pragma once
 
 #include <QCheckBox>
-#include <QDateEdit>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <optional>
 #include <string>
 
 #include "platform/forms/Binding.h"
-#include "platform/text/DateTime.h"
+#include "platform/forms/DateBox.h"
+#include "platform/forms/Form.h"
 
 namespace tevra {
 
@@ -37,7 +37,7 @@ class TextBox : public QLineEdit {
 
 /// A box for a number, which it holds in full beside the text that it shows: what nobody typed over
 /// stays to the last bit. What is typed settles into the format when the box is left.
-class NumberBox : public QLineEdit {
+class NumberBox : public QLineEdit, public SettlesTyping {
   Q_OBJECT
 
  public:
@@ -53,6 +53,7 @@ class NumberBox : public QLineEdit {
   void SetNumber(std::optional<double> number);
   /// Puts a text in as if it had been typed; it settles when the box is left.
   void SetText(const std::string& text);
+  void SettleTyping() override;
 
   void SetDataField(Adodc* source, const std::string& field = {});
 
@@ -60,7 +61,6 @@ class NumberBox : public QLineEdit {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
-  void Settle();
   void Show(std::optional<double> number);
 
   std::string format_;
@@ -68,40 +68,6 @@ class NumberBox : public QLineEdit {
   QString shown_;  // the text of number_; another text in the box was typed
   Binding* binding_;
   std::optional<double> loaded_;
-};
-
-/// A date picker; a date carries 00:00. A Null date stands empty until a day is picked or typed.
-class DateBox : public QDateEdit {
-  Q_OBJECT
-
- public:
-  /// `format`: the calendar's own notation, such as "dd.MM.yyyy" or "d/MM/yyyy".
-  explicit DateBox(const char* name, QWidget* parent = nullptr,
-                   const QString& format = "dd.MM.yyyy");
-
-  std::optional<DateTime> Date() const;
-  void SetDate(std::optional<DateTime> date);
-  /// The box always has a date.
-  void SetRequired();
-
-  void SetDataField(Adodc* source, const std::string& field = {});
-
- protected:
-  void wheelEvent(QWheelEvent* event) override;
-  void focusInEvent(QFocusEvent* event) override;
-  void focusOutEvent(QFocusEvent* event) override;
-  bool focusNextPrevChild(bool next) override;
-  void keyPressEvent(QKeyEvent* event) override;
-
- private:
-  void StartAtToday();
-  std::optional<QDate> TakeTyped(const QKeyEvent& event);
-  void GoToNextPart();
-  void TakeUnfinished();
-
-  QString typed_;  // of a date being typed from its day on: digits, a point for a separator
-  Binding* binding_;
-  std::optional<DateTime> loaded_;
 };
 
 /// A box for yes or no.
@@ -113,8 +79,8 @@ class CheckBox : public QCheckBox {
   void SetDataField(Adodc* source, const std::string& field = {});
 
  signals:
-  /// It was ticked or cleared: by the program, at once; by the user, once the box that he left has
-  /// been heard.
+  /// It was ticked or cleared: by the program, at once; by the user, behind the event that did it.
+  /// The box that he left for it has been left before.
   void Click();
 
  protected:
@@ -124,6 +90,7 @@ class CheckBox : public QCheckBox {
   Binding* binding_;
   bool loaded_ = false;
   bool byUser_ = false;
+  bool stopped_ = false;  // by the box that the user left for this one
 };
 
 /// One choice of several.
@@ -142,6 +109,7 @@ class OptionButton : public QRadioButton {
 
  private:
   bool byUser_ = false;
+  std::optional<bool> letGo_;  // what the box said that the user left for this one
 };
 
 }  // namespace tevra

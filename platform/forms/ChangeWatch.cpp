@@ -9,6 +9,7 @@
 
 #include "platform/forms/Boxes.h"
 #include "platform/forms/DataCombo.h"
+#include "platform/text/Dates.h"
 
 namespace tevra {
 
@@ -51,6 +52,10 @@ ChangeWatch::Content ChangeWatch::ContentOf(const QWidget* box) {
   }
   if (const auto* line = qobject_cast<const QLineEdit*>(box)) return {line->text(), {}};
   if (const auto* combo = qobject_cast<const QComboBox*>(box)) return {TextOf(*combo), {}};
+  if (const auto* typed = dynamic_cast<const DateBox*>(box)) {
+    const std::optional<DateTime> meant = typed->Date();
+    return {meant ? QString::fromStdString(ShortDate(*meant)) : QString(), {}};
+  }
   if (const auto* date = qobject_cast<const QDateEdit*>(box)) {
     return {date->date().toString(Qt::ISODate), {}};
   }

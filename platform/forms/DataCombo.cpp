@@ -2,10 +2,13 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QIdentityProxyModel>
 #include <QLineEdit>
 #include <QWheelEvent>
 #include <utility>
 
+#include "platform/forms/FormsApplication.h"
+#include "platform/forms/InputMark.h"
 #include "platform/text/Strings.h"
 
 namespace tevra {
@@ -15,6 +18,44 @@ namespace {
 constexpr int kRowsOnShow = 15;
 constexpr int kMeasured = 1000;  // entries; measuring more would be felt
 constexpr int kWidest = 640;     // pixels of the list
+constexpr int kNone = -1;        // no entry
+constexpr int kSeveral = -2;     // more than one entry
+constexpr int kFoldedRole = Qt::UserRole + 1;
+
+// A text as it is searched: without case and without the marks of its letters.
+QString Folded(const QString& text) {
+  QString folded = text.toCaseFolded().normalized(QString::NormalizationForm_D);
+  folded.removeIf([](QChar each) { return each.category() == QChar::Mark_NonSpacing; });
+  return folded;
+}
+
+class FoldedTexts : public QIdentityProxyModel {
+ public:
+  using QIdentityProxyModel::QIdentityProxyModel;
+  QVariant data(const QModelIndex& index, int role) const override {
+    if (role != kFoldedRole) return QIdentityProxyModel::data(index, role);
+    return Folded(QIdentityProxyModel::data(index, Qt::DisplayRole).toString());
+  }
+};
+
+// Offers the entries that have the typed text anywhere.
+class FoldingCompleter : public QCompleter {
+ public:
+  FoldingCompleter(QAbstractItemModel* entries, QObject* parent) : QCompleter(parent) {
+    auto* folded = new FoldedTexts(this);
+    folded->setSourceModel(entries);
+    setModel(folded);
+    setCompletionRole(kFoldedRole);
+    setCaseSensitivity(Qt::CaseInsensitive);
+    setFilterMode(Qt::MatchContains);
+    setCompletionMode(QCompleter::PopupCompletion);
+    setMaxVisibleItems(kRowsOnShow);
+  }
+  QStringList splitPath(const QString& path) const override { return {Folded(path)}; }
+  QString pathFromIndex(const QModelIndex& index) const override {
+    return index.data(Qt::DisplayRole).toString();
+  }
+};
 
 }  // namespace
 
@@ -26,15 +67,19 @@ DataCombo::DataCombo(const char* name, QWidget* parent) : QComboBox(parent) {
   setMaxVisibleItems(kRowsOnShow);
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(12);
-  completer()->setCaseSensitivity(Qt::CaseInsensitive);
-  completer()->setCompletionMode(QCompleter::PopupCompletion);
+  setCompleter(new FoldingCompleter(model(), this));
+  mark_ = new InputMark(this, lineEdit());
   setFocusPolicy(Qt::StrongFocus);
   connect(this, &QComboBox::activated, this, [this](int) {
     typed_ = false;
-    emit Picked();
+    mark_->Clear();
+    TellPicked();
   });
-  connect(lineEdit(), &QLineEdit::textEdited, this, [this] { typed_ = true; });
-  connect(lineEdit(), &QLineEdit::editingFinished, this, [this] { TakeTyped(); });
+  connect(lineEdit(), &QLineEdit::textEdited, this, [this] {
+    typed_ = true;
+    mark_->Clear();
+  });
+  connect(lineEdit(), &QLineEdit::editingFinished, this, [this] { SettleTyping(); });
   binding_ = new Binding(this, {[this](const Value& value) {
                                   loaded_ = value.TextOrEmpty();
                                   SetBoundText(loaded_);
@@ -48,40 +93,68 @@ DataCombo::DataCombo(const char* name, QWidget* parent) : QComboBox(parent) {
                                 }});
 }
 
-// The entry that a typed text means: of that text, of that value, or the only one that begins so.
-// Of several alike, the one that was there.
+// The only entry for which this holds; -1 for none and -2 for several.
+template <class Holds>
+int DataCombo::OnlyEntry(const Holds& holds) const {
+  int found = kNone;
+  for (int i = 0; i < count(); ++i) {
+    if (!holds(i)) continue;
+    if (found >= 0) return kSeveral;
+    found = i;
+  }
+  return found;
+}
+
+// The entry that a typed text means: of that text, of that value, the only one that begins so, or
+// the only one that has it inside. Of several with the same text, the one that was there.
 int DataCombo::EntryOf(const QString& typed) const {
+  const QString wanted = Folded(typed);
   const int at = currentIndex();
-  if (at >= 0 && itemText(at).compare(typed, Qt::CaseInsensitive) == 0) return at;
+  if (at >= 0 && Folded(itemText(at)) == wanted) return at;
   const int sameText = findText(typed, Qt::MatchFixedString);
   if (sameText >= 0) return sameText;
   const int sameValue = findData(typed, Qt::UserRole, Qt::MatchFixedString);
   if (sameValue >= 0) return sameValue;
-  const int first = findText(typed, Qt::MatchStartsWith);
-  if (first < 0) return -1;
-  for (int i = first + 1; i < count(); ++i) {
-    if (itemText(i).startsWith(typed, Qt::CaseInsensitive)) return -1;
-  }
-  return first;
+  const int begins = OnlyEntry([&](int i) { return Folded(itemText(i)).startsWith(wanted); });
+  if (begins != kNone) return begins;
+  return OnlyEntry([&](int i) { return Folded(itemText(i)).contains(wanted); });
 }
 
-// A text that means no entry gives way to what stood there; an empty one means none.
-void DataCombo::TakeTyped() {
+// A text that means no entry gives way to what stood there, and the box says so; an empty one means
+// none.
+void DataCombo::SettleTyping() {
   if (!std::exchange(typed_, false)) return;
-  const std::string before =
-      currentIndex() >= 0 ? itemData(currentIndex()).toString().toStdString() : unlisted_;
-  const int entry = currentText().isEmpty() ? -1 : EntryOf(currentText());
+  const std::string before = Stood();
+  const QString typed = currentText();
+  const int entry = typed.isEmpty() ? kNone : EntryOf(typed);
   if (entry >= 0) {
     unlisted_.clear();
     setCurrentIndex(entry);
     setEditText(itemText(entry));
     lineEdit()->setCursorPosition(0);
-  } else if (currentText().isEmpty()) {
+  } else if (typed.isEmpty()) {
     SetText("");
   } else {
     SetBoundText(before, std::string(unlistedText_));
+    mark_->Show(entry == kSeveral
+                    ? QString("\"%1\" se potriveste cu mai multe randuri ale listei").arg(typed)
+                    : QString("\"%1\" nu este in lista").arg(typed));
   }
-  if (BoundText() != before) emit Picked();
+  if (BoundText() != before) TellPicked();
+}
+
+const QString& DataCombo::Refused() const {
+  return mark_->Why();
+}
+
+// What the box stands for while something else is typed into it.
+std::string DataCombo::Stood() const {
+  return currentIndex() >= 0 ? itemData(currentIndex()).toString().toStdString() : unlisted_;
+}
+
+// The list may still be closing.
+void DataCombo::TellPicked() {
+  AfterEvent(this, [this] { emit Picked(); });
 }
 
 void DataCombo::SetRowSource(Adodc* rows) {
@@ -102,9 +175,9 @@ void DataCombo::SetBoundColumn(const std::string& field) {
 }
 
 void DataCombo::Fill() {
-  TakeTyped();
   const QString text = currentText();
-  const std::string stood = BoundText();
+  const std::string stood = typed_ ? Stood() : BoundText();
+  const std::string unlisted = unlistedText_;
   const QSignalBlocker quiet(this);
   clear();
   if (rows_ && rows_->Recordset().IsOpen()) {
@@ -115,6 +188,12 @@ void DataCombo::Fill() {
       addItem(QString::fromStdString(rows.Get(*list).TextOrEmpty()),
               QString::fromStdString(rows.Get(*bound).TextOrEmpty()));
     }
+  }
+  if (typed_) {
+    // The user is not done: other rows take nothing from him.
+    SetBoundText(stood, unlisted);
+    setEditText(text);
+    return;
   }
   SetBoundText(stood, stood.empty() ? std::string() : text.toStdString());
   if (currentIndex() < 0 && stood.empty() && !text.isEmpty()) SetText(text.toStdString());
@@ -128,6 +207,7 @@ std::string DataCombo::BoundText() const {
 }
 
 void DataCombo::SetBoundText(const std::string& text) {
+  mark_->Clear();
   for (int i = 0; i < count() && !text.empty(); ++i) {
     if (!EqualNoCase(itemData(i).toString().toStdString(), text)) continue;
     unlisted_.clear();
@@ -151,6 +231,7 @@ void DataCombo::SetBoundText(const std::string& bound, const std::string& text) 
 
 void DataCombo::SetText(const std::string& text) {
   const QString wanted = QString::fromStdString(text);
+  mark_->Clear();
   unlisted_.clear();
   unlistedText_.clear();
   setCurrentIndex(text.empty() ? -1 : findText(wanted, Qt::MatchFixedString));

@@ -6,13 +6,18 @@
 #include <string>
 
 #include "platform/forms/Binding.h"
+#include "platform/forms/Form.h"
 
 namespace tevra {
 
-/// Typing looks for the entry that begins so, or that stands for what is typed; a text that means
-/// none gives way when the box is left. May itself be bound to a field of another source: a
-/// value that the list does not have shows no text and stays until the user picks or types.
-class DataCombo : public QComboBox {
+class InputMark;
+
+/// Typing looks for the entry that begins so, that has the text inside, or that stands for what is
+/// typed, without case and without the marks of letters. A text that means none, or several, gives
+/// way when the box is left, and the box is marked. May itself be bound to a field of another
+/// source: a value that the list does not have shows no text and stays until the user picks or
+/// types.
+class DataCombo : public QComboBox, public SettlesTyping {
   Q_OBJECT
 
  public:
@@ -38,6 +43,10 @@ class DataCombo : public QComboBox {
   /// The field of another source that takes the bound text; no source cuts it loose.
   void SetDataField(Adodc* source, const std::string& field = {});
 
+  void SettleTyping() override;
+  /// Why the text typed last was not taken; empty when it was.
+  const QString& Refused() const;
+
  signals:
   /// The user picked an entry of the list, or none by emptying the box.
   void Picked();
@@ -49,9 +58,13 @@ class DataCombo : public QComboBox {
 
  private:
   void Fill();
+  std::string Stood() const;
+  template <class Holds>
+  int OnlyEntry(const Holds& holds) const;
   int EntryOf(const QString& typed) const;
-  void TakeTyped();
+  void TellPicked();
 
+  InputMark* mark_;
   QPointer<Adodc> rows_;
   std::string listField_;
   std::string boundColumn_;

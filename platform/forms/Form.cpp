@@ -7,9 +7,16 @@
 #include <QKeyEvent>
 #include <QTabWidget>
 
+#include "platform/forms/FormsApplication.h"
 #include "platform/system/MessageBox.h"
 
 namespace tevra {
+
+namespace {
+
+QPointer<Form> leavingForm;  // of the box that lost the focus last
+int loopsRun = 0;            // by modal screens, since the start
+}  // namespace
 
 Form::Form(const char* name, const QString& caption, QWidget* parent) : QWidget(parent) {
   setObjectName(name);
@@ -47,13 +54,17 @@ bool Form::RunShort(const char* procedure, const Body& body) {
 
 void Form::OnClick(QAbstractButton* button, const char* procedure, Body body) {
   connect(button, &QAbstractButton::clicked, this, [this, procedure, body = std::move(body)] {
-    if (LeaveBox()) Run(procedure, body);
+    AfterEvent(this, [this, procedure, body] {
+      if (LeaveBox()) Run(procedure, body);
+    });
   });
 }
 
 void Form::OnClickShort(QAbstractButton* button, const char* procedure, Body body) {
   connect(button, &QAbstractButton::clicked, this, [this, procedure, body = std::move(body)] {
-    if (LeaveBox()) RunShort(procedure, body);
+    AfterEvent(this, [this, procedure, body] {
+      if (LeaveBox()) RunShort(procedure, body);
+    });
   });
 }
 
@@ -67,15 +78,41 @@ void Form::OnLeave(QWidget* box, const char* procedure, LeaveBody body) {
 }
 
 bool Form::LeaveBox() {
+  if (leaving_) return true;
+  if (!left_) SettleFocused();
   QWidget* box = left_ ? left_.data() : FocusedBox();
   left_.clear();
   const auto handler = leaveHandlers_.find(box);
-  if (!box || handler == leaveHandlers_.end() || leaving_) return true;
+  if (!box || handler == leaveHandlers_.end()) return true;
+  const QPointer<Form> alive(this);
   leaving_ = true;
+  moved_ = false;
   const bool letsGo = handler->second();
+  if (!alive) return false;
   leaving_ = false;
   if (!letsGo) KeepFocusIn(box);
-  return letsGo;
+  return letsGo && !moved_;
+}
+
+bool Form::LeaveBoxFor(const QWidget* control) {
+  QWidget* around = control->parentWidget();
+  while (around && !qobject_cast<Form*>(around)) around = around->parentWidget();
+  auto* form = static_cast<Form*>(around);
+  if (!form) return true;
+  const QWidget* box = form->left_ ? form->left_.data() : form->FocusedBox();
+  return box == control || form->LeaveBox();
+}
+
+bool Form::SettleLeaving() {
+  const int before = loopsRun;
+  return !leavingForm || (leavingForm->LeaveIfSettled() && loopsRun == before);
+}
+
+// Enter and a button's letter take no focus from the box that is being filled.
+void Form::SettleFocused() {
+  for (QWidget* widget = focusWidget(); widget && widget != this; widget = widget->parentWidget()) {
+    if (auto* box = dynamic_cast<SettlesTyping*>(widget)) return box->SettleTyping();
+  }
 }
 
 // A box of several parts has its focus in one of them.
@@ -90,6 +127,7 @@ void Form::GiveFocus(QWidget* box) {
   keeping_ = true;
   box->setFocus(Qt::OtherFocusReason);
   keeping_ = false;
+  moved_ = true;
   left_.clear();
 }
 
@@ -120,15 +158,21 @@ void Form::FollowFocus(QWidget* now) {
 // The handler runs when the focus has settled: a message in the middle of its change would leave
 // two boxes with a cursor. A focus that settles in another screen has left nothing yet.
 void Form::LeaveWhenSettled() {
+  leavingForm = this;
   QMetaObject::invokeMethod(
       this,
       [this, box = left_] {
-        if (!box || left_ != box || !isVisible() || closing_) return;
-        const QWidget* focused = QApplication::focusWidget();
-        const bool elsewhere = focused && !isAncestorOf(focused);
-        if (!elsewhere) LeaveBox();
+        if (box && left_ == box) LeaveIfSettled();
       },
       Qt::QueuedConnection);
+}
+
+bool Form::LeaveIfSettled() {
+  if (!left_ || !isVisible() || closing_) return true;
+  const QWidget* focused = QApplication::focusWidget();
+  const bool elsewhere = focused && !isAncestorOf(focused);
+  const bool givingUp = cancel_ && focused == cancel_;
+  return elsewhere || givingUp || LeaveBox();
 }
 
 bool Form::eventFilter(QObject* watched, QEvent* event) {
@@ -158,19 +202,22 @@ QPushButton* Form::ButtonOfEnter() const {
 
 void Form::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape && cancel_ && cancel_->isEnabled()) {
-    // Giving up asks nothing of the box that is being filled.
-    closing_ = true;
-    left_.clear();
-    const QPointer<Form> alive(this);
-    leaving_ = true;
-    cancel_->click();
-    if (alive) leaving_ = closing_ = false;
-    return;
+    return AfterEvent(this, [this] { GiveUp(); });
   }
   QPushButton* pressed = nullptr;
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) pressed = ButtonOfEnter();
   if (!pressed || !pressed->isEnabled()) return QWidget::keyPressEvent(event);
   pressed->click();
+}
+
+// Giving up asks nothing of the box that is being filled.
+void Form::GiveUp() {
+  closing_ = true;
+  left_.clear();
+  const QPointer<Form> alive(this);
+  leaving_ = true;
+  cancel_->click();
+  if (alive) leaving_ = closing_ = false;
 }
 
 void Form::OrderTabs(std::initializer_list<QWidget*> controls) {
@@ -183,6 +230,11 @@ void Form::OrderTabs(std::initializer_list<QWidget*> controls) {
 
 void Form::closeEvent(QCloseEvent* event) {
   if (unloaded_) return QWidget::closeEvent(event);
+  if (IsInEvent() && !dropping_) {
+    // The question before closing is a message, which the click that closes must not wait for.
+    event->ignore();
+    return AfterEvent(this, [this] { close(); });
+  }
   closing_ = true;
   bool agreed = false;
   Run("Form_QueryUnload", [&](Procedure&) { agreed = QueryUnload(); });
@@ -265,6 +317,7 @@ void Form::ShowModal() {
   show();
   raise();
   activateWindow();
+  ++loopsRun;
   loop.exec(QEventLoop::DialogExec);
   if (alive) modalLoop_ = before;
 }

@@ -25,6 +25,14 @@ class KeepsTyping {
   virtual void CommitTyping() = 0;
 };
 
+/// A box whose text becomes a value when the box is left.
+class SettlesTyping {
+ public:
+  virtual ~SettlesTyping() = default;
+  /// Takes the text as it stands now, as leaving the box does.
+  virtual void SettleTyping() = 0;
+};
+
 /// A screen. Its objectName is the name that messages and tests know it by. Windows.h tells who
 /// shows screens and when they are gone.
 class Form : public QWidget {
@@ -44,8 +52,16 @@ class Form : public QWidget {
 
   /// The user leaves the box that has the focus, or has just lost it, as a button pressed by its
   /// letter or by Enter makes him: its leave handler runs, if it did not yet. False when the box
-  /// keeps the focus.
+  /// keeps the focus, or its handler put the focus elsewhere: what the user wanted is not to happen
+  /// then.
   bool LeaveBox();
+
+  /// The same before a control of the screen acts, which is not left by acting.
+  static bool LeaveBoxFor(const QWidget* control);
+
+  /// Leaves the box that has lost the focus, in whichever screen, and has not been left yet. False
+  /// as LeaveBox has it, and when a message was shown: the user's click went to that.
+  static bool SettleLeaving();
 
   /// True when a box that MarkSaved was told of holds something else by now.
   bool HasChanges() const { return changes_.Differs(); }
@@ -84,8 +100,9 @@ class Form : public QWidget {
   void OnClickShort(QAbstractButton* button, const char* procedure, Body body);
 
   /// Leaving the box runs the procedure. The focus lost to another window or screen, a menu or a
-  /// popup is no leaving, nor is giving up by Escape or closing the screen. When it answers false,
-  /// or fails, the focus goes back.
+  /// popup is no leaving, nor is giving up by Escape, by the cancel button or by closing the
+  /// screen. When it answers false, or fails, the focus goes back. The procedure runs before the
+  /// control that the user went to hears of it.
   void OnLeave(QWidget* box, const char* procedure, LeaveBody body);
 
   /// What the screen does each time it comes to the front.
@@ -120,6 +137,9 @@ class Form : public QWidget {
   QWidget* FocusedBox() const;
   void FollowFocus(QWidget* now);
   void LeaveWhenSettled();
+  bool LeaveIfSettled();
+  void SettleFocused();
+  void GiveUp();
   void KeepFocusIn(QWidget* box);
   void AskThenClose();
 
@@ -128,6 +148,7 @@ class Form : public QWidget {
   std::map<QWidget*, std::function<bool()>> leaveHandlers_;
   QPointer<QWidget> left_;  // lost the focus, and its handler has not run yet
   bool leaving_ = false;    // a handler runs
+  bool moved_ = false;      // .. and put the focus elsewhere
   bool keeping_ = false;    // the focus is being given back
   bool closing_ = false;
   bool unloaded_ = false;

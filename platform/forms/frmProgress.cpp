@@ -4,6 +4,7 @@
 #include <QVBoxLayout>
 
 #include "platform/forms/Buttons.h"
+#include "platform/forms/FormsApplication.h"
 
 namespace tevra {
 namespace {
@@ -48,6 +49,7 @@ bool frmProgress::Tell(int done, int of) {
   Bar->setRange(0, of);
   Bar->setValue(done);
   if (!isVisible()) show();
+  const EventsLetThrough through;
   QApplication::processEvents();
   return !givenUp_;
 }

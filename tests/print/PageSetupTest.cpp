@@ -76,7 +76,7 @@ TEST_F(PageSetup, EachKindOfDocumentHasItsPageAndElseTheGeneralOne) {
       "frmImo.TDBGrid1"));
   EXPECT_EQ(RememberedPageLayout().pageSize().id(), QPageSize::A3);
   EXPECT_EQ(RememberedPageLayout("DataReportCHE").pageSize().id(), QPageSize::A5);
-  Settings().Set(std::string(kPageOfKind) + "DataReportCHE", "stricat");
+  Settings().Set("Pagini/DataReportCHE", "stricat");
   EXPECT_EQ(RememberedPageLayout("DataReportCHE").pageSize().id(), QPageSize::A3);
 }
 

@@ -1,8 +1,9 @@
 // Screens are tested with a real application, drawn to memory.
-#include <QApplication>
 #include <QLocale>
 
 #include <gtest/gtest.h>
+
+#include "platform/forms/FormsApplication.h"
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -11,7 +12,7 @@ int main(int argc, char** argv) {
   qunsetenv("LC_ALL");
   qputenv("LOCPATH", TEVRA_TESTS "/locale");
   qputenv("LC_NUMERIC", "virgula");
-  QApplication application(argc, argv);
+  tevra::FormsApplication application(argc, argv);
   QLocale::setDefault(QLocale(QLocale::Romanian, QLocale::Romania));
   ::testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();

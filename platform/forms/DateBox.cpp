@@ -1,0 +1,384 @@
+#include "platform/forms/DateBox.h"
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "platform/forms/InputMark.h"
+#include "platform/system/Clock.h"
+
+namespace tevra {
+
+namespace {
+
+// The picker's first day, which it shows as a blank: no date.
+const QDate kNoDate(1752, 9, 14);
+
+constexpr QDateTimeEdit::Section kSections[] = {
+    QDateTimeEdit::DaySection, QDateTimeEdit::MonthSection, QDateTimeEdit::YearSection};
+constexpr DatePart kParts[] = {DatePart::kDay, DatePart::kMonth, DatePart::kYear};
+
+QDate ToQt(const DateTime& date) {
+  return {date.Year(), date.Month(), date.Day()};
+}
+
+bool IsSeparator(QChar character) {
+  return QString("./-, ").contains(character);
+}
+
+// The character that a key types into a date; none for any other key.
+QChar TypedBy(const QKeyEvent& event) {
+  constexpr auto kCommands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+  if (event.text().isEmpty() || event.modifiers() & kCommands) return {};
+  const QChar character = event.text().at(0);
+  if (character >= '0' && character <= '9') return character;
+  return IsSeparator(character) ? QChar('.') : QChar();
+}
+
+}  // namespace
+
+DateBox::DateBox(const char* name, QWidget* parent, const QString& format) : QDateEdit(parent) {
+  setObjectName(name);
+  const QLocale romanian(QLocale::Romanian, QLocale::Romania);
+  setLocale(romanian);
+  setCalendarPopup(true);
+  calendarWidget()->setLocale(romanian);
+  calendarWidget()->setFirstDayOfWeek(Qt::Monday);
+  calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  setDisplayFormat(format);
+  setDateRange(kNoDate, QDate(9999, 12, 31));
+  setSpecialValueText(" ");
+  setFocusPolicy(Qt::StrongFocus);
+  // The text of a half-typed date is the box's own: the toolkit would mend it.
+  lineEdit()->setValidator(nullptr);
+  lineEdit()->setAcceptDrops(false);
+  lineEdit()->installEventFilter(this);
+  mark_ = new InputMark(this, lineEdit());
+  connect(this, &QDateEdit::dateChanged, this, [this] { mark_->Clear(); });
+  SetDate(clock::Today());
+  binding_ = new Binding(this, {[this](const Value& value) {
+                                  loaded_.reset();
+                                  if (!value.IsNull()) loaded_ = value.AsDateTime();
+                                  SetDate(loaded_);
+                                },
+                                [this]() -> std::optional<Value> {
+                                  const std::optional<DateTime> date = Date();
+                                  const bool same = loaded_ ? date == loaded_->Midnight() : !date;
+                                  if (same) return std::nullopt;
+                                  return date ? Value(*date) : Value();
+                                }});
+}
+
+// ---- The date -----------------------------------------------------------------------------------
+
+bool DateBox::IsOptional() const {
+  return minimumDate() == kNoDate;
+}
+
+// A day before any that the picker has would leave it without one.
+bool DateBox::IsTaken(const QDate& date) const {
+  return date > kNoDate && date >= minimumDate() && date <= maximumDate();
+}
+
+// Typing in an empty box begins at today and not in another century.
+QDate DateBox::Shown() const {
+  return date() == kNoDate ? ToQt(clock::Today()) : date();
+}
+
+std::optional<DateTime> DateBox::Date() const {
+  QDate meant = date();
+  if (!typing_.IsEmpty()) {
+    const std::optional<QDate> typed = typing_.Over(Shown());
+    if (typed && IsTaken(*typed)) meant = *typed;
+  }
+  if (meant == kNoDate) return std::nullopt;
+  return DateTime(meant.year(), meant.month(), meant.day());
+}
+
+void DateBox::SetDate(std::optional<DateTime> date) {
+  typing_.BeginAt(part_);
+  mark_->Clear();
+  setDate(date ? ToQt(*date) : kNoDate);
+}
+
+void DateBox::SetRequired() {
+  setSpecialValueText({});
+  setMinimumDate(kNoDate.addDays(1));
+}
+
+void DateBox::SetDataField(Adodc* source, const std::string& field) {
+  binding_->Bind(source, field);
+}
+
+const QString& DateBox::Refused() const {
+  return mark_->Why();
+}
+
+// ---- Typing -------------------------------------------------------------------------------------
+
+void DateBox::Type(QChar character) {
+  mark_->Clear();
+  if (typing_.IsEmpty()) {
+    const bool all = lineEdit()->hasSelectedText() && lineEdit()->selectedText() == text();
+    const auto section = std::find(std::begin(kSections), std::end(kSections), currentSection());
+    part_ = all || section == std::end(kSections) ? DatePart::kDay
+                                                  : kParts[section - std::begin(kSections)];
+    typing_.BeginAt(part_);
+  }
+  const DateTyping::Step step = typing_.Take(character);
+  if (step == DateTyping::Step::kFull) {
+    // It begins the next date, or the next year where only years are typed.
+    const DatePart part = typing_.Begin() == DatePart::kYear ? DatePart::kYear : DatePart::kDay;
+    SettleTyping();
+    typing_.BeginAt(part);
+    typing_.Take(character);
+  }
+  if (step == DateTyping::Step::kWhole) {
+    SettleTyping();
+    GoTo(DatePart::kDay);
+  } else if (typing_.IsEmpty()) {
+    GoTo(typing_.Begin());
+  } else {
+    ShowTyping();
+  }
+}
+
+// What was typed stands in its parts, the date on show in the others; the part that comes next is
+// selected.
+void DateBox::ShowTyping() {
+  const QChar separator = displayFormat().at(displayFormat().indexOf('M') - 1);
+  const bool padded = displayFormat().startsWith("dd");
+  const QDate shown = Shown();
+  const QString stands[] = {QString("%1").arg(shown.day(), padded ? 2 : 1, 10, QChar('0')),
+                            QString("%1").arg(shown.month(), 2, 10, QChar('0')),
+                            QString::number(shown.year())};
+  QString whole;
+  int start = 0;
+  int length = 0;
+  for (std::size_t i = 0; i < std::size(kParts); ++i) {
+    if (i > 0) whole += separator;
+    const QString typed = typing_.Of(kParts[i]);
+    if (typing_.At() == kParts[i]) {
+      start = static_cast<int>(whole.size() + typed.size());
+      length = typed.isEmpty() ? static_cast<int>(stands[i].size()) : 0;
+    }
+    whole += typed.isEmpty() ? stands[i] : typed;
+  }
+  const QSignalBlocker quiet(lineEdit());
+  lineEdit()->setText(whole);
+  lineEdit()->setCursorPosition(start);
+  if (length > 0) lineEdit()->setSelection(start, length);
+}
+
+void DateBox::DropTyping() {
+  if (typing_.IsEmpty()) return;
+  const DatePart part = typing_.Begin();
+  typing_.BeginAt(part);
+  setDate(date());
+  GoTo(part);
+}
+
+void DateBox::SettleTyping() {
+  if (typing_.IsEmpty()) return;
+  ShowTyping();
+  const std::optional<QDate> meant = typing_.Over(Shown());
+  const QString typed = lineEdit()->text();
+  typing_.BeginAt(DatePart::kDay);
+  if (meant && IsTaken(*meant)) {
+    mark_->Clear();
+    setDate(*meant);
+  } else {
+    setDate(date());
+    Refuse(typed);
+  }
+}
+
+void DateBox::Refuse(const QString& typed) {
+  const QString stays = date() == kNoDate ? QString("fara data") : text();
+  mark_->Show(QString("\"%1\" nu este o data; a ramas: %2").arg(typed, stays));
+}
+
+// ---- Parts --------------------------------------------------------------------------------------
+
+void DateBox::GoTo(DatePart part) {
+  part_ = part;
+  typing_.BeginAt(part);
+  {
+    // The picker notices a new section by the cursor's move only.
+    const QSignalBlocker quiet(lineEdit());
+    lineEdit()->setCursorPosition(part == DatePart::kDay ? static_cast<int>(text().size()) : 0);
+  }
+  setSelectedSection(kSections[static_cast<std::size_t>(part)]);
+}
+
+void DateBox::Move(int parts) {
+  SettleTyping();
+  const auto section = std::find(std::begin(kSections), std::end(kSections), currentSection());
+  const auto now = static_cast<int>(section - std::begin(kSections)) % 3;
+  GoTo(kParts[std::clamp(now + parts, 0, 2)]);
+}
+
+DatePart DateBox::PartAt(int cursor) const {
+  const QString before = text().left(cursor);
+  const auto separators =
+      std::count_if(before.begin(), before.end(), [](QChar each) { return !each.isDigit(); });
+  return kParts[std::clamp<qsizetype>(separators, 0, 2)];
+}
+
+// A click selects the part under it.
+bool DateBox::eventFilter(QObject* watched, QEvent* event) {
+  const QEvent::Type type = event->type();
+  const bool mouse = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease ||
+                     type == QEvent::MouseButtonDblClick || type == QEvent::MouseMove;
+  if (watched != lineEdit() || !mouse) return QDateEdit::eventFilter(watched, event);
+  const auto& at = static_cast<const QMouseEvent&>(*event);
+  const bool pressed = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+  if (pressed && at.button() == Qt::LeftButton) {
+    // In the text as the user sees it: a settled one may stand elsewhere.
+    const DatePart part = PartAt(lineEdit()->cursorPositionAt(at.position().toPoint()));
+    SettleTyping();
+    GoTo(part);
+  }
+  if (pressed && at.button() == Qt::MiddleButton) {
+    Paste(QApplication::clipboard()->text(QClipboard::Selection));
+  }
+  return true;
+}
+
+// ---- Keys ---------------------------------------------------------------------------------------
+
+void DateBox::keyPressEvent(QKeyEvent* event) {
+  event->accept();
+  const QChar typed = TypedBy(*event);
+  if (!typed.isNull()) return Type(typed);
+  if (Edit(*event)) return;
+  switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_F4:
+      SettleTyping();
+      return QDateEdit::keyPressEvent(event);
+    case Qt::Key_Escape:
+      DropTyping();
+      break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      SettleTyping();
+      break;
+    default:
+      break;
+  }
+  event->ignore();
+}
+
+// The keys that work on the text. A letter types nothing.
+bool DateBox::Edit(const QKeyEvent& event) {
+  if (event.matches(QKeySequence::Paste)) {
+    Paste(QApplication::clipboard()->text());
+  } else if (event.matches(QKeySequence::Copy)) {
+    Copy();
+  } else if (event.matches(QKeySequence::SelectAll)) {
+    SettleTyping();
+    lineEdit()->selectAll();
+  } else if (event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete) {
+    Erase(event.key() == Qt::Key_Backspace);
+  } else if (event.key() == Qt::Key_Left || event.key() == Qt::Key_Right) {
+    Move(event.key() == Qt::Key_Left ? -1 : 1);
+  } else if (event.key() == Qt::Key_Home || event.key() == Qt::Key_End) {
+    SettleTyping();
+    GoTo(event.key() == Qt::Key_Home ? DatePart::kDay : DatePart::kYear);
+  } else {
+    return !event.text().isEmpty() && event.text().at(0).isPrint() &&
+           !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+  }
+  return true;
+}
+
+void DateBox::Erase(bool before) {
+  if (!typing_.IsEmpty()) {
+    if (!before) return DropTyping();
+    const DatePart begin = typing_.Begin();
+    typing_.TakeBack();
+    if (!typing_.IsEmpty()) return ShowTyping();
+    setDate(date());
+    return GoTo(begin);
+  }
+  if (!before && IsOptional()) SetDate(std::nullopt);
+}
+
+void DateBox::Paste(const QString& text) {
+  DropTyping();
+  const std::optional<QDate> date = DateInText(text);
+  if (date && IsTaken(*date)) {
+    mark_->Clear();
+    setDate(*date);
+    GoTo(DatePart::kDay);
+  } else if (!text.trimmed().isEmpty()) {
+    constexpr int kLongest = 40;
+    Refuse(text.simplified().left(kLongest));
+  }
+}
+
+void DateBox::Copy() const {
+  if (date() != kNoDate) QApplication::clipboard()->setText(text());
+}
+
+void DateBox::stepBy(int steps) {
+  SettleTyping();
+  if (date() == kNoDate) {
+    setDate(Shown());
+    GoTo(DatePart::kDay);
+  }
+  QDateEdit::stepBy(steps);
+}
+
+// ---- Focus, mouse -------------------------------------------------------------------------------
+
+void DateBox::focusInEvent(QFocusEvent* event) {
+  QDateEdit::focusInEvent(event);
+  if (event->reason() != Qt::PopupFocusReason && typing_.IsEmpty()) GoTo(DatePart::kDay);
+}
+
+void DateBox::focusOutEvent(QFocusEvent* event) {
+  SettleTyping();
+  QDateEdit::focusOutEvent(event);
+}
+
+// Tab leaves the box; the arrows go from day to month to year.
+bool DateBox::focusNextPrevChild(bool next) {
+  return QWidget::focusNextPrevChild(next);
+}
+
+// The arrow that opens the calendar.
+void DateBox::mousePressEvent(QMouseEvent* event) {
+  SettleTyping();
+  QDateEdit::mousePressEvent(event);
+}
+
+void DateBox::wheelEvent(QWheelEvent* event) {
+  if (hasFocus()) {
+    QDateEdit::wheelEvent(event);
+  } else {
+    event->ignore();
+  }
+}
+
+void DateBox::contextMenuEvent(QContextMenuEvent* event) {
+  SettleTyping();
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addAction("&Copiaza", this, [this] { Copy(); })->setEnabled(date() != kNoDate);
+  menu->addAction("&Lipeste", this, [this] { Paste(QApplication::clipboard()->text()); });
+  if (IsOptional()) menu->addAction("&Goleste", this, [this] { SetDate(std::nullopt); });
+  menu->popup(event->globalPos());
+}
+
+}  // namespace tevra
