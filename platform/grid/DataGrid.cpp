@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "platform/forms/FormsApplication.h"
 #include "platform/grid/GridDelegate.h"
 #include "platform/grid/GridFooter.h"
 #include "platform/grid/GridHeader.h"
@@ -39,7 +40,10 @@ DataGrid::DataGrid(const char* name, QWidget* parent) : QWidget(parent) {
   setObjectName(name);
   model_ = new GridModel(this);
   model_->write = [this](int row, int column, const QString& text) {
-    return WriteCell(row, column, text);
+    if (!IsInEvent()) return WriteCell(row, column, text);
+    // What is asked or told about it is a message, which the editor must not wait for.
+    AfterEvent(this, [this, row, column, text] { WriteCell(row, column, text); });
+    return true;
   };
   area_ = new GroupArea(this);
   area_->SetText("Drag a column header here to group by that column");
@@ -155,10 +159,9 @@ void DataGrid::Reload() {
 
 void DataGrid::SetAllowUpdate(bool allow) {
   model_->allowUpdate = allow;
-  view_->setEditTriggers(allow ? QAbstractItemView::DoubleClicked |
-                                     QAbstractItemView::EditKeyPressed |
-                                     QAbstractItemView::AnyKeyPressed
-                               : QAbstractItemView::NoEditTriggers);
+  view_->setEditTriggers(allow
+                             ? QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
+                             : QAbstractItemView::NoEditTriggers);
 }
 
 // ---- The current row ----------------------------------------------------------------------------
@@ -203,7 +206,9 @@ void DataGrid::FollowView() {
     source_->MoveTo(position);
   } catch (const std::exception&) {
     // Rows went since they were shown, or their file cannot be read.
-    ShowMessage({ShortErrorText(CaughtFailure()), kCritical, {}, {}});
+    AfterEvent(this, [text = ShortErrorText(CaughtFailure())] {
+      ShowMessage({text, kCritical, {}, {}});
+    });
   }
 }
 
@@ -222,7 +227,19 @@ int DataGrid::ColumnOf(const std::string& field) const {
 
 // ---- Editing ------------------------------------------------------------------------------------
 
+// The click that ended the editing may have gone to another row by now.
 bool DataGrid::WriteCell(int row, int column, const QString& text) {
+  if (!source_ || row >= model_->rowCount()) return false;
+  const QPersistentModelIndex went = view_->currentIndex();
+  const bool elsewhere = went.isValid() && went.row() != row;
+  if (elsewhere) GoTo(row, column);
+  const bool written = TryToWrite(row, column, text);
+  if (elsewhere && went.isValid()) GoTo(went.row(), went.column());
+  if (written) emit CellWritten(column);
+  return written;
+}
+
+bool DataGrid::TryToWrite(int row, int column, const QString& text) {
   const GridColumn& shown = Columns()[static_cast<std::size_t>(column)];
   const QString before = model_->index(row, column).data().toString();
   if (beforeColUpdate_ && !beforeColUpdate_(column, before, text)) return false;
@@ -246,7 +263,14 @@ bool DataGrid::WriteCell(int row, int column, const QString& text) {
     return false;
   }
   source_->NotifyRow();
-  emit CellWritten(column);
+  return true;
+}
+
+// F2 and a double click begin it too, as the view has it.
+bool DataGrid::EditCurrent() {
+  const QModelIndex current = view_->currentIndex();
+  if (!view_->hasFocus() || !(model_->flags(current) & Qt::ItemIsEditable)) return false;
+  view_->edit(current);
   return true;
 }
 
@@ -294,7 +318,8 @@ void DataGrid::HoverGroup(const QPoint& globalPosition) {
 
 void DataGrid::DropOnGroup(int column, const QPoint& globalPosition) {
   area_->SetHovered(false);
-  if (IsOverGroupArea(globalPosition)) AddGroupColumn(column);
+  if (!IsOverGroupArea(globalPosition)) return;
+  AfterEvent(this, [this, column] { AddGroupColumn(column); });
 }
 
 void DataGrid::AddGroupColumn(int column) {
@@ -343,9 +368,11 @@ bool DataGrid::eventFilter(QObject* watched, QEvent* event) {
       return true;
     }
     if (key->matches(QKeySequence::Copy)) {
-      tools_->Copy();
+      AfterEvent(this, [this] { tools_->Copy(); });
       return true;
     }
+    const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+    if (enter && EditCurrent()) return true;
   }
   if (event->type() == QEvent::Resize) tools_->PlaceButton();
   if (event->type() == QEvent::ContextMenu) {

@@ -38,7 +38,8 @@ class DataGrid : public QWidget, public KeepsTyping {
   void SetDataSource(Adodc* source);
   Adodc* DataSource() const { return source_; }
 
-  /// Cells are edited in place; a changed cell is written at once. Off unless set.
+  /// Cells are edited in place, from F2, Enter or a double click on; a changed cell is written at
+  /// once. Off unless set.
   void SetAllowUpdate(bool allow);
   /// Writes what is being typed into a cell.
   void CommitTyping() override;
@@ -130,6 +131,8 @@ class DataGrid : public QWidget, public KeepsTyping {
   void GoTo(int row, int column);
   void FollowView();
   bool WriteCell(int row, int column, const QString& text);
+  bool TryToWrite(int row, int column, const QString& text);
+  bool EditCurrent();
   void MarkRows(int row, Qt::KeyboardModifiers modifiers);
   void MarkAll();
   void MarkCurrent();

@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 
@@ -40,6 +41,20 @@ void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
     if (combo->currentIndex() >= 0) model->setData(index, combo->currentText());
   }
   if (auto* box = qobject_cast<QLineEdit*>(editor)) model->setData(index, box->text());
+}
+
+// The toolkit ends the editing a little later: a key typed at once would still go into the cell.
+bool GridDelegate::eventFilter(QObject* editor, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    auto* widget = qobject_cast<QWidget*>(editor);
+    if (widget && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+      emit commitData(widget);
+      emit closeEditor(widget, NoHint);
+      return true;
+    }
+  }
+  return QStyledItemDelegate::eventFilter(editor, event);
 }
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,

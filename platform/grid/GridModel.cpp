@@ -3,17 +3,26 @@
 namespace tevra {
 
 void GridModel::SetColumns(std::vector<GridColumn> columns) {
+  beginResetModel();
   columns_ = std::move(columns);
-  Reload();
+  ReadShape();
+  endResetModel();
 }
 
 void GridModel::SetSource(Adodc* source) {
+  beginResetModel();
   source_ = source;
-  Reload();
+  ReadShape();
+  endResetModel();
 }
 
 void GridModel::Reload() {
   beginResetModel();
+  ReadShape();
+  endResetModel();
+}
+
+void GridModel::ReadShape() {
   fields_.assign(columns_.size(), std::nullopt);
   rows_ = 0;
   if (source_ && source_->Recordset().IsOpen()) {
@@ -22,7 +31,6 @@ void GridModel::Reload() {
     for (std::size_t i = 0; i < columns_.size(); ++i)
       fields_[i] = rows.FindField(columns_[i].field);
   }
-  endResetModel();
 }
 
 void GridModel::Repaint(int row) {
@@ -72,6 +80,7 @@ Qt::Alignment GridModel::AlignmentOf(int column) const {
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
   const GridColumn& column = columns_[static_cast<std::size_t>(index.column())];
   switch (role) {
     case Qt::DisplayRole:
@@ -102,6 +111,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
 }
 
 Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
+  if (!index.isValid()) return Qt::NoItemFlags;
   Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
   const bool writable = allowUpdate && !columns_[static_cast<std::size_t>(index.column())].readOnly;
   if (writable && Field(index.column())) flags |= Qt::ItemIsEditable;

@@ -27,7 +27,7 @@ class GridModel : public QAbstractTableModel {
   void Repaint(int row);
 
   bool allowUpdate = false;
-  /// Takes a typed text; false leaves the cell as it was.
+  /// Takes a typed text and writes it then or a little later; false leaves the cell as it was.
   std::function<bool(int row, int column, const QString& text)> write;
   /// The field of a column; nothing when the rows do not have it.
   const FieldInfo* Field(int column) const;
@@ -46,6 +46,8 @@ class GridModel : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
+  void ReadShape();
+
   std::vector<GridColumn> columns_;
   std::vector<std::optional<std::size_t>> fields_;
   Adodc* source_ = nullptr;

@@ -9,6 +9,7 @@
 #include <QToolButton>
 
 #include "platform/export/TableExport.h"
+#include "platform/forms/FormsApplication.h"
 #include "platform/forms/Hourglass.h"
 #include "platform/forms/frmProgress.h"
 #include "platform/grid/ColumnArrangement.h"
@@ -82,7 +83,9 @@ void GridTools::ShowHeaderMenu(int column, const QPoint& globalPosition) {
   if (grid_.HasGroupArea()) {
     const std::string field = grid_.Columns()[static_cast<std::size_t>(column)].field;
     const auto add = [&](const char* text, const std::string& by, bool descending) {
-      return menu.addAction(text, &grid_, [=, this] { emit grid_.SortWanted(by, descending); });
+      return menu.addAction(text, &grid_, [=, this] {
+        AfterEvent(&grid_, [=, this] { emit grid_.SortWanted(by, descending); });
+      });
     };
     add("Sorteaza crescator", field, false);
     add("Sorteaza descrescator", field, true);
@@ -110,13 +113,18 @@ void GridTools::ShowMenu(const QPoint& globalPosition) {
   menu.popup(globalPosition);
 }
 
+// A command shows windows of its own. The menu is gone by then.
 void GridTools::FillMenu(QMenu& menu) {
-  menu.addAction("&Copiaza", this, &GridTools::Copy)->setShortcut(QKeySequence::Copy);
-  menu.addAction("&Foaie de calcul...", this, &GridTools::ExportSpreadsheet);
-  menu.addAction("Fisier CS&V...", this, &GridTools::ExportCsv);
-  menu.addAction("&Tipareste...", this, &GridTools::Print);
+  const auto add = [&](const char* text, void (GridTools::*command)()) {
+    return menu.addAction(text, this,
+                          [this, command] { AfterEvent(this, [=, this] { (this->*command)(); }); });
+  };
+  add("&Copiaza", &GridTools::Copy)->setShortcut(QKeySequence::Copy);
+  add("&Foaie de calcul...", &GridTools::ExportSpreadsheet);
+  add("Fisier CS&V...", &GridTools::ExportCsv);
+  add("&Tipareste...", &GridTools::Print);
   menu.addSeparator();
-  menu.addAction("C&oloane...", this, &GridTools::ChooseColumns);
+  add("C&oloane...", &GridTools::ChooseColumns);
   menu.addAction("Coloanele &initiale", &grid_, &DataGrid::ResetColumns);
 }
 
