@@ -12,6 +12,7 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/forms/FormsApplication.h"
 #include "platform/forms/Hourglass.h"
 #include "platform/forms/Windows.h"
 #include "platform/system/Desktop.h"
@@ -114,7 +115,9 @@ void frmMain::BuildMenuItem(QMenu* menu, const MenuItem& item) {
   action->setObjectName(item.name);
   action->setEnabled(item.action == MenuAction::kFrame);
   items_[item.name] = action;
-  if (!separates) connect(action, &QAction::triggered, this, [this, &item] { Choose(item); });
+  if (separates) return;
+  connect(action, &QAction::triggered, this,
+          [this, &item] { AfterEvent(this, [this, &item] { Choose(item); }); });
 }
 
 void frmMain::SetOpener(const std::string& item, std::function<void()> opener) {
@@ -173,7 +176,7 @@ void frmMain::mnuHelpContents_Click() {
 }
 
 void frmMain::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_F1) return mnuHelpContents_Click();
+  if (event->key() == Qt::Key_F1) return AfterEvent(this, [this] { mnuHelpContents_Click(); });
   QMainWindow::keyPressEvent(event);
 }
 
