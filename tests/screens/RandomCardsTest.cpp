@@ -1,6 +1,7 @@
 // Asset cards filled by a user who types and clicks at random and never waits, against the rules
 // applied to the same steps one by one.
 #include <QtTest>
+#include <map>
 #include <random>
 #include <set>
 
@@ -256,6 +257,8 @@ class RuledCard {
     Block(static_cast<Method>(letter), left.years, Read, derived) ? Apply(derived, true)
                                                                   : FallBack();
     optionsEnabled = false;
+    // An option that is disabled hands the focus on to the next box.
+    if (focus >= kOptions) focus = kNormalYears;
   }
   void Unblock() {
     if (blocked) return;
@@ -463,8 +466,11 @@ class RandomCards : public ::testing::Test {
       const Number& expected = rules_.numbers[i];
       ASSERT_EQ(box.IsEmpty(), expected.IsEmpty()) << "txtNumar " << i << done_;
       ASSERT_EQ(box.IsNumeric(), expected.number.has_value()) << "txtNumar " << i << done_;
-      if (expected.number) ASSERT_EQ(box.Number(), expected.number) << "txtNumar " << i << done_;
-      if (!expected.number) ASSERT_EQ(box.Text(), expected.text) << "txtNumar " << i << done_;
+      if (expected.number) {
+        ASSERT_EQ(box.Number(), expected.number) << "txtNumar " << i << done_;
+      } else {
+        ASSERT_EQ(box.Text(), expected.text) << "txtNumar " << i << done_;
+      }
     }
     for (std::size_t i = 0; i < date::kCount; ++i) {
       ASSERT_EQ(card_->DTPicker1[i]->Date(), rules_.dates[i]) << "DTPicker1 " << i << done_;
@@ -496,10 +502,18 @@ class RandomCards : public ::testing::Test {
     try {
       return rules_.existing
                  ? ChangedAssetRow(Boxes(texts), kCoefficients, kToday).fields
-                 : NewAssetRow(Boxes(texts), kCoefficients, kToday, CurrentSession().user).fields;
+                 : NewAssetRow(Boxes(texts), kCoefficients, kToday, CurrentSession().userName)
+                       .fields;
     } catch (const Failure&) {
       return std::nullopt;
     }
+  }
+  // A field of whole numbers rounds.
+  static Value AsKept(const Value& value, const FieldInfo& field) {
+    const FieldType type = field.def.type;
+    const bool whole =
+        type == FieldType::Integer || type == FieldType::Long || type == FieldType::Byte;
+    return whole && !value.IsNull() ? Value(Round0(value.AsDouble())) : value;
   }
   // By Enter in the box with the focus, or by a click on the button.
   void Save() {
@@ -532,8 +546,12 @@ class RandomCards : public ::testing::Test {
     const Recordset stored = OpenRecordset(
         rules_.existing ? "SELECT * FROM I_IMO WHERE NRCRT = " + std::to_string(nrCrt_)
                         : "SELECT TOP 1 * FROM I_IMO ORDER BY NRCRT DESC");
-    for (const auto& [field, value] : *row) {
-      EXPECT_EQ(stored.Get(field).TextOrEmpty(), value.TextOrEmpty()) << field << done_;
+    // A field that is written twice has the later value.
+    std::map<std::string, Value> fields;
+    for (const auto& [field, value] : *row) fields[field] = value;
+    for (const auto& [field, value] : fields) {
+      const Value kept = AsKept(value, stored.Field(stored.FindField(field).value()));
+      EXPECT_EQ(stored.Get(field).TextOrEmpty(), kept.TextOrEmpty()) << field << done_;
     }
     ++saved_;
   }
@@ -551,7 +569,7 @@ class RandomCards : public ::testing::Test {
 
 // TEVRA_CARDS: how many cards, beyond the few of an ordinary run.
 TEST_F(RandomCards, ComeOutAsTheRulesHaveItHoweverFastTheUserIs) {
-  const int cards = std::max(40, qEnvironmentVariableIntValue("TEVRA_CARDS"));
+  const int cards = std::max(24, qEnvironmentVariableIntValue("TEVRA_CARDS"));
   for (int i = 0; i < cards; ++i) {
     random_.seed(static_cast<unsigned>(i));
     steps_ = i;
