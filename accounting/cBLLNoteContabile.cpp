@@ -86,9 +86,7 @@ class cBLLNoteContabile::Writer {
     values_.resize(columns_.size());
   }
 
-  bool IsFor(const Connection& connection) const {
-    return connection_.Handle() == connection.Handle();
-  }
+  bool IsFor(const Connection& connection) const { return connection_ == connection; }
 
   void Write(const cBLLNoteContabile& note) {
     for (std::size_t i = 0; i < columns_.size(); ++i) {

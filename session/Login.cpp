@@ -32,8 +32,8 @@ std::string WithOneSeparator(const std::string& directory) {
   return directory.substr(0, last == std::string::npos ? 0 : last + 1) + "\\";
 }
 
-bool HasRows(const std::string& sql, const Values& params) {
-  return !OpenRecordset(sql, params).Eof();
+bool HasRows(Connection& company, const std::string& sql, const Values& params) {
+  return !company.OpenRecordset(sql, params).Eof();
 }
 
 // True when the default registry was written.
@@ -157,15 +157,31 @@ LoadedCompanies LoadSocietati(const std::string& directory) {
 }
 
 bool ExistaUtilizator(const std::string& user) {
-  return HasRows("SELECT NUME from UTILIZATORI where NUME = ?", {user});
+  Connection company(CurrentSession().connectionString);
+  return ExistaUtilizator(company, user);
+}
+
+bool ExistaUtilizator(Connection& company, const std::string& user) {
+  return HasRows(company, "SELECT NUME from UTILIZATORI where NUME = ?", {user});
 }
 
 bool ParolaValida(const std::string& user, const std::string& password) {
-  return HasRows("SELECT NUME from UTILIZATORI where NUME = ? and PAROLA = ?", {user, password});
+  Connection company(CurrentSession().connectionString);
+  return ParolaValida(company, user, password);
+}
+
+bool ParolaValida(Connection& company, const std::string& user, const std::string& password) {
+  return HasRows(company, "SELECT NUME from UTILIZATORI where NUME = ? and PAROLA = ?",
+                 {user, password});
 }
 
 bool StructuraDiferita() {
-  const Recordset info = OpenRecordset("Select VERSIUNE from kv_info");
+  Connection company(CurrentSession().connectionString);
+  return StructuraDiferita(company);
+}
+
+bool StructuraDiferita(Connection& company) {
+  const Recordset info = company.OpenRecordset("Select VERSIUNE from kv_info");
   if (info.Eof() || info.Get(0).IsNull()) return true;
   return info.Get(0).AsLong() != kRevision;
 }

@@ -36,13 +36,18 @@ struct LoadedCompanies {
 /// company 01 where its database is missing.
 LoadedCompanies LoadSocietati(const std::string& directory);
 
-/// True when the session's company has a user of that name, without case. Throws Failure.
+// What a login asks, of the session's company or of one that is open already.
+
+/// True when the company has a user of that name, without case. Throws Failure.
 bool ExistaUtilizator(const std::string& user);
+bool ExistaUtilizator(Connection& company, const std::string& user);
 /// True when name and password, both as typed, belong to a user; without case. Throws Failure.
 bool ParolaValida(const std::string& user, const std::string& password);
+bool ParolaValida(Connection& company, const std::string& user, const std::string& password);
 
-/// True when the structure of the session's company is another than this build's. Throws Failure.
+/// True when the structure of the company is another than this build's. Throws Failure.
 bool StructuraDiferita();
+bool StructuraDiferita(Connection& company);
 
 /// Writes this build's structure version into a database of the directory of the databases. Throws
 /// Failure.

@@ -163,18 +163,38 @@ bool ExistaInTabela(const std::string& value, const std::string& key) {
 }
 
 int TipUtilizator(const std::string& user) {
+  Connection company(CurrentSession().connectionString);
+  return TipUtilizator(company, user);
+}
+
+int TipUtilizator(Connection& company, const std::string& user) {
   const Value type =
-      FirstField(OpenRecordset("SELECT TIP from UTILIZATORI where NUME = ?", {user}));
+      FirstField(company.OpenRecordset("SELECT TIP from UTILIZATORI where NUME = ?", {user}));
   constexpr int kReportsOnly = 2;
   return type.IsNull() ? kReportsOnly : type.AsLong();
 }
 
-void LoadParametri() {
+namespace {
+
+void ClearParametri() {
   Session& session = CurrentSession();
   session.dataIn = session.dataSn = clock::Today();
   session.contFurnizori = session.contClienti = session.codDeviza = session.contObiecteInventar =
       "";
-  Recordset par = OpenRecordset("SELECT * FROM Kv_PAR");
+}
+
+}  // namespace
+
+void LoadParametri() {
+  ClearParametri();
+  Connection company(CurrentSession().connectionString);
+  LoadParametri(company);
+}
+
+void LoadParametri(Connection& company) {
+  ClearParametri();
+  Session& session = CurrentSession();
+  Recordset par = company.OpenRecordset("SELECT * FROM Kv_PAR");
   if (par.Eof()) return;
   session.contFurnizori = par.Get("CONTFURNIZORI").TextOrEmpty();
   session.contClienti = par.Get("CONTCLIENTI").TextOrEmpty();

@@ -67,9 +67,11 @@ bool ExistaInTabela(const std::string& value, const std::string& key);
 /// The type of a user; 2, the least rights, for one without a type and a name that is not there.
 /// Throws Failure when it cannot be read: 0 would open every right.
 int TipUtilizator(const std::string& user);
+int TipUtilizator(Connection& company, const std::string& user);
 
 /// Reads kv_par into the session; dates that are Null become today. Throws Failure.
 void LoadParametri();
+void LoadParametri(Connection& company);
 
 double Max(double a, double b);
 

@@ -23,14 +23,14 @@ void RunOnCompany(const CommandLine& line, const Streams& streams) {
   for (const std::string* day : {&line.date, &line.from, &line.to}) {
     if (!day->empty()) ParseDate(*day);
   }
-  Login({line.directory, line.company, line.user, line.passwordFile}, streams);
+  Connection company = Login({line.directory, line.company, line.user, line.passwordFile}, streams);
   switch (line.command) {
     case Command::Load:
       return LoadFile(line.file, line.table, streams);
     case Command::Calculate:
       return Calculate(date, line.post, streams.out);
     case Command::Asset:
-      return CalculateOneAsset(line.code, date, line.csv, streams.out);
+      return CalculateOneAsset(company, line.code, date, line.csv, streams.out);
     case Command::Plan:
       return WritePlan(line.nrcrt, line.csv, streams.out);
     case Command::Report:

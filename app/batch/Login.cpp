@@ -57,22 +57,22 @@ std::string Password(const LoginRequest& request, const Streams& streams) {
   return FirstLine(file);
 }
 
-void RequireUser(const std::string& user, const std::string& password) {
-  if (!ExistaUtilizator(user)) throw Refusal("Utilizatorul " + user + " nu exista !");
-  if (!ParolaValida(user, password)) throw Refusal("Parola nu este corecta !");
+void RequireUser(Connection& company, const std::string& user, const std::string& password) {
+  if (!ExistaUtilizator(company, user)) throw Refusal("Utilizatorul " + user + " nu exista !");
+  if (!ParolaValida(company, user, password)) throw Refusal("Parola nu este corecta !");
 }
 
 // The structure is brought up to date by the window, which can ask; a script's data stay as they
 // are.
-void RequireVersion(const std::string& database) {
-  if (StructuraDiferita()) {
+void RequireVersion(Connection& company, const std::string& database) {
+  if (StructuraDiferita(company)) {
     throw Refusal("Structura bazei de date " + database + " trebuie actualizata !");
   }
 }
 
 }  // namespace
 
-void Login(const LoginRequest& request, const Streams& streams) {
+Connection Login(const LoginRequest& request, const Streams& streams) {
   const std::filesystem::path directory = CompanyDirectory(request.directory);
   const Company company = FindCompany(directory, request.company);
   const std::string password = Password(request, streams);
@@ -80,14 +80,16 @@ void Login(const LoginRequest& request, const Streams& streams) {
   Session& session = CurrentSession();
   session.selectedDatabase = company.numeBd;
   session.connectionString = CompanyConnectionString(directory.string(), company.numeBd);
-  RequireUser(request.user, password);
-  RequireVersion(company.numeBd);
+  Connection opened(session.connectionString);
+  RequireUser(opened, request.user, password);
+  RequireVersion(opened, company.numeBd);
 
   session.databasesPath = directory.string() + '\\';
   session.companyName = company.denumire;
   session.userName = request.user;
-  session.userType = TipUtilizator(request.user);
-  LoadParametri();
+  session.userType = TipUtilizator(opened, request.user);
+  LoadParametri(opened);
+  return opened;
 }
 
 }  // namespace tevra::batch

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/batch/Streams.h"
+#include "platform/data/Connection.h"
 
 namespace tevra::batch {
 
@@ -16,8 +17,9 @@ struct LoginRequest {
 };
 
 /// Finds the company, checks user, password and the structure's version, and fills
-/// CurrentSession(). The password is the first line of its file; without one it is asked for.
+/// CurrentSession(). Returns the open company: while it lives, others of this process open it
+/// faster. The password is the first line of its file; without one it is asked for.
 /// Throws Refusal in the login's words, Failure when the company cannot be opened.
-void Login(const LoginRequest& request, const Streams& streams);
+[[nodiscard]] Connection Login(const LoginRequest& request, const Streams& streams);
 
 }  // namespace tevra::batch

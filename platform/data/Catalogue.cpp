@@ -96,7 +96,7 @@ const FieldDef* TableDef::Find(const std::string& field) const {
 }
 
 std::vector<TableDef> Catalogue::Tables() const {
-  detail::Database& database = *connection_.Handle();
+  detail::Database& database = *detail::DatabaseOf(connection_);
   std::vector<TableDef> tables;
   Statement select(
       database, "SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name COLLATE NOCASE");
@@ -107,7 +107,7 @@ std::vector<TableDef> Catalogue::Tables() const {
 std::vector<QueryDef> Catalogue::Queries() const {
   std::vector<QueryDef> queries;
   Statement select(
-      *connection_.Handle(),
+      *detail::DatabaseOf(connection_),
       "SELECT name, sql FROM sqlite_master WHERE type = 'view' ORDER BY name COLLATE NOCASE");
   while (select.Step()) {
     const std::string sql = select.Column(1).AsText();
@@ -119,14 +119,14 @@ std::vector<QueryDef> Catalogue::Queries() const {
 }
 
 bool Catalogue::HasTable(const std::string& name) const {
-  Statement select(*connection_.Handle(),
+  Statement select(*detail::DatabaseOf(connection_),
                    "SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = ? COLLATE NOCASE");
   select.Bind({name});
   return select.Step();
 }
 
 TableDef Catalogue::Table(const std::string& name) const {
-  detail::Database& database = *connection_.Handle();
+  detail::Database& database = *detail::DatabaseOf(connection_);
   Statement select(
       database, "SELECT name FROM sqlite_master WHERE type = 'table' AND name = ? COLLATE NOCASE");
   select.Bind({name});
@@ -136,7 +136,7 @@ TableDef Catalogue::Table(const std::string& name) const {
 
 void Catalogue::CreateTable(const TableDef& table) {
   Transaction transaction(connection_);
-  Statement(*connection_.Handle(), CreateTableSql(table)).Step();
+  Statement(*detail::DatabaseOf(connection_), CreateTableSql(table)).Step();
   for (const auto& index : table.indexes) {
     if (!index.primary) CreateIndex(table.name, index);
   }
@@ -144,19 +144,21 @@ void Catalogue::CreateTable(const TableDef& table) {
 }
 
 void Catalogue::CreateQuery(const QueryDef& query) {
-  Statement(*connection_.Handle(), "CREATE VIEW " + Quoted(query.name) + " AS " + query.sql).Step();
+  Statement(*detail::DatabaseOf(connection_),
+            "CREATE VIEW " + Quoted(query.name) + " AS " + query.sql)
+      .Step();
 }
 
 void Catalogue::CreateIndex(const std::string& table, const IndexDef& index) {
   if (index.primary) return CreatePrimaryKey(table, index.fields);
   const TableDef indexed = Table(table);
   for (const auto& field : index.fields) FieldOf(indexed, field);
-  Statement(*connection_.Handle(), detail::CreateIndexSql(indexed.name, index)).Step();
+  Statement(*detail::DatabaseOf(connection_), detail::CreateIndexSql(indexed.name, index)).Step();
 }
 
 void Catalogue::DropIndex(const std::string& table, const std::string& index) {
   if (EqualNoCase(index, kPrimaryKey)) return DropPrimaryKey(table);
-  Statement(*connection_.Handle(),
+  Statement(*detail::DatabaseOf(connection_),
             "DROP INDEX " + Quoted(detail::StoredIndexName(Table(table).name, index)))
       .Step();
 }
@@ -183,14 +185,14 @@ void Catalogue::DropPrimaryKey(const std::string& table) {
 }
 
 void Catalogue::AddField(const std::string& table, const FieldDef& field) {
-  Statement(*connection_.Handle(),
+  Statement(*detail::DatabaseOf(connection_),
             "ALTER TABLE " + Quoted(Table(table).name) + " ADD COLUMN " + detail::ColumnSql(field))
       .Step();
 }
 
 void Catalogue::DropField(const std::string& table, const std::string& field) {
   const TableDef old = Table(table);
-  Statement(*connection_.Handle(),
+  Statement(*detail::DatabaseOf(connection_),
             "ALTER TABLE " + Quoted(old.name) + " DROP COLUMN " + Quoted(FieldOf(old, field).name))
       .Step();
 }
@@ -198,8 +200,9 @@ void Catalogue::DropField(const std::string& table, const std::string& field) {
 void Catalogue::RenameField(const std::string& table, const std::string& from,
                             const std::string& to) {
   const TableDef old = Table(table);
-  Statement(*connection_.Handle(), "ALTER TABLE " + Quoted(old.name) + " RENAME COLUMN " +
-                                       Quoted(FieldOf(old, from).name) + " TO " + Quoted(to))
+  Statement(*detail::DatabaseOf(connection_),
+            "ALTER TABLE " + Quoted(old.name) + " RENAME COLUMN " +
+                Quoted(FieldOf(old, from).name) + " TO " + Quoted(to))
       .Step();
 }
 

@@ -162,7 +162,7 @@ std::string CreateIndexSql(const std::string& table, const IndexDef& index) {
 }
 
 void RebuildTable(Connection& connection, const TableDef& old, const TableDef& changed) {
-  Database& database = *connection.Handle();
+  Database& database = *detail::DatabaseOf(connection);
   const LegacyAlter legacy(database);
   Transaction transaction(connection);
   TableDef temporary = changed;

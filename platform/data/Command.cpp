@@ -6,7 +6,7 @@ namespace tevra {
 
 struct Command::Impl {
   Impl(const Connection& connection, const std::string& sql)
-      : database(connection.Handle()), statement(*database, sql, {}, rewritten) {}
+      : database(detail::DatabaseOf(connection)), statement(*database, sql, {}, rewritten) {}
 
   std::shared_ptr<detail::Database> database;
   dialect::Rewritten rewritten;

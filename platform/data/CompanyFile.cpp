@@ -126,7 +126,7 @@ SoleUse::SoleUse(const fs::path& file) {
   if (paths::IsReadOnly(file)) throw refused;
   detail::EngineHandle db = detail::OpenToWrite(file, SQLITE_OPEN_READWRITE, 0);
   if (!TakeAlone(db, file)) throw refused;
-  db_ = std::move(db);
+  handle_ = std::shared_ptr<sqlite3>(std::move(db));
 }
 
 void CopyCompanyFile(const fs::path& source, const fs::path& target,

@@ -5,8 +5,6 @@
 #include <functional>
 #include <memory>
 
-struct sqlite3;
-
 namespace tevra {
 
 /// Stands in the file's header and marks it as ours ("TEVR").
@@ -27,7 +25,7 @@ class SoleUse {
   explicit SoleUse(const std::filesystem::path& file);
 
  private:
-  std::shared_ptr<sqlite3> db_;
+  std::shared_ptr<void> handle_;
 };
 
 /// Removes a file with whatever side files the engine left beside it; nothing happens to what is

@@ -119,9 +119,9 @@ const std::string& Connection::Path() const {
   return Opened(db_).path;
 }
 
-const std::shared_ptr<detail::Database>& Connection::Handle() const {
-  Opened(db_);
-  return db_;
+const std::shared_ptr<detail::Database>& detail::DatabaseOf(const Connection& connection) {
+  Opened(connection.db_);
+  return connection.db_;
 }
 
 std::int64_t Connection::Execute(const std::string& sql, const Values& params) {

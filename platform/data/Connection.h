@@ -7,15 +7,14 @@
 
 #include "platform/data/Value.h"
 
-struct sqlite3;
-struct sqlite3_stmt;
-
 namespace tevra {
 
+class Connection;
 class Recordset;
 namespace detail {
 struct Database;  // the open file, shared by the connection and the recordsets that it left open
-}
+const std::shared_ptr<Database>& DatabaseOf(const Connection& connection);
+}  // namespace detail
 
 /// The parts of a connection string that matter: "Data Source", "Mode", the database password.
 struct ConnectionString {
@@ -42,7 +41,7 @@ class Connection {
   /// A file that is write-protected opens for reading.
   void Open(const std::string& connectionString);
   void Close();
-  bool IsOpen() const { return db_ != nullptr; }
+  [[nodiscard]] bool IsOpen() const { return db_ != nullptr; }
 
   /// The path of the open file, as the machine writes it.
   const std::string& Path() const;
@@ -71,10 +70,12 @@ class Connection {
   void RollbackTrans();
   int TransactionDepth() const;
 
-  /// For the data layer's own files. Throws Failure 424 when the connection is not open.
-  const std::shared_ptr<detail::Database>& Handle() const;
+  /// Equal when they share the open file.
+  friend bool operator==(const Connection& a, const Connection& b) { return a.db_ == b.db_; }
 
  private:
+  friend const std::shared_ptr<detail::Database>& detail::DatabaseOf(const Connection& connection);
+
   std::shared_ptr<detail::Database> db_;
 };
 

@@ -14,7 +14,16 @@
 #include "platform/data/Value.h"
 #include "platform/dialect/Rewriter.h"
 
+namespace tevra {
+class Connection;
+}
+
 namespace tevra::detail {
+
+struct Database;
+
+/// The open file of a connection. Throws Failure 424 when it is not open.
+const std::shared_ptr<Database>& DatabaseOf(const Connection& connection);
 
 struct Database {
   sqlite3* db = nullptr;

@@ -43,7 +43,7 @@ bool Equal(const std::string& a, const std::string& b) {
 }  // namespace
 
 void SetFilePassword(Connection& connection, const std::string& password) {
-  detail::Database& database = *connection.Handle();
+  detail::Database& database = *detail::DatabaseOf(connection);
   Transaction transaction(connection);
   const std::string table = detail::Quoted(kPasswordTable);
   database.Run("CREATE TABLE IF NOT EXISTS " + table +

@@ -49,7 +49,7 @@ struct ForwardCursor::Impl {
 
   Impl(Connection& connection, const std::string& statement, const std::vector<std::string>& read,
        const std::vector<std::string>& write)
-      : database(connection.Handle()),
+      : database(detail::DatabaseOf(connection)),
         select(*database, InRowOrder(statement), Selection(read), rewritten),
         rowIdColumn(sqlite3_column_count(select.Get()) - 1),
         rowIdParameter(static_cast<int>(write.size()) + 1),

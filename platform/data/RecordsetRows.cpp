@@ -31,7 +31,7 @@ bool AllAreTables(Database& database, const std::vector<dialect::Source>& source
 bool IsRowId(Connection& target, const FieldInfo& field) {
   if (field.def.type != FieldType::Long) return false;
   Statement select(
-      *target.Handle(),
+      *detail::DatabaseOf(target),
       "SELECT count(*) = 1 AND max(name) = ?2 COLLATE NOCASE AND max(type) = 'INTEGER' "
       "FROM pragma_table_info(?1) WHERE pk > 0");
   select.Bind({field.baseTable, field.baseColumn});
@@ -92,7 +92,7 @@ std::vector<FieldInfo> ReadFields(sqlite3_stmt* stmt, std::size_t hidden) {
 
 void RowStore::Load() {
   if (!connection.IsOpen()) throw Failure(kObjectRequired, "Object required: no connection");
-  Database& database = *connection.Handle();
+  Database& database = *detail::DatabaseOf(connection);
   auto tables = OfStatement(sql, [&] { return dialect::Rewrite(sql).sources; });
   if (!AllAreTables(database, tables)) tables.clear();
   dialect::Options options;
@@ -105,7 +105,7 @@ void RowStore::Load() {
   auto columns = ReadFields(select.Get(), tables.size());
   std::unique_ptr<Keyset> keyset;
   if (byPages) {
-    keyset = Keyset::Open(connection.Handle(), rewritten.sql, params, columns, tables);
+    keyset = Keyset::Open(detail::DatabaseOf(connection), rewritten.sql, params, columns, tables);
   }
   std::vector<Row> read(keyset ? keyset->RowCount() : 0);
   if (!keyset) {
@@ -185,8 +185,9 @@ void RowStore::Reread(Connection& target, Values& values, std::size_t source) {
   for (const std::size_t f : wanted)
     list += (list.empty() ? "" : ", ") + Quoted(fields[f].baseColumn);
   if (wanted.empty()) return;
-  Statement select(*target.Handle(), "SELECT " + list + " FROM " + Quoted(sources_[source].table) +
-                                         " WHERE rowid = ?");
+  Statement select(
+      *detail::DatabaseOf(target),
+      "SELECT " + list + " FROM " + Quoted(sources_[source].table) + " WHERE rowid = ?");
   select.Bind({values[fields.size() + source]});
   if (!select.Step()) ThrowRowChanged(sources_[source].table);
   for (std::size_t i = 0; i < wanted.size(); ++i) {
@@ -211,7 +212,7 @@ Values RowStore::InsertInto(Connection& target, const Edits& edits) {
     marks += bound.empty() ? "?" : ", ?";
     bound.push_back(value);
   }
-  Database& database = *target.Handle();
+  Database& database = *detail::DatabaseOf(target);
   const std::string table = Quoted(sources_[source].table);
   Transaction transaction(target);
   Statement insert(
@@ -237,7 +238,8 @@ std::vector<std::size_t> RowStore::FieldsOf(std::size_t source) const {
 // The fields of the table's key; none where the list lacks one of them. They tell whether a row is
 // the one that the user saw: a row id is given anew once its row is gone.
 std::vector<std::size_t> RowStore::KeyOf(Connection& target, std::size_t source) const {
-  Statement select(*target.Handle(), "SELECT name FROM pragma_table_info(?) WHERE pk > 0");
+  Statement select(*detail::DatabaseOf(target),
+                   "SELECT name FROM pragma_table_info(?) WHERE pk > 0");
   select.Bind({sources_[source].table});
   const std::vector<std::size_t> candidates = FieldsOf(source);
   std::vector<std::size_t> key;
@@ -280,10 +282,10 @@ Values RowStore::UpdateIn(Connection& target, const Values& before, const Edits&
       unchanged.Add(fields[field].baseColumn, before[field]);
     }
     bound.insert(bound.end(), unchanged.values.begin(), unchanged.values.end());
-    Statement update(*target.Handle(), words + unchanged.words);
+    Statement update(*detail::DatabaseOf(target), words + unchanged.words);
     update.Bind(bound);
     update.Step();
-    if (sqlite3_changes(target.Handle()->db) != 1) ThrowRowChanged(table);
+    if (sqlite3_changes(detail::DatabaseOf(target)->db) != 1) ThrowRowChanged(table);
   }
   transaction.Commit();
   for (const auto& [field, value] : edits) {
@@ -309,10 +311,11 @@ void RowStore::DeleteFrom(Connection& target, const Values& values) {
   if (identity.empty()) identity = FieldsOf(0);
   RowCondition unchanged(values[fields.size()]);
   for (const std::size_t field : identity) unchanged.Add(fields[field].baseColumn, values[field]);
-  Statement erase(*target.Handle(), "DELETE FROM " + Quoted(sources_[0].table) + unchanged.words);
+  Statement erase(*detail::DatabaseOf(target),
+                  "DELETE FROM " + Quoted(sources_[0].table) + unchanged.words);
   erase.Bind(unchanged.values);
   erase.Step();
-  if (sqlite3_changes(target.Handle()->db) != 1) ThrowRowChanged(sources_[0].table);
+  if (sqlite3_changes(detail::DatabaseOf(target)->db) != 1) ThrowRowChanged(sources_[0].table);
 }
 
 std::size_t RowStore::Add(const Edits& edits) {

@@ -37,7 +37,7 @@ void OpenTemporary(detail::Database& database) {
 
 std::vector<FieldInfo> StatementFields(const Connection& connection, const std::string& sql) {
   dialect::Rewritten rewritten;
-  const detail::Statement select(*connection.Handle(), sql, {}, rewritten);
+  const detail::Statement select(*detail::DatabaseOf(connection), sql, {}, rewritten);
   return FieldsOf(select, sql);
 }
 
@@ -108,7 +108,7 @@ RowSpool& RowSpool::operator=(RowSpool&&) noexcept = default;
 
 RowSpool::RowSpool(const Connection& connection, const std::string& sql, const Values& params,
                    const std::function<void(const ValueOf&)>& taken) {
-  detail::Database& source = *connection.Handle();
+  detail::Database& source = *detail::DatabaseOf(connection);
   dialect::Rewritten rewritten;
   detail::Statement rows(source, sql, {}, rewritten);
   rows.Bind(params);

@@ -94,7 +94,7 @@ class Loader {
   LoadResult Run() {
     LoadResult result;
     Transaction transaction(connection_);
-    detail::Statement insert(*connection_.Handle(), InsertSql());
+    detail::Statement insert(*detail::DatabaseOf(connection_), InsertSql());
     for (;;) {
       try {
         const auto row = reader_.Next();

@@ -110,9 +110,9 @@ TEST_F(CompanyFileTest, ADamagedFileIsNotCopied) {
 TEST_F(CompanyFileTest, AReplacedFileIsNoticed) {
   CopyCompanyFile(file_, target_);
   const Connection user = Open();
-  EXPECT_FALSE(detail::HasBeenReplaced(user.Handle()->db));
+  EXPECT_FALSE(detail::HasBeenReplaced(detail::DatabaseOf(user)->db));
   fs::rename(target_, file_);
-  EXPECT_TRUE(detail::HasBeenReplaced(user.Handle()->db));
+  EXPECT_TRUE(detail::HasBeenReplaced(detail::DatabaseOf(user)->db));
 }
 
 TEST_F(CompanyFileTest, AWriteProtectedFileCanBeTheSource) {

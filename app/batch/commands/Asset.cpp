@@ -6,7 +6,6 @@
 #include "engine/Module3.h"
 #include "platform/data/Recordset.h"
 #include "platform/text/Numbers.h"
-#include "session/Session.h"
 
 namespace tevra::batch {
 
@@ -68,16 +67,16 @@ void WriteTable(const Recordset& asset, std::ostream& out) {
 
 }  // namespace
 
-void CalculateOneAsset(const std::string& cod, const DateTime& date, bool csv, std::ostream& out) {
-  Connection connection(CurrentSession().connectionString);
+void CalculateOneAsset(Connection& company, const std::string& cod, const DateTime& date, bool csv,
+                       std::ostream& out) {
   try {
-    if (!CalculateAsset(connection, date, cod)) {
+    if (!CalculateAsset(company, date, cod)) {
       throw Refusal("Imobilizarea cu numarul de inventar " + cod + " nu exista !");
     }
   } catch (const Failure& failure) {
     throw Refusal(ErrorText(failure, failure.Source()), failure);
   }
-  const Recordset asset = ReadAsset(connection, cod);
+  const Recordset asset = ReadAsset(company, cod);
   csv ? WriteCsv(asset, out) : WriteTable(asset, out);
 }
 

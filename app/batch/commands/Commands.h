@@ -6,6 +6,7 @@
 
 #include "app/batch/CommandLine.h"
 #include "app/batch/Streams.h"
+#include "platform/data/Connection.h"
 #include "platform/text/DateTime.h"
 #include "session/Companies.h"
 
@@ -39,7 +40,8 @@ void Calculate(const DateTime& date, bool post, std::ostream& out);
 
 /// Brings one asset up to a date, as a disposal does, and writes what that gave. Throws Refusal
 /// when no asset has the COD, or it cannot be calculated.
-void CalculateOneAsset(const std::string& cod, const DateTime& date, bool csv, std::ostream& out);
+void CalculateOneAsset(Connection& company, const std::string& cod, const DateTime& date, bool csv,
+                       std::ostream& out);
 
 /// Makes the plan of an asset by its NRCRT and writes it. Throws Refusal for an asset that is not
 /// there or has no plan, Failure where it cannot be made; the plan made before is then still there.
