@@ -294,7 +294,7 @@ void frmLogin::CompleteLogin(Procedure& procedure) {
   }
   session.companyName = Nz(TDBGrid1->ColumnText(TDBGrid1->ColumnOf("DENUMIRE")), "").TextOrEmpty();
   succeeded_ = true;
-  RunOfModule("LoadParametri", LoadParametri);
+  RunOfModule("LoadParametri", [] { LoadParametri(); });
   procedure.line = 10;
   close();
 }

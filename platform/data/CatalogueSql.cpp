@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/data/Database.h"
+#include "platform/text/Invariant.h"
 #include "platform/text/Strings.h"
 
 namespace tevra {
@@ -115,6 +116,12 @@ void CopyRows(Database& database, const TableDef& old, const TableDef& changed) 
   }
 }
 
+std::int64_t CountOf(Database& database, const TableDef& table) {
+  Statement count(database, "SELECT COUNT(*) FROM " + Quoted(table.name));
+  count.Step();
+  return count.Column(0).Whole();
+}
+
 // While a table is away, the saved queries over it must not hinder the renaming of its successor.
 class LegacyAlter {
  public:
@@ -170,6 +177,8 @@ void RebuildTable(Connection& connection, const TableDef& old, const TableDef& c
   database.Run(CreateTableSql(temporary));
   CopyRows(database, old, temporary);
   KeepSequence(database, old, temporary);
+  InvariantEqual(CountOf(database, temporary), CountOf(database, old),
+                 "tabela refacuta nu are toate randurile");
   database.Run("DROP TABLE " + Quoted(old.name));
   database.Run("ALTER TABLE " + Quoted(temporary.name) + " RENAME TO " + Quoted(old.name));
   for (const auto& index : changed.indexes) {

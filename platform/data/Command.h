@@ -22,7 +22,7 @@ class Command {
   void Execute(const Values& params = {});
 
   /// The first field of the first row; Null when there is no row.
-  Value QueryValue(const Values& params = {});
+  [[nodiscard]] Value QueryValue(const Values& params = {});
 
  private:
   struct Impl;

@@ -12,7 +12,7 @@ using CommitMark = std::uint32_t;
 
 /// The mark of a commit that follows `before`: a random name, so that two copies of a file which
 /// were both worked on differ.
-CommitMark NextMark(CommitMark before);
+[[nodiscard]] CommitMark NextMark(CommitMark before);
 
 /// True when the commit of `mark` came directly after that of `before`.
 constexpr bool Follows(CommitMark mark, CommitMark before) {

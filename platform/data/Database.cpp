@@ -157,6 +157,22 @@ void Database::Run(const std::string& sql) {
   schemaChanged |= ChangesSchema(sql);
 }
 
+int KnownAliases::Version(Database& database) {
+  Statement version(database, "PRAGMA schema_version");
+  return version.Step() ? static_cast<int>(version.Column(0).AsLong()) : 0;
+}
+
+std::vector<std::string> KnownAliases::Of(Database& database, const std::string& sql) const {
+  const auto found = bySql_.find(sql);
+  if (found == bySql_.end() || found->second.schema != Version(database)) return {};
+  return found->second.aliases;
+}
+
+void KnownAliases::Keep(Database& database, const std::string& sql,
+                        const std::vector<std::string>& aliases) {
+  bySql_[sql] = {Version(database), aliases};
+}
+
 Value WholeValue(std::int64_t whole, const FieldDef* field) {
   if (field && field->type == FieldType::YesNo) return Value::YesNo(whole != 0);
   if (field && field->type == FieldType::Double) return static_cast<double>(whole);
@@ -184,28 +200,45 @@ Statement::Statement(Database& database, const std::string& sql) : database_(dat
   Prepare(sql);
 }
 
-// A name that is an alias of the same list is a column first; only where the engine knows no such
-// column does the alias count, so it is asked in that order.
+namespace {
+
+std::vector<std::string> ColumnsOf(Database& database, const std::string& select) {
+  std::vector<std::string> columns;
+  try {
+    dialect::Rewritten rewritten;
+    const Statement probe(database, select, {}, rewritten);
+    for (int i = 0; i < sqlite3_column_count(probe.Get()); ++i) {
+      columns.emplace_back(sqlite3_column_name(probe.Get(), i));
+    }
+  } catch (const Failure&) {
+    columns.clear();  // the statement's own failure is the one to tell
+  }
+  return columns;
+}
+
+}  // namespace
+
+// A name that is an alias of the same list is a column first. Whether it is one matters only where
+// the engine refuses the statement: it knows no aliases there.
 Statement::Statement(Database& database, const std::string& sql, dialect::Options options,
                      dialect::Rewritten& rewritten)
     : database_(database), sql_(sql) {
-  static const std::string kUnknown = "no such column: ";
-  for (;;) {
+  const auto prepare = [&] {
     rewritten = OfStatement(sql, [&] { return dialect::Rewrite(sql, options); });
-    try {
-      Prepare(rewritten.sql);
-      return;
-    } catch (const Failure& failure) {
-      const std::string message = failure.Description();
-      if (message.rfind(kUnknown, 0) != 0) throw;
-      const std::string name = message.substr(kUnknown.size());
-      auto& aliases = options.expandAliases;
-      const bool tried = std::any_of(aliases.begin(), aliases.end(),
-                                     [&](const auto& alias) { return EqualNoCase(alias, name); });
-      if (tried || !dialect::IsListAlias(sql, name)) throw;
-      aliases.push_back(name);
-    }
+    Prepare(rewritten.sql);
+  };
+  options.expandAliases = database.aliases.Of(database, sql);
+  try {
+    prepare();
+    return;
+  } catch (const Failure& failure) {
+    if (failure.Number() != kStatementError || !options.expandAliases.empty()) throw;
+    const auto columns = [&](const std::string& select) { return ColumnsOf(database, select); };
+    options.expandAliases = dialect::AliasesToExpand(sql, columns);
+    if (options.expandAliases.empty()) throw;
   }
+  prepare();
+  database.aliases.Keep(database, sql, options.expandAliases);
 }
 
 void Statement::Prepare(const std::string& sql) {

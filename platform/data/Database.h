@@ -2,10 +2,12 @@
 // For the data layer's own sources only.
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <sqlite3.h>
 
@@ -22,6 +24,23 @@ namespace tevra::detail {
 
 struct Database;
 
+/// The statements that used aliases of their own lists, with those aliases. What is a column
+/// changes with the schema.
+class KnownAliases {
+ public:
+  std::vector<std::string> Of(Database& database, const std::string& sql) const;
+  void Keep(Database& database, const std::string& sql, const std::vector<std::string>& aliases);
+
+ private:
+  struct Known {
+    int schema = 0;
+    std::vector<std::string> aliases;
+  };
+  static int Version(Database& database);
+
+  std::map<std::string, Known> bySql_;
+};
+
 /// The open file of a connection. Throws Failure 424 when it is not open.
 const std::shared_ptr<Database>& DatabaseOf(const Connection& connection);
 
@@ -31,6 +50,7 @@ struct Database {
   bool readOnly = false;
   int depth = 0;                   // of open transactions
   std::optional<Failure> pending;  // set by a function of a statement that failed
+  KnownAliases aliases;
   std::optional<FileGuard> guard;  // of a file that is open for writing
   // Of the open transaction; a change of the schema is not among the engine's counted changes.
   std::int64_t changesBefore = 0;

@@ -19,33 +19,34 @@ struct CloseHandle {
 using EngineHandle = std::unique_ptr<sqlite3, CloseHandle>;
 
 /// Opens for writing what was examined by the caller, or is about to be.
-EngineHandle OpenUnsettled(const std::filesystem::path& file);
+[[nodiscard]] EngineHandle OpenUnsettled(const std::filesystem::path& file);
 
 /// Makes a new file, for the engine's own use.
-EngineHandle OpenNew(const std::filesystem::path& file);
+[[nodiscard]] EngineHandle OpenNew(const std::filesystem::path& file);
 
 /// Opens to read what nobody writes meanwhile; changes that wait beside the file are left out.
-EngineHandle OpenStill(const std::filesystem::path& file);
+[[nodiscard]] EngineHandle OpenStill(const std::filesystem::path& file);
 
 /// Changes that wait beside the file have been settled, see SettleWaitingChanges.
 /// `flags`: SQLITE_OPEN_READWRITE, with SQLITE_OPEN_CREATE if wanted.
-EngineHandle OpenToWrite(const std::filesystem::path& file, int flags, int busyMilliseconds);
+[[nodiscard]] EngineHandle OpenToWrite(const std::filesystem::path& file, int flags,
+                                       int busyMilliseconds);
 
 /// Opens a file without changing it, where it lies in a folder that cannot be written too.
-EngineHandle OpenToRead(const std::filesystem::path& file, int busyMilliseconds);
+[[nodiscard]] EngineHandle OpenToRead(const std::filesystem::path& file, int busyMilliseconds);
 
 /// Runs words of the engine's own; Query gives the first field of the first row, "" without one.
 void RunOn(sqlite3* db, const char* sql, const std::filesystem::path& file);
 std::string QueryOn(sqlite3* db, const char* sql, const std::filesystem::path& file);
 
 /// True when another file stands under the name by now: what is open has been replaced.
-bool HasBeenReplaced(sqlite3* db);
+[[nodiscard]] bool HasBeenReplaced(sqlite3* db);
 
 /// Tells the user that it has.
-Failure ReplacedFile(const std::string& path);
+[[nodiscard]] Failure ReplacedFile(const std::string& path);
 
 /// The beginning of any regular file. Read through the engine: were the file opened and closed
 /// beside it, the system would drop the locks by which our open connections hold the file.
-FileStart ReadStart(const std::filesystem::path& file);
+[[nodiscard]] FileStart ReadStart(const std::filesystem::path& file);
 
 }  // namespace tevra::detail

@@ -10,6 +10,7 @@
 #include "platform/data/Database.h"
 #include "platform/data/EngineHandle.h"
 #include "platform/data/SideFile.h"
+#include "platform/text/Invariant.h"
 
 namespace tevra::detail {
 
@@ -99,12 +100,14 @@ void FileGuard::Check(CommitMark view) {
 }
 
 void FileGuard::BeginWork() {
+  Invariant(!sqlite3_get_autocommit(db_), "fisierul se verifica in afara unei tranzactii");
   RequireSame();
   before_ = View();
   Check(before_);
 }
 
 void FileGuard::EndWork(bool changed) {
+  Invariant(!sqlite3_get_autocommit(db_), "fisierul se verifica in afara unei tranzactii");
   Check(before_);
   if (!changed) return;
   const auto mark = static_cast<std::int32_t>(NextMark(before_));

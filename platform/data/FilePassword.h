@@ -16,7 +16,7 @@ void SetFilePassword(Connection& connection, const std::string& password);
 
 namespace detail {
 /// True when the file has no password or this one.
-bool FilePasswordFits(Database& database, const std::string& password);
+[[nodiscard]] bool FilePasswordFits(Database& database, const std::string& password);
 }  // namespace detail
 
 }  // namespace tevra

@@ -8,6 +8,7 @@
 #include "platform/data/EngineHandle.h"
 #include "platform/data/PackedRow.h"
 #include "platform/data/RecordsetRows.h"
+#include "platform/text/Invariant.h"
 
 namespace tevra {
 
@@ -82,7 +83,10 @@ struct RowSpool::Impl {
     if (!select->Step()) throw Failure(kInternalError, "Internal error: a page of rows is missing");
     const auto* bytes = static_cast<const char*>(sqlite3_column_blob(select->Get(), 0));
     const auto size = static_cast<std::size_t>(sqlite3_column_bytes(select->Get(), 0));
-    return Unpacked(number, {bytes, size});
+    Page page = Unpacked(number, {bytes, size});
+    InvariantEqual(static_cast<std::int64_t>(page.rows.size()), kPageRows,
+                   "o pagina de randuri nu este plina");
+    return page;
   }
 
   Page Unpacked(std::size_t number, std::string_view bytes) const {

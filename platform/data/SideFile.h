@@ -17,11 +17,12 @@ enum class Belonging {
 
 /// Whether the changes of a side file belong to the file that starts so. Nobody may be moving
 /// changes into the file meanwhile.
-Belonging BelongingOf(const FileStart& file, const std::string& sideFile);
+[[nodiscard]] Belonging BelongingOf(const FileStart& file, const std::string& sideFile);
 
 /// The same of the file that `db` has open, while others may be writing: true when it is a No that
 /// stays.
-bool BelongsToAnother(sqlite3* db, const std::string& path, const std::string& sideFile);
+[[nodiscard]] bool BelongsToAnother(sqlite3* db, const std::string& path,
+                                    const std::string& sideFile);
 
 /// The path of a file's side file, and of the index that goes with a side file.
 std::string SideFileOf(sqlite3* db);

@@ -9,6 +9,7 @@
 #include "platform/text/Csv.h"
 #include "platform/text/Dates.h"
 #include "platform/text/FailureText.h"
+#include "platform/text/Invariant.h"
 #include "platform/text/Strings.h"
 
 namespace tevra {
@@ -94,6 +95,8 @@ class Loader {
   LoadResult Run() {
     LoadResult result;
     Transaction transaction(connection_);
+    sqlite3* db = detail::DatabaseOf(connection_)->db;
+    const auto before = sqlite3_total_changes64(db);
     detail::Statement insert(*detail::DatabaseOf(connection_), InsertSql());
     for (;;) {
       try {
@@ -111,6 +114,8 @@ class Loader {
       result.rows = 0;
       return result;
     }
+    InvariantEqual(sqlite3_total_changes64(db) - before, result.rows,
+                   "randurile incarcate nu sunt cate s-au citit");
     transaction.Commit();
     return result;
   }

@@ -251,16 +251,6 @@ void UpdateFromJoin(Nodes& nodes) {
   nodes = std::move(update);
 }
 
-bool HasAlias(const Nodes& nodes, const std::string& name) {
-  for (auto clauses = FindSelect(nodes); clauses; clauses = FindSelect(nodes, clauses->end)) {
-    for (const ListItem& item : ReadList(nodes, *clauses)) {
-      if (!item.alias.empty() && EqualNoCase(item.alias, name)) return true;
-    }
-  }
-  return std::any_of(nodes.begin(), nodes.end(),
-                     [&](const Node& node) { return HasAlias(node.items, name); });
-}
-
 }  // namespace
 
 Rewritten Rewrite(const std::string& sql, const Options& options) {
@@ -277,8 +267,16 @@ Rewritten Rewrite(const std::string& sql, const Options& options) {
   return {Render(nodes), sources};
 }
 
-bool IsListAlias(const std::string& sql, const std::string& name) {
-  return HasAlias(ReadTree(sql), name);
+std::vector<std::string> AliasesToExpand(const std::string& sql, const ColumnsOf& columnsOf) {
+  std::vector<std::string> aliases;
+  for (const UsedAlias& used : FindUsedAliases(ReadTree(sql))) {
+    const auto columns = used.source.empty() ? std::vector<std::string>() : columnsOf(used.source);
+    const bool isColumn = std::any_of(columns.begin(), columns.end(), [&](const auto& column) {
+      return EqualNoCase(column, used.alias);
+    });
+    if (!isColumn) aliases.push_back(used.alias);
+  }
+  return aliases;
 }
 
 std::optional<PrimaryKeyStatement> AsPrimaryKeyStatement(const std::string& sql) {

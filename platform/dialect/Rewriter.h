@@ -1,6 +1,7 @@
 // The statements' dialect made understood: a statement's words stay, its tokens are rewritten.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -28,7 +29,7 @@ struct Options {
   /// In the place of a list that is "*" alone: these columns of the only source.
   std::vector<std::string> columnsForStar;
   /// Aliases of the outermost list that are replaced by what they stand for where another item of
-  /// the same list uses them; Connection asks for those that the engine did not know as columns.
+  /// the same list uses them, see AliasesToExpand.
   std::vector<std::string> expandAliases;
 };
 
@@ -36,8 +37,12 @@ struct Options {
 /// -2147217900 for an unclosed text or bracket.
 Rewritten Rewrite(const std::string& sql, const Options& options = {});
 
-/// True when `name` is an alias in the outermost list of the statement (or of a subquery of it).
-bool IsListAlias(const std::string& sql, const std::string& name);
+/// The names of the columns that a SELECT of the dialect gives; none where it cannot be run.
+using ColumnsOf = std::function<std::vector<std::string>(const std::string& select)>;
+
+/// For a statement that the engine refused: the aliases that other items of the same list use and
+/// that are no column of what the list reads.
+std::vector<std::string> AliasesToExpand(const std::string& sql, const ColumnsOf& columnsOf);
 
 /// What "CREATE INDEX PrimaryKey ON table (fields) WITH PRIMARY" asks for.
 struct PrimaryKeyStatement {

@@ -31,6 +31,25 @@ struct NoCase {
   }
 };
 
+// A name that is neither qualified, nor a qualifier, nor a function.
+bool IsAlone(const Nodes& nodes, std::size_t at) {
+  if (!IsName(nodes[at]) || (at > 0 && IsSymbol(nodes[at - 1], "."))) return false;
+  return at + 1 == nodes.size() ||
+         !(IsSymbol(nodes[at + 1], ".") || nodes[at + 1].kind == Kind::Group);
+}
+
+bool IsStatement(const Node& node) {
+  return !node.items.empty() && Is(node.items.front(), "SELECT");
+}
+
+bool Uses(const Nodes& nodes, const std::string& name) {
+  for (std::size_t at = 0; at < nodes.size(); ++at) {
+    if (IsAlone(nodes, at) && EqualNoCase(PlainName(nodes[at]), name)) return true;
+    if (!IsStatement(nodes[at]) && Uses(nodes[at].items, name)) return true;
+  }
+  return false;
+}
+
 // What the aliases of one list stand for.
 class Expansion {
  public:
@@ -65,8 +84,7 @@ class Expansion {
         result.back().spaced = node.spaced;
       } else {
         result.push_back(node);
-        const bool statement = !node.items.empty() && Is(node.items.front(), "SELECT");
-        if (!statement) result.back().items = Expanded(node.items, within);
+        if (!IsStatement(node)) result.back().items = Expanded(node.items, within);
       }
     }
     return result;
@@ -76,13 +94,6 @@ class Expansion {
   static bool Contains(const std::vector<std::string>& names, const std::string& name) {
     return std::any_of(names.begin(), names.end(),
                        [&](const std::string& other) { return EqualNoCase(other, name); });
-  }
-
-  // A name that is neither qualified, nor a qualifier, nor a function.
-  static bool IsAlone(const Nodes& nodes, std::size_t at) {
-    if (!IsName(nodes[at]) || (at > 0 && IsSymbol(nodes[at - 1], "."))) return false;
-    return at + 1 == nodes.size() ||
-           !(IsSymbol(nodes[at + 1], ".") || nodes[at + 1].kind == Kind::Group);
   }
 
   std::map<std::string, Nodes, NoCase> definitions_;
@@ -137,6 +148,28 @@ std::vector<ListItem> ReadList(const Nodes& nodes, const SelectClauses& clauses)
     items.push_back(std::move(item));
   }
   return items;
+}
+
+std::vector<UsedAlias> FindUsedAliases(const Nodes& nodes) {
+  std::vector<UsedAlias> found;
+  for (auto clauses = FindSelect(nodes); clauses; clauses = FindSelect(nodes, clauses->end)) {
+    const auto items = ReadList(nodes, *clauses);
+    for (const ListItem& named : items) {
+      const bool used =
+          !named.alias.empty() &&
+          std::any_of(items.begin(), items.end(), [&](const ListItem& item) {
+            return &item != &named &&
+                   Uses(Slice(nodes, item.definition.begin, item.definition.end), named.alias);
+          });
+      if (!used) continue;
+      const Nodes sources = Slice(nodes, clauses->sources.begin, clauses->sources.end);
+      found.push_back({named.alias, sources.empty() ? "" : "SELECT * FROM " + Render(sources)});
+    }
+  }
+  for (const Node& node : nodes) {
+    for (UsedAlias& used : FindUsedAliases(node.items)) found.push_back(std::move(used));
+  }
+  return found;
 }
 
 void ExpandAliases(Nodes& nodes, const std::vector<std::string>& aliases) {

@@ -35,6 +35,15 @@ struct ListItem {
 
 std::vector<ListItem> ReadList(const Nodes& nodes, const SelectClauses& clauses);
 
+/// An alias that another item of the same list uses by its bare name.
+struct UsedAlias {
+  std::string alias;
+  std::string source;  ///< a SELECT of all columns that the list can read; empty without a FROM
+};
+
+/// Those of all lists, of subqueries too.
+std::vector<UsedAlias> FindUsedAliases(const Nodes& nodes);
+
 /// Replaces these aliases by what they stand for wherever another item of the same list uses them.
 /// Throws Failure -2147217900 when that would never end or grow beyond measure.
 void ExpandAliases(Nodes& nodes, const std::vector<std::string>& aliases);

@@ -71,6 +71,16 @@ TEST_F(StatementsTest, AliasesOfTheListStandForWhatTheyName) {
                    connection_.QueryValue("SELECT SUM(VAL), 1 AS VAL FROM T_IMO").AsDouble());
 }
 
+TEST_F(StatementsTest, AnAliasGivesWayToAColumnThatComesLater) {
+  const std::string sql =
+      "SELECT DUBLU + 1 AS MAIMULT, VAL * 2 AS DUBLU FROM T_IMO WHERE COD = '100'";
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(3002, connection_.QueryValue(sql).AsDouble());
+  Catalogue(connection_).AddField("T_IMO", Field("DUBLU", FieldType::Double, "5"));
+  EXPECT_EQ(6, connection_.QueryValue(sql).AsDouble());
+  connection_.Execute("UPDATE T_IMO SET DUBLU = 7");
+  EXPECT_EQ(8, connection_.QueryValue(sql).AsDouble());
+}
+
 TEST_F(StatementsTest, FailuresTellTheReasonAndTheStatement) {
   struct Case {
     std::string sql;

@@ -86,17 +86,29 @@ void Company::Engine(const std::string& sql) {
 }
 
 sqlite3_stmt* Company::Prepare(const std::string& sql, Options options) {
-  const std::string unknown = "no such column: ";
-  for (;;) {
+  const auto prepared = [&]() {
     sqlite3_stmt* statement = nullptr;
     const std::string text = Rewrite(sql, options).sql;
-    if (sqlite3_prepare_v2(db_, text.c_str(), -1, &statement, nullptr) == SQLITE_OK)
-      return statement;
-    const std::string message = sqlite3_errmsg(db_);
-    const std::string name = message.rfind(unknown, 0) == 0 ? message.substr(unknown.size()) : "";
-    if (name.empty() || !IsListAlias(sql, name) || options.expandAliases.size() > 20) Fail();
-    options.expandAliases.push_back(name);
+    sqlite3_prepare_v2(db_, text.c_str(), -1, &statement, nullptr);
+    return statement;
+  };
+  if (sqlite3_stmt* statement = prepared()) return statement;
+  options.expandAliases =
+      AliasesToExpand(sql, [&](const std::string& select) { return ColumnsOf(select); });
+  sqlite3_stmt* statement = options.expandAliases.empty() ? nullptr : prepared();
+  if (!statement) Fail();
+  return statement;
+}
+
+std::vector<std::string> Company::ColumnsOf(const std::string& select) {
+  std::vector<std::string> columns;
+  sqlite3_stmt* statement = nullptr;
+  sqlite3_prepare_v2(db_, Rewrite(select).sql.c_str(), -1, &statement, nullptr);
+  for (int i = 0; i < sqlite3_column_count(statement); ++i) {
+    columns.emplace_back(sqlite3_column_name(statement, i));
   }
+  sqlite3_finalize(statement);
+  return columns;
 }
 
 void Company::Fail() {

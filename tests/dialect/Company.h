@@ -39,6 +39,7 @@ class Company {
 
  private:
   sqlite3_stmt* Prepare(const std::string& sql, Options options);
+  std::vector<std::string> ColumnsOf(const std::string& select);
   [[noreturn]] void Fail();
 
   sqlite3* db_ = nullptr;

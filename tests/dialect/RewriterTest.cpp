@@ -117,10 +117,23 @@ TEST(Rewriter, TakesCommentsAsBlanks) {
   EXPECT_EQ(company.Rows("select '--' & '/*' & \"[\", 5 - - 3"), (Lines{"--/*[|8"}));
 }
 
-TEST(Rewriter, KnowsTheAliasesOfLists) {
-  const std::string sql = "select a as [X y], (select b as Z from c) from d where e as F";
-  EXPECT_TRUE(IsListAlias(sql, "x Y") && IsListAlias(sql, "Z"));
-  EXPECT_FALSE(IsListAlias(sql, "F") || IsListAlias(sql, "a"));
+TEST(Rewriter, ExpandsAliasesThatAreNoColumns) {
+  std::vector<std::string> asked;
+  const auto columns = [&](const std::string& select) {
+    asked.push_back(select);
+    return std::vector<std::string>{"a", "Both"};
+  };
+  const auto aliases = [&](const std::string& sql) { return AliasesToExpand(sql, columns); };
+  EXPECT_EQ(aliases("select a as [X y], sum([x Y]) + 1, a as Both, both + 1 from c, d where 1"),
+            (Lines{"X y"}));
+  EXPECT_EQ(asked, (Lines{"SELECT * FROM c, d", "SELECT * FROM c, d"}));
+  EXPECT_EQ(aliases("select 1 as A, (select 2 as Z, z + 1 from c) from (select 3 as U, U from e)"),
+            (Lines{"Z", "U"}));
+  EXPECT_EQ(aliases("select 2 as P, P * 3"), (Lines{"P"}));
+  for (const char* unused : {"select a as X, t.X, X(1), (select X from c) from d", "select a as X",
+                             "select a as X from d where X = 1 order by X"}) {
+    EXPECT_EQ(aliases(unused), Lines()) << unused;
+  }
 }
 
 TEST(Rewriter, PutsAnAliasMeaningOnlyWhereItsNameStandsAlone) {
