@@ -125,13 +125,15 @@ void Database::Commit() {
   if (depth == 0) throw Failure(kStatementError, "No transaction is open");
   if (depth > 1) {
     Run("RELEASE nivel" + std::to_string(depth - 1));
+    --depth;
   } else {
     RequireTransaction({});
     const bool changed = schemaChanged || sqlite3_total_changes64(db) != changesBefore;
     if (guard) guard->EndWork(changed);
     Run("COMMIT");
+    depth = 0;
+    if (guard) guard->RequireSameAfterCommit();
   }
-  --depth;
 }
 
 void Database::Rollback() {
@@ -302,7 +304,7 @@ bool Statement::StepInTransaction() {
       database_.Commit();
       return row;
     } catch (const Failure&) {
-      database_.Rollback();
+      if (database_.depth > 0) database_.Rollback();
       throw;
     }
   } catch (const Failure& failure) {

@@ -114,6 +114,10 @@ void FileGuard::EndWork(bool changed) {
   RunOn(db_, ("PRAGMA user_version=" + std::to_string(mark)).c_str(), name_);
 }
 
+void FileGuard::RequireSameAfterCommit() {
+  Check(View());
+}
+
 // Whoever opens the new file must not find our changes beside it. What others who opened it already
 // have put in their place is left alone.
 void FileGuard::SetChangesAside() {

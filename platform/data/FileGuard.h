@@ -24,6 +24,8 @@ class FileGuard {
   /// To be called under the write lock, before the commit: writes the commit's mark, unless nothing
   /// was changed.
   void EndWork(bool changed);
+  /// To be called behind the commit: a file that came while it was written has nothing of it.
+  void RequireSameAfterCommit();
   /// To be called before the handle is closed: keeps the engine from moving the waiting changes
   /// into a file that is not theirs. They get a name of their own, and what the replaced file held
   /// together with them is saved beside it.

@@ -1,9 +1,12 @@
 // Another file comes to stand under the name of a company file: while somebody works on it, or
 // while the changes of somebody who was killed still wait beside it. Neither file may be harmed.
 
+#include <optional>
+
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/data/Database.h"
 #include "tests/data/SideFiles.h"
 
 namespace tevra {
@@ -108,6 +111,31 @@ TEST_P(ReplacedFileTest, CommitIsRefusedWhenTheFileWasReplaced) {
   const auto saved = Found("Kelnar01.mdb.2");
   ASSERT_EQ(GetParam().way == Way::Renamed ? 1u : 0u, saved.size());
   if (!saved.empty()) ExpectState(before, saved[0]);
+}
+
+// Too late to be refused, the commit is not told as done: it is in the changes set aside.
+TEST_P(ReplacedFileTest, AFileReplacedWhileTheCommitIsWrittenIsNoticed) {
+  {
+    Connection company = Open();
+    std::function<void()> replace = [&] { Replace(); };
+    const auto runIt = [](void* call) {
+      (*static_cast<std::function<void()>*>(call))();
+      return 0;
+    };
+    sqlite3* db = detail::DatabaseOf(company)->db;
+    const bool inTransaction = GetParam().other != Other::Smaller;
+    sqlite3_commit_hook(db, runIt, &replace);
+    ExpectRefused(kDatabaseNotOpened, "inlocuita", [&] {
+      std::optional<Transaction> begun;
+      if (inTransaction) begun.emplace(company);
+      Change(company, 5);
+      if (begun) begun->Commit();
+    });
+    EXPECT_EQ(0, company.TransactionDepth());
+    sqlite3_commit_hook(db, nullptr, nullptr);
+  }
+  ExpectReplacementWhole();
+  EXPECT_EQ(1u, SetAside().size());
 }
 
 TEST_P(ReplacedFileTest, WorkBegunOnAReplacedFileIsRefused) {
