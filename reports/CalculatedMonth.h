@@ -9,8 +9,8 @@
 
 namespace tevra {
 
-/// Only assets that a run dates are counted: not those that have left, not those without
-/// depreciation, and none that was never calculated.
+/// Counts only assets whose date the monthly run sets: not those that left, not those without
+/// depreciation, not those never calculated.
 struct CalculatedMonth {
   DateTime last;    ///< the last day of this month to which an asset was calculated
   long assets = 0;  ///< calculated to a day of this month

@@ -37,7 +37,7 @@ std::optional<SoleUse> AloneWith(const fs::path& file) {
   }
 }
 
-// An own failure before anything is entered: what is taken over must open as a company of ours.
+// A file that cannot be opened as a company must fail before the registry changes.
 void RequireCompany(const std::string& directory, const std::string& database) {
   CheckCompanyFile(FileIn(directory, database));
   Connection company(CompanyConnectionString(directory, database));
@@ -79,7 +79,7 @@ void RequireUnused(const fs::path& file) {
   AloneWith(file);
 }
 
-// A new database in the place of a file, which comes back when `enter` fails.
+// Makes a new database in the place of a file. The file is restored when `enter` fails.
 void ReplaceDatabase(const std::string& directory, const Company& company,
                      const std::function<void()>& enter) {
   const fs::path file = FileIn(directory, company.numeBd);
@@ -98,7 +98,7 @@ void ReplaceDatabase(const std::string& directory, const Company& company,
   if (before) before->Keep();
 }
 
-// Where there is no name, or one that no registry can hold, the company gets that of its file.
+// A file without a name, or with one that the registry cannot store, goes by its own file name.
 std::string NameOf(const std::string& directory, const std::string& database) {
   const std::string name = NameInFile(paths::Resolve(directory), database);
   try {
@@ -118,7 +118,7 @@ int EnterFiles(CompanyRegistry& registry, const std::string& directory) {
     }
     company.denumire = NameOf(directory, company.numeBd);
     if (listed) {
-      // The name with which a registry begins tells nothing.
+      // The default name says nothing about the company.
       if (company.denumire != company.numeBd) registry.Rename(company.cod, company.denumire);
       continue;
     }
@@ -228,7 +228,7 @@ Company AdaugaSocietate(const std::string& directory, const std::string& code,
   const bool first = !CompanyRegistry::Exists(directory);
   CompanyRegistry registry =
       first ? CompanyRegistry::Empty(directory) : CompanyRegistry::Load(directory);
-  // All but the file that is to become this company's.
+  // The file of this company is left out: `existing` decides about it.
   if (first) {
     EnterFiles(registry, directory);
     if (const auto same = registry.Find(company.cod)) registry.Remove(*same);
@@ -253,7 +253,7 @@ int RebuildRegistry(const std::string& directory) {
   CompanyRegistry registry = load();
   const std::vector<Company> before = registry.Companies();
   const int entered = EnterFiles(registry, directory);
-  // Nobody could choose anything from an empty list.
+  // An empty list would leave the login without a choice.
   if (registry.Companies().empty()) {
     throw Failure(kFileNotFound, "Nu exista baze de date ale unor societati in " + directory);
   }

@@ -20,41 +20,42 @@ std::string DatabaseOf(const std::string& code);
 void CreateDatabase(const std::string& directory, const std::string& database,
                     const std::function<void(const std::string& connectionString)>& prepare = {});
 
-/// What becomes of a file that stands where a new company's database would.
+/// What to do with a file that already has the name of a new company's database.
 enum class ExistingFile {
-  kRefuse,    ///< it stays, and the company is not added
-  kTakeOver,  ///< it becomes the company's database as it is
-  kReplace    ///< a new database takes its place, and it is kept in "Salv_Tevra"
+  kRefuse,    ///< keep it, and do not add the company
+  kTakeOver,  ///< use it as the company's database, unchanged
+  kReplace    ///< keep a copy in "Salv_Tevra" and make a new database
 };
 
-/// True when something, be it a damaged file, stands where the database of a new company would.
+/// True when a file, a folder or a link already has the name of the database of this company code.
 /// Throws Failure 76 for the empty directory.
 bool DatabaseStands(const std::string& directory, const std::string& code);
 
-/// Asks the user what becomes of a file that stands where the new company's database would. Nothing
-/// when nothing is to be done; kRefuse where no file stands.
+/// Asks the user what to do with a file that has the name of the new company's database. Returns
+/// kRefuse without a question when there is no such file, nothing when the user gives up.
 std::optional<ExistingFile> AskAboutExistingFile(const std::string& directory,
                                                  const std::string& code);
 
-/// Makes the company's database with its name in it, or takes over the one that is there, adds the
-/// row to the registry and writes the registry, with what other programs entered there meanwhile.
-/// An empty name is that in the file which is taken over. When a step fails the ones before are
-/// taken back. Throws Failure 58 when another company has that database or a file stands there that
-/// is neither to be taken over nor replaced, -2147467259 for one that cannot be taken over, else as
-/// CreateDatabase and CompanyRegistry.
+/// Makes the company's database and writes the company's name into it, or takes over the existing
+/// one. Adds the row to the registry and writes the registry, after reading what other programs
+/// changed in it. When the name is empty, the one in the file that is taken over is used. A failed
+/// step undoes the steps before it. Throws Failure 58 when another company uses that database or
+/// `existing` is kRefuse and the file exists, -2147467259 for a file that cannot be taken over,
+/// else as CreateDatabase and CompanyRegistry.
 void AdaugaSocietate(CompanyRegistry& registry, const std::string& directory,
                      const std::string& code, const std::string& name,
                      ExistingFile existing = ExistingFile::kRefuse);
 
-/// The same in the registry of a directory; where there is none the companies whose files lie there
-/// are entered first. Returns the company as it was entered.
+/// The same in the registry of a directory. When the directory has no registry, all its company
+/// files are added first. Returns the company as added.
 Company AdaugaSocietate(const std::string& directory, const std::string& code,
                         const std::string& name, ExistingFile existing = ExistingFile::kRefuse);
 
-/// Brings the registry of a directory in line with the company files there: those that it does not
-/// list are entered, by the name in the file, and a company 01 without a name gets that of its file. A registry that cannot be read is kept in
-/// "Salv_Tevra" and made anew. Returns the number of companies entered. All or nothing; throws
-/// Failure 53 when there is no company at all, else as CompanyRegistry::Save and KeptFile.
+/// Adds the company files of a directory that its registry does not list, each with the name that
+/// its file contains. A company 01 with the default name gets the name in its file. A registry that
+/// cannot be read is copied to "Salv_Tevra" and made anew. Returns the number of companies added.
+/// All or nothing; throws Failure 53 when there is no company at all, else as CompanyRegistry::Save
+/// and KeptFile.
 int RebuildRegistry(const std::string& directory);
 
 /// Deletes the company's database and its row, and writes the registry, as AdaugaSocietate does. A

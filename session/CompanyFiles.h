@@ -1,4 +1,4 @@
-// The company files that lie in a directory, whatever its registry says.
+// The company files in a directory, read without its registry.
 #pragma once
 
 #include <filesystem>
@@ -9,13 +9,13 @@
 
 namespace tevra {
 
-/// The companies whose files "Kelnar<code>.mdb" lie in the directory, by code, without names. Of
-/// two spellings of one file name the first in byte order counts. Throws
+/// The companies with a file "Kelnar<code>.mdb" in the directory, ordered by code, without names.
+/// Of two file names that differ in case only, the first in byte order counts. Throws
 /// std::filesystem::filesystem_error for a directory that cannot be read.
 std::vector<Company> CompanyFilesIn(const std::filesystem::path& directory);
 
-/// The name in a company file (`kv_info`); empty when it has none, cannot be read or is locked:
-/// a list must neither fail nor wait because of one file.
+/// The company's name in a file (`kv_info`). Empty when the file has none, cannot be read or is
+/// locked: one bad file must not stop a list, and a list must not wait for a lock.
 std::string NameInFile(const std::filesystem::path& directory, const std::string& database);
 
 /// CompanyFilesIn with the names in the files.

@@ -20,7 +20,7 @@ fs::path WithEnding(const fs::path& file, const char* ending) {
   return fs::path(file) += ending;
 }
 
-// Two within a second get two names.
+// Two copies made within one second need two names.
 fs::path FreeName(const fs::path& folder, const fs::path& file) {
   const std::string begin =
       "Inlocuit_" + file.stem().string() + "_" + Format(clock::Now(), "dd.mm.yyyy_hh.nn.ss");
@@ -37,7 +37,7 @@ void CopyBytes(const fs::path& from, const fs::path& to) {
   });
 }
 
-// A file that cannot be read as a company's is kept as it lies there, byte by byte.
+// A file that cannot be read as a company file is copied byte by byte, with its side files.
 void CopyWhatIsThere(const fs::path& from, const fs::path& to) {
   try {
     return CopyCompanyFile(from, to);

@@ -1,4 +1,4 @@
-// A file that another one is about to replace, kept in the directory's folder of backups.
+// A copy of a file that is about to be replaced, in the directory's folder of backups.
 #pragma once
 
 #include <filesystem>
@@ -8,9 +8,9 @@ namespace tevra {
 /// The folder of backups in the directory of the databases.
 inline constexpr const char* kBackupFolder = "Salv_Tevra";
 
-/// Copies the file to "Salv_Tevra\Inlocuit_<name>_<moment>.<extension>", the changes that wait in
-/// its side files too. The copy goes again at the end, unless it was kept. Throws Failure 70 or 61,
-/// naming the copy.
+/// Copies the file to "Salv_Tevra\Inlocuit_<name>_<moment>.<extension>", including changes that are
+/// still in its side files. The destructor deletes the copy unless Keep was called. Throws Failure
+/// 70 or 61, naming the copy.
 class KeptFile {
  public:
   explicit KeptFile(const std::filesystem::path& file);
@@ -18,11 +18,11 @@ class KeptFile {
   KeptFile(const KeptFile&) = delete;
   KeptFile& operator=(const KeptFile&) = delete;
 
-  /// The copy stays.
+  /// Keeps the copy.
   void Keep() { kept_ = true; }
 
-  /// Puts the file back in the place of the one that replaced it. When that fails the copy stays;
-  /// throws nothing, since it runs behind a failure that is the one to tell.
+  /// Writes the copy back over the file. When that fails, the copy is kept. Throws nothing: it runs
+  /// while another failure is reported.
   void PutBack() noexcept;
 
   const std::filesystem::path& Copy() const { return copy_; }

@@ -59,7 +59,7 @@ void Run(const CommandLine& line, const Streams& streams) {
   if (!streams.out) throw Refusal("Rezultatul nu poate fi scris !");
 }
 
-// Values that the user typed have no place in the log.
+// The log must not contain what the user typed.
 std::string WithoutTyped(std::string text, const CommandLine& line) {
   for (const std::string* typed : {&line.user, &line.code, &line.name, &line.date, &line.nrcrt,
                                    &line.currency, &line.from, &line.to}) {
@@ -77,7 +77,7 @@ void LogRefusal(const Refusal& refusal, const CommandLine& line) {
   log::Note(WithoutTyped(text.substr(0, text.find('\n')), line) + " | " + line.commandName);
 }
 
-/// Shows what is logged during its life.
+/// Copies the log's lines to the error output while it exists.
 class ShownLog {
  public:
   explicit ShownLog(std::ostream& err) : before_(log::SetSink({})) {

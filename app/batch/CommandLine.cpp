@@ -247,7 +247,7 @@ class Parser {
     throw UsageError(std::string("Lipseste optiunea ") + option + " !");
   }
 
-  // An option that would change nothing was meant to change something.
+  // The user expects an effect that the option does not have with this report.
   void Forbid(const char* option) const {
     if (report_->count(option) == 0) return;
     throw UsageError(std::string("Optiunea ") + option + " nu se potriveste cu raportul " + kind_ +

@@ -24,7 +24,7 @@ namespace {
 
 constexpr mode_t kOwnersAlone = 0600;
 
-// Somebody who stopped while holding the lock must not stop the others.
+// A program that was stopped while it had the lock must not block the others.
 bool Lock(int file) {
   constexpr int kTries = 20;
   for (int i = 0; i < kTries; ++i) {
@@ -35,7 +35,7 @@ bool Lock(int file) {
   return false;
 }
 
-// Neither through a link, which may lead anywhere, nor into a pipe, which may wait for a reader.
+// Refuses links, which may lead anywhere, and pipes, which may wait for a reader.
 int OpenPlain(const fs::path& file) {
   const int opened =
       open(file.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK,
@@ -97,8 +97,8 @@ bool LogFile::StartAnew() const {
   return true;
 }
 
-// The file, locked, with room for the bytes; -1 when there is none. A file that another program
-// moved away while this one waited for it is left to that program.
+// Opens and locks the file with room for the bytes; -1 when that fails. The file is opened again
+// when another program renamed it while this one waited for the lock.
 int LogFile::OpenWithRoom(std::size_t bytes) const {
   constexpr int kTries = 10;
   for (int i = 0; i < kTries; ++i) {
@@ -128,7 +128,7 @@ void LogFile::Append(std::string_view text) const noexcept {
     static_cast<void>(written);
     close(opened);
   } catch (...) {
-    // Told nowhere: the user's work goes on without its log.
+    // Not reported: the user's work goes on without the log.
   }
 }
 

@@ -1,4 +1,4 @@
-// The log of failures: what a user was told, for whoever looks for the cause later.
+// The log of failures, for finding the cause of a message later.
 #pragma once
 
 #include <cstdint>
@@ -11,17 +11,18 @@
 
 namespace tevra::log {
 
-/// A log file that starts anew when it is full. Several programs may write to it at once, each line
-/// whole. What cannot be written is left out: no failure of the log reaches the user.
+/// A log file of limited size: a full one is renamed and a new one begins. Several programs may
+/// write to it at the same time; lines are never mixed. A line that cannot be written is dropped
+/// silently, since the user's work must go on.
 class LogFile {
  public:
   static constexpr std::uintmax_t kMostBytes = 1 << 20;
-  static constexpr int kOlder = 2;  ///< full ones that are kept: "<file>.1" is the newer
+  static constexpr int kOlder = 2;  ///< number of full files kept; "<file>.1" is the newest
 
   explicit LogFile(std::filesystem::path file, std::uintmax_t mostBytes = kMostBytes)
       : file_(std::move(file)), mostBytes_(mostBytes) {}
 
-  /// Writes a line: the moment, the process, the text. Makes the folder where it is missing.
+  /// Writes a line: time, process, text. Creates the folder when it is missing.
   void Append(std::string_view text) const noexcept;
 
  private:
@@ -35,14 +36,14 @@ class LogFile {
 /// "tevra.log" in the user's state folder; empty for a user without a home.
 std::filesystem::path UsersLogFile();
 
-/// Takes every line of the log.
+/// Receives every line of the log.
 using Sink = std::function<void(const std::string& line)>;
 
-/// Sets who takes the lines; returns who did before. Without one nothing is logged, so that a test
-/// never writes into the log of the user at the machine.
+/// Sets the sink and returns the previous one. Without a sink nothing is logged, so that tests
+/// never write into the real user's log.
 Sink SetSink(Sink sink);
 
-/// Logs a line that holds no value of the user's.
+/// Logs a line. The caller makes sure that it contains no value typed by the user.
 void Note(const std::string& line);
 
 /// Logs a failure with its statement, without the values in them (FailureLine). `where`: the

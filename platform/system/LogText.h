@@ -1,4 +1,4 @@
-// What of a failure may be written into a log: no password and no value that a user typed.
+// The text of a failure for the log, without passwords and values typed by the user.
 #pragma once
 
 #include <string>
@@ -8,12 +8,12 @@
 
 namespace tevra::log {
 
-/// A statement with "?" for each text, number and date that stands in it. Names stay, those with
-/// digits and those in brackets too. An unclosed text hides the rest.
+/// Replaces each text, number and date in a statement by "?". Names are kept, also names with
+/// digits and names in brackets. A text without its closing quote hides the rest.
 std::string WithoutLiterals(std::string_view statement);
 
-/// Number, description and source of a failure on one line. The value that a description quotes
-/// ("Type mismatch: abc") is left out; names of fields and files stay.
+/// Number, description and source of a failure on one line. A value in the description ("Type
+/// mismatch: abc") is left out; names of fields and files are kept.
 std::string FailureLine(const Failure& failure);
 
 }  // namespace tevra::log

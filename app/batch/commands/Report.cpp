@@ -1,5 +1,6 @@
 #include <QGuiApplication>
 #include <filesystem>
+#include <iostream>
 
 #include "app/batch/Refusal.h"
 #include "app/batch/commands/Commands.h"
@@ -21,7 +22,10 @@ namespace {
 class Toolkit {
  public:
   Toolkit() {
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+      // A fatal one ends the program at once: the user must see why.
+      if (type == QtFatalMsg) std::cerr << text.toStdString() << std::endl;
+    });
     qputenv("QT_QPA_PLATFORM", "offscreen");
     application_ = std::make_unique<QGuiApplication>(count_, arguments_);
   }
