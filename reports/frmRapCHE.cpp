@@ -4,6 +4,7 @@
 
 #include "accounting/ChargePostings.h"
 #include "engine/Module3.h"
+#include "platform/forms/FormsApplication.h"
 #include "platform/forms/Hourglass.h"
 #include "platform/system/Clock.h"
 #include "platform/text/Dates.h"
@@ -21,7 +22,8 @@ frmRapCHE::frmRapCHE(QWidget* parent)
 
 void frmRapCHE::Connect() {
   connect(MonthView1, &QCalendarWidget::selectionChanged, this, [this] { MonthView1_Click(); });
-  connect(cmdCalcul, &QPushButton::clicked, this, [this] { cmdCalcul_Click(); });
+  connect(cmdCalcul, &QPushButton::clicked, this,
+          [this] { AfterEvent(this, [this] { cmdCalcul_Click(); }); });
   connect(cmdCMCancel, &QPushButton::clicked, this, [this] { close(); });
   OnClick(cmdListare, "cmdListare_Click",
           [this](Procedure& running) { cmdListare_Click(running); });

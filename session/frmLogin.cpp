@@ -7,6 +7,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "platform/forms/FormsApplication.h"
 #include "platform/forms/Pictures.h"
 #include "platform/system/Desktop.h"
 #include "platform/system/MessageBox.h"
@@ -47,7 +48,8 @@ frmLogin::frmLogin() : Form("frmLogin", "Selectie Societate") {
   connect(TDBGrid1->View(), &QTableView::doubleClicked, txtUserName,
           [this] { txtUserName->setFocus(); });
   OnClick(cmdCauta, "cmdCauta_Click", [this](Procedure&) { cmdCauta_Click(); });
-  connect(cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
+  connect(cmdOK, &QPushButton::clicked, this,
+          [this] { AfterEvent(this, [this] { cmdOK_Click(); }); });
   connect(cmdCancel, &QPushButton::clicked, this, [this] { close(); });
   QApplication::instance()->installEventFilter(this);
   Form_Load();

@@ -5,6 +5,7 @@
 #include <QStyle>
 #include <QToolButton>
 
+#include "platform/forms/FormsApplication.h"
 #include "platform/system/MessageBox.h"
 #include "platform/system/StandardError.h"
 
@@ -55,17 +56,21 @@ class Adodc::Strip {
     button->setIcon(owner_.style()->standardIcon(icon));
     button->setToolTip(tip);
     button->setAccessibleName(tip);
-    QObject::connect(button, &QToolButton::clicked, &owner_, [this, pressed] {
-      try {
-        owner_.UpdateRow();
-        pressed();
-        emit owner_.MovedByUser();
-      } catch (const std::exception&) {
-        ShowMessage({ShortErrorText(CaughtFailure()), kCritical, {}, {}});
-      }
-    });
+    QObject::connect(button, &QToolButton::clicked, &owner_,
+                     [this, pressed] { AfterEvent(&owner_, [this, pressed] { Press(pressed); }); });
     layout->addWidget(button);
     return button;
+  }
+
+  template <class Pressed>
+  void Press(const Pressed& pressed) {
+    try {
+      owner_.UpdateRow();
+      pressed();
+      emit owner_.MovedByUser();
+    } catch (const std::exception&) {
+      ShowMessage({ShortErrorText(CaughtFailure()), kCritical, {}, {}});
+    }
   }
 
   Adodc& owner_;

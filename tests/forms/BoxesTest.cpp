@@ -1,4 +1,6 @@
 // Boxes bound to the rows of a data source.
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QtTest>
 
 #include <gtest/gtest.h>
@@ -223,6 +225,80 @@ TEST(Boxes, ADataComboStandsForItsBoundColumn) {
   emit combo.lineEdit()->editingFinished();
   EXPECT_EQ(combo.BoundText(), "");
   EXPECT_EQ(picked, before + 1);
+}
+
+// A combo over entries of its own, left by leaving its line.
+class TypedCombo : public ::testing::Test {
+ protected:
+  TypedCombo() {
+    for (const char* each : {"2131-Echipamente tehnologice", "2133-Mijloace de transport",
+                             "214-Mobilier, aparatur\xC4\x83 birotic\xC4\x83",
+                             "\xC8\x98tef \xC8\x9A\xC4\x83r\xC4\x83nescu"}) {
+      combo_.addItem(each, QString(each).section('-', 0, 0));
+    }
+    combo_.SetBoundText("2131");
+  }
+  std::string Type(const char* text) {
+    combo_.lineEdit()->selectAll();
+    QTest::keyClicks(combo_.lineEdit(), QString(text));
+    emit combo_.lineEdit()->editingFinished();
+    return combo_.BoundText();
+  }
+
+  DataCombo combo_{"combo"};
+};
+
+TEST_F(TypedCombo, ATextInsideAnEntryMeansItWithoutCaseAndMarks) {
+  EXPECT_EQ(Type("mijloace"), "2133");
+  EXPECT_EQ(Type("APARATURA BIR"), "214");
+  EXPECT_EQ(Type("stef tara"), "\xC8\x98tef \xC8\x9A\xC4\x83r\xC4\x83nescu");
+  EXPECT_EQ(Type("TEHNO"), "2131");
+  EXPECT_TRUE(combo_.Refused().isEmpty());
+}
+
+TEST_F(TypedCombo, WhatIsNotTakenIsMarkedUntilTheUserGoesOn) {
+  EXPECT_EQ(Type("masini"), "2131");
+  EXPECT_EQ(combo_.Text(), "2131-Echipamente tehnologice");
+  EXPECT_EQ(combo_.Refused().toStdString(), "\"masini\" nu este in lista");
+  EXPECT_EQ(combo_.toolTip(), combo_.Refused());
+  EXPECT_NE(combo_.lineEdit()->palette().color(QPalette::Base), QPalette().color(QPalette::Base));
+  EXPECT_EQ(Type("213"), "2131") << "two entries begin so";
+  EXPECT_EQ(combo_.Refused().toStdString(),
+            "\"213\" se potriveste cu mai multe randuri ale listei");
+  QTest::keyClicks(combo_.lineEdit(), "x");
+  EXPECT_TRUE(combo_.Refused().isEmpty());
+  EXPECT_TRUE(combo_.toolTip().isEmpty());
+  EXPECT_EQ(combo_.lineEdit()->palette().color(QPalette::Base), QPalette().color(QPalette::Base));
+}
+
+TEST_F(TypedCombo, TheListOffersWhatHasTheTextInside) {
+  QCompleter* offers = combo_.completer();
+  offers->setCompletionPrefix("BIROTICA");
+  ASSERT_EQ(offers->completionCount(), 1);
+  EXPECT_EQ(offers->currentCompletion(), combo_.itemText(2));
+  offers->setCompletionPrefix("2");
+  EXPECT_EQ(offers->completionCount(), 3);
+}
+
+TEST(Boxes, RowsReadAnewTakeNothingFromWhatIsBeingTyped) {
+  TestCompany company;
+  QWidget window;
+  Adodc accounts("adoCont", &window);
+  accounts.SetConnectionString(company.ConnectionString());
+  accounts.SetRecordSource("Select CONT, TITLU from kv_PC WHERE LEN(CONT) >=3 order by CONT");
+  DataCombo combo("cboCont", &window);
+  combo.SetListField("CONT");
+  combo.SetBoundColumn("CONT");
+  combo.SetRowSource(&accounts);
+  accounts.Refresh();
+  combo.SetBoundText("401");
+  combo.lineEdit()->selectAll();
+  QTest::keyClicks(combo.lineEdit(), "213");
+  accounts.Refresh();
+  EXPECT_EQ(combo.Text(), "213");
+  QTest::keyClicks(combo.lineEdit(), "1");
+  emit combo.lineEdit()->editingFinished();
+  EXPECT_EQ(combo.BoundText(), "2131");
 }
 
 TEST(Boxes, OfEntriesWithTheSameTextTheOneChosenStays) {
