@@ -56,18 +56,6 @@ TEST(CommandLine, TellsItsVersion) {
 
 using CommandLineTest = BatchTest;
 
-TEST_F(CommandLineTest, OptionsStandBeforeOrBehindTheCommand) {
-  const std::string directory = Directory().string();
-  const std::string parola = directory + "/parola";
-  const Result before = RunProgram({"--dir", directory, "--company", "01", "--user", "admin",
-                                    "--password-file", parola, "assets", "--csv"});
-  const Result behind = RunProgram({"assets", "--csv", "--password-file", parola, "--user=admin",
-                                    "--company=01", "--dir", directory});
-  EXPECT_EQ(before.code, kDone) << before.err;
-  EXPECT_EQ(behind.code, kDone) << behind.err;
-  EXPECT_EQ(before.out, behind.out);
-}
-
 TEST_F(CommandLineTest, AResultThatCannotBeWrittenIsARefusal) {
   const std::string directory = Directory().string();
   const std::vector<const char*> argv{"tevra-batch", "--dir", directory.c_str(), "companies"};

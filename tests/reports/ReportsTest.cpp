@@ -215,16 +215,6 @@ TEST_F(ReportsOnPaper, NothingIsCutOff) {
   }
 }
 
-// A report that is on show keeps what it was made of.
-TEST_F(ReportsOnPaper, AnotherRunLeavesTheOneOnShow) {
-  const auto first = ChargesReport({0, "LEI", 10, 2026, true});
-  const std::string before = Bands(*first);
-  company_.Open().Execute("UPDATE I_IMO SET VAL_RAMASA = 1");
-  const auto second = ChargesReport({0, "LEI", 10, 2026, true});
-  EXPECT_EQ(Bands(*first), before);
-  EXPECT_NE(Bands(*second), before);
-}
-
 TEST(MonthNames, AreRomanian) {
   EXPECT_EQ(MonthName(1), "Ianuarie");
   EXPECT_EQ(MonthName(12), "Decembrie");

@@ -101,33 +101,6 @@ class Module1 : public ::testing::Test {
   test::MessageRecorder messages_;
 };
 
-TEST_F(Module1, ARecordsetOutlivesItsConnection) {
-  Recordset users;
-  {
-    Recordset opened = OpenRecordset("Select * from UTILIZATORI where TIP = ?", {0});
-    users = opened;
-  }
-  EXPECT_TRUE(users.IsConnected());
-  users.AddNew();
-  users.Set("NUME", "ana");
-  users.Set("TIP", 2);
-  users.Update();
-  EXPECT_EQ(GetRecordCount("UTILIZATORI"), 2);
-  EXPECT_EQ(GetTextDataCombo("Select NUME from UTILIZATORI where TIP = 2"), "ana");
-  CloseRecordset(users);
-  EXPECT_FALSE(users.IsOpen());
-  EXPECT_NO_THROW(CloseRecordset(users));
-  EXPECT_EQ(FailureOf([] { OpenRecordset("Select NIMIC from UTILIZATORI"); }), kStatementError);
-}
-
-TEST_F(Module1, StatementsTellHowManyRowsTheyTouched) {
-  EXPECT_EQ(ExecuteSQL("INSERT INTO Kv_CC (COD, TITLU) VALUES ('1', 'a'), ('2', 'b')"), 2);
-  EXPECT_EQ(ExecuteSQL("DELETE * FROM kv_cc WHERE COD = ?", {"1"}), 1);
-  EXPECT_EQ(FailureOf([] { ExecuteSQL("DELETE FROM NIMIC"); }), kStatementError);
-  EXPECT_EQ(FailureOf([] { ExecuteSQL("INSERT INTO Kv_CC (COD) VALUES ('2')"); }),
-            kValueNotAccepted);
-}
-
 TEST_F(Module1, ADisconnectedRecordsetChangesInMemoryOnly) {
   for (const bool shape : {false, true}) {
     Recordset journals = getDisconectedRecordset("Select * from KV_JUR order by COD", shape);

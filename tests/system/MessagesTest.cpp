@@ -1,26 +1,9 @@
-#include <ctime>
-
 #include <gtest/gtest.h>
 
-#include "platform/system/Clock.h"
 #include "platform/system/MessageBox.h"
 
 namespace tevra {
 namespace {
-
-TEST(Clock, AnswersTheMomentSet) {
-  clock::Set(DateTime(2005, 1, 1, 8, 30, 0));
-  EXPECT_EQ(DateTime(2005, 1, 1), clock::Today());
-  EXPECT_EQ(DateTime(2005, 1, 1, 8, 30, 0), clock::Now());
-  clock::Reset();
-  const std::time_t before = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&before, &local);
-  const DateTime expected(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour,
-                          local.tm_min, local.tm_sec);
-  EXPECT_GE(clock::Now(), expected);
-  EXPECT_LT(clock::Now().Serial() - expected.Serial(), 1.0 / 24);
-}
 
 TEST(MessageBox, WithoutAHandlerTheHarmlessButtonAnswers) {
   const MessageHandler before = SetMessageHandler({});
