@@ -37,6 +37,7 @@ TEST(MethodPanel, PickingAMethodDerivesItsParameters) {
       {kAccelerated, 1.5, "= 2 0,5"},
       {kWithoutWear, 5, "= 0,333333333333333 0,3"},  // 3.33 years are 3
       {kWithoutWear, 3, "= 0,5 0,5"},
+      {kWithoutWear, 1.5, "= 1 1"},
       {kWithoutWear, 0.5, "= 0 3"},  // no whole linear year
       {kWithoutWear, 6, "!"},
       {kWithoutWear, -1, "- 0 0"},
@@ -57,8 +58,10 @@ TEST(MethodPanel, PickingAMethodDerivesItsParameters) {
   Derived linear;
   PickLinear(8, linear);
   EXPECT_EQ(Text(true, linear), "= 0,125 -");
-  PickLinear(-2, linear);
-  EXPECT_EQ(Text(true, linear), "= 0 -");
+  for (const double none : {-2.0, 0.0}) {
+    PickLinear(none, linear);
+    EXPECT_EQ(Text(true, linear), "= 0 -");
+  }
   Derived missing;
   PickLinear({}, missing);
   EXPECT_EQ(Text(true, missing), "= - -");
