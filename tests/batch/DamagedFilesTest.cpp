@@ -1,11 +1,8 @@
 // Company files that cannot be opened or written: told by name, and left as they are.
-#include <csignal>
-
-#include <sys/resource.h>
-
 #include "app/batch/Batch.h"
 #include "platform/data/FilePassword.h"
 #include "tests/batch/BatchTest.h"
+#include "tests/system/FileSizeLimit.h"
 
 namespace fs = std::filesystem;
 
@@ -52,26 +49,6 @@ TEST_F(DamagedFilesTest, AWriteProtectedFileIsReadAndNotWritten) {
   ExpectRefused({"calculate", "31.12.2006"}, "Eroare la CALCUL !\nEroare 70 - ");
   fs::permissions(company_.File(), fs::perms::owner_all);
 }
-
-/// No file of this process grows beyond `bytes` while it lives.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit{bytes, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, signal_);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
- private:
-  rlimit before_{};
-  void (*signal_)(int);
-};
 
 TEST_F(DamagedFilesTest, AFullDiskLeavesAllRowsOut) {
   std::string rows = "COD,DENUMIRE\n";

@@ -68,6 +68,10 @@ TEST(RowsetDamage, WhatIsNoRowsetIsRefusedWithItsLine) {
       {WithData("<z:row N='1'><z:row N='2'/></z:row>"), "line 10: not a rowset: row within a row"},
       {WithData("<rs:update><z:row N='1'/></rs:update>"),
        "line 10: not a rowset: a changed row without its original"},
+      {WithData("<rs:update><rs:original><z:row N='1'/></rs:original><z:row N='2'/></rs:update>"
+                "<rs:update><z:row N='3'/></rs:update>"),
+       "line 10: not a rowset: a changed row without its original"},
+      {WithData(row) + "<more/>", "line 11: "},
       {WithData("<rs:insert><other/></rs:insert>"), "line 10: not a rowset: other among changed"},
       {kRoot + kSchema + "<rs:data/><rs:data>\n" + row + kEnd, "line 9: not a rowset: rows twice"},
       {WithData(row + row).substr(0, WithData(row + row).size() - 20), "line 11: "},
@@ -86,7 +90,8 @@ TEST(RowsetDamage, WhatIsNoRowsetIsRefusedWithItsLine) {
 
 TEST(RowsetDamage, AValueThatDoesNotConvertIsRefusedWithItsLine) {
   for (const auto& value :
-       Parts("N='x'|N=''|N='1.5'|N='40000'|N='1 2'|V='1,5'|V='1e999'|V='nan'|V='inf'|V='0x10'|"
+       Parts("N='x'|N=''|N='1.5'|N='40000'|N='1 "
+             "2'|N='+-5'|V='1,5'|V='1e999'|V='nan'|V='inf'|V='0x10'|"
              "B='Da'|B=''|T='four'|D='31.12.2004'|D='2004-02-30'|D='2004-12-31T25:00:00'|"
              "D='2004-12-31T00:00:00Z'|D='2004-12-31T00:00:00.'")) {
     const std::string start = "13: Export.xml, line 11: " + value.substr(0, 1) + ": Type mismatch";

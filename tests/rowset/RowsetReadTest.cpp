@@ -64,6 +64,7 @@ TEST(RowsetRead, ValuesFollowTheTypesOfTheirColumns) {
       {"t:type='dateTime' R:dbtype='timestamp'", "2004-12-31T10:20:30.900000000",
        DateTime(2004, 12, 31, 10, 20, 30)},
       {"t:type='date'", "2004-12-31", DateTime(2004, 12, 31)},
+      {"t:type='string' R:dbtype='variantdate'", "2004-12-31T00:00:00", DateTime(2004, 12, 31)},
       {"t:type='string'", "any length goes without a length", "any length goes without a length"},
       {"t:type='uuid' t:maxLength='16'", "{BDC6E3F0-6DA3-11d1}", "{BDC6E3F0-6DA3-11d1}"},
       {"t:type='string' t:maxLength='1'", "&#x219;", "\xC8\x99"},
@@ -81,6 +82,17 @@ TEST(RowsetRead, AValueLeftOutIsTheDefaultOrNull) {
       "<row:row/>"));
   EXPECT_EQ(read.Get("A"), Value(5));
   EXPECT_TRUE(read.Get("B").IsNull());
+}
+
+TEST(RowsetRead, AColumnIsRequiredUnlessOneOfItsMarksLetsItBeNull) {
+  const auto required = [](const std::string& mark, const std::string& ofType) {
+    const std::string column = "<sch:AttributeType name='A' " + mark + "><sch:datatype " + ofType +
+                               " t:type='int'/></sch:AttributeType>";
+    return Read(Foreign(column, "<row:row A='1'/>")).Field(0).def.required;
+  };
+  EXPECT_TRUE(required("", "R:maybenull='false'"));
+  EXPECT_FALSE(required("R:nullable='true'", "R:maybenull='false'"));
+  EXPECT_FALSE(required("", ""));
 }
 
 TEST(RowsetRead, RowsWithPendingChangesAreReadAsChanged) {

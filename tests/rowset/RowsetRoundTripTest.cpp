@@ -5,6 +5,7 @@
 #include "platform/rowset/Rowset.h"
 #include "platform/rowset/RowsetReader.h"
 #include "platform/rowset/RowsetWriter.h"
+#include "tests/system/FileSizeLimit.h"
 #include "tests/system/Folder.h"
 #include "tests/text/Expect.h"
 
@@ -202,14 +203,15 @@ TEST_F(RowsetInFolder, AFileIsReplacedWholeOrNotAtAll) {
   EXPECT_EQ(NamesIn(folder_), (std::vector<std::string>{"Societat.XML"}));
 }
 
-TEST(RowsetRoundTrip, AStreamThatTakesNoMoreIsAFullDisk) {
-  std::ofstream full("/dev/full");
-  RowsetWriter writer(full);
-  EXPECT_EQ(FailureOf([&] {
-              writer.Begin({Column("A", FieldType::Text, 9)});
-              writer.End();
-            }),
-            kDiskFull);
+TEST_F(RowsetInFolder, AFullDiskIsToldWithTheNameOfTheFile) {
+  const std::vector<Values> rows(2000, {"a row that takes some room"});
+  const Recordset recordset = Filled({Column("A", FieldType::Text, 30)}, rows);
+  const FileSizeLimit full(20000);
+  const fs::path file = folder_ / "Societat.XML";
+  const Refusal refusal = RefusalOf([&] { SaveRowset(recordset, file); });
+  EXPECT_EQ(refusal.number, kDiskFull);
+  EXPECT_NE(refusal.text.find("Societat.XML"), std::string::npos) << refusal.text;
+  EXPECT_TRUE(NamesIn(folder_).empty());
 }
 
 TEST(RowsetRoundTrip, AWriterConvertsByTheFieldAndRefusesTheRest) {
