@@ -78,7 +78,7 @@ const std::vector<std::string> kMethodFields = {"DRFANI", "DRFLUNI",    "COEF", 
 
 TEST_F(AssetSave, ANewAssetIsWrittenInFull) {
   AssetCard card = Card();
-  card.number[kExpensed] = 2000.08;
+  card.number[kExpensed] = 2000.0849;
   card.number[kExpensedForeign] = 400.016;
   pAdaugaImobilizare(card);
   EXPECT_EQ(Stored({"COD", "COD_GR_NOU", "COD_GR", "DENUMIRE", "COD_CC", "COD_LOC", "DOCUMENT",
