@@ -24,7 +24,7 @@ struct Year {
 class Track {
  public:
   Track(const PlanParameters& asset, double base)
-      : method_(TraitsOf(static_cast<Method>(asset.TIP_AM))),
+      : method_(TraitsOf(MethodOf(asset.TIP_AM))),
         rate_(*asset.COTA_ANUALA),
         coef_(asset.COEF.value_or(0)),
         switch_(asset.AD2.value_or(0)),

@@ -67,7 +67,7 @@ class Calculation {
       : asset_(asset),
         dataCalcul_(dataCalcul),
         rules_(kVariants[static_cast<std::size_t>(variant)]),
-        method_(TraitsOf(static_cast<Method>(asset.TIP_AM))),
+        method_(TraitsOf(MethodOf(asset.TIP_AM))),
         blocked_(TakenAsBlocked(asset)),
         fields_(fields) {}
 

@@ -47,7 +47,7 @@ ListDescription frmSocietati::Describe() {
   list.buttons = {{&cmdAdauga, "cmdAdauga", "Adaugare", "Creare societate noua",
                    [this](Procedure&) { cmdAdauga_Click(); }, Role::kAdd},
                   {&cmdSterge, "cmdSterge", "Stergere", "Stergere societate selectata",
-                   [this](Procedure&) { cmdSterge_Click(); }},
+                   [this](Procedure&) { cmdSterge_Click(); }, Role::kPlain, true},
                   {&cmdIesire, "cmdIesire", "Iesire", "Inchidere fereastra", {}, Role::kClose}};
   list.size = {580, 430};
   return list;

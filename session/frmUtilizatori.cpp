@@ -61,7 +61,7 @@ ListDescription frmUtilizatori::Describe() {
   list.buttons = {{&cmdAdauga, "cmdAdauga", "Adaugare", "Creare utilizator nou",
                    [this](Procedure& running) { cmdAdauga_Click(running); }, Role::kAdd},
                   {&cmdSterge, "cmdSterge", "Stergere", "Stergere utilizator selectat",
-                   [this](Procedure& running) { cmdSterge_Click(running); }},
+                   [this](Procedure& running) { cmdSterge_Click(running); }, Role::kPlain, true},
                   {&cmdIesire, "cmdIesire", "Iesire", "Inchidere fereastra", {}, Role::kClose}};
   list.least = {520, 240};
   list.size = {620, 400};

@@ -382,7 +382,7 @@ bool DataGrid::eventFilter(QObject* watched, QEvent* event) {
       tools_->ShowHeaderMenu(current.column(), view_->viewport()->mapToGlobal(
                                                    view_->visualRect(current).bottomLeft()));
     } else {
-      tools_->ShowMenu(menu->globalPos());
+      tools_->ShowRowMenu(menu->globalPos());
     }
     return true;
   }

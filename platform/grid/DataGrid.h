@@ -14,6 +14,7 @@
 #include "platform/grid/GridContent.h"
 #include "platform/grid/GridPrint.h"
 
+class QMenu;
 class QTableView;
 
 namespace tevra {
@@ -77,7 +78,8 @@ class DataGrid : public QWidget, public KeepsTyping {
   void ResetColumns();
 
   /// Runs the source's statement anew and goes back to where the user was: to the row with the same
-  /// number in `keyField`, else to the same place, sorted as before. Throws Failure.
+  /// value in `keyField`, a whole number or a text, else to the same place, sorted as before.
+  /// Throws Failure.
   void RefreshInPlace(const std::string& keyField);
 
   /// The text shown in a column of the current row; empty without one.
@@ -117,6 +119,8 @@ class DataGrid : public QWidget, public KeepsTyping {
   /// From the grid's menu; no field: in the statement's order again.
   void SortWanted(const std::string& field, bool descending);
   void CellWritten(int column);
+  /// The menu of the current row is about to show: the screen adds what it does with a row.
+  void RowMenu(QMenu* menu);
 
  protected:
   void hideEvent(QHideEvent* event) override;

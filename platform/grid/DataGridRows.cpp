@@ -104,6 +104,18 @@ std::vector<int> DataGrid::ShownColumns() const {
   return columns;
 }
 
+namespace {
+
+// A value as criteria spell it; a quote in a text is doubled.
+std::string Literal(const Value& value) {
+  if (!value.IsText()) return value.AsText();
+  std::string quoted = "'";
+  for (const char c : value.AsText()) quoted += c == '\'' ? std::string("''") : std::string(1, c);
+  return quoted + "'";
+}
+
+}  // namespace
+
 void DataGrid::RefreshInPlace(const std::string& keyField) {
   const Recordset& before = source_->Recordset();
   const bool stood = source_->HasRow();
@@ -114,7 +126,7 @@ void DataGrid::RefreshInPlace(const std::string& keyField) {
     if (!sort.empty()) rows.SetSort(sort);
     if (!stood || rows.RecordCount() == 0) return;
     rows.MoveFirst();
-    if (!key.IsNull()) rows.Find("[" + keyField + "] = " + key.AsText());
+    if (!key.IsNull()) rows.Find("[" + keyField + "] = " + Literal(key));
     if (key.IsNull() || rows.Eof()) rows.SetPosition(std::min(place, rows.RecordCount() - 1));
   });
 }

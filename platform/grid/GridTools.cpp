@@ -113,6 +113,20 @@ void GridTools::ShowMenu(const QPoint& globalPosition) {
   menu.popup(globalPosition);
 }
 
+void GridTools::ShowRowMenu(const QPoint& globalPosition) {
+  QMenu& menu = NewMenu();
+  emit grid_.RowMenu(&menu);
+  if (!key_.empty()) {
+    if (!menu.isEmpty()) menu.addSeparator();
+    FillMenu(menu);
+  }
+  if (menu.isEmpty()) {
+    delete &menu;
+  } else {
+    menu.popup(globalPosition);
+  }
+}
+
 // A command shows windows of its own. The menu is gone by then.
 void GridTools::FillMenu(QMenu& menu) {
   const auto add = [&](const char* text, void (GridTools::*command)()) {

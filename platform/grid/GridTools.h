@@ -29,8 +29,9 @@ class GridTools : public QObject {
 
   /// The menu of a column's head: sorting, and the column itself.
   void ShowHeaderMenu(int column, const QPoint& globalPosition);
-  /// The menu of the list.
+  /// The menu of the list, and that of a row: what the screen does with it, then the list's.
   void ShowMenu(const QPoint& globalPosition);
+  void ShowRowMenu(const QPoint& globalPosition);
 
   /// The marked rows as a table; without any the text of the current cell.
   void Copy();

@@ -21,7 +21,7 @@ struct ListButton {
     kPlain,
     kAdd,     ///< Tab goes from the boxes above the list to it
     kChange,  ///< Enter and a double click on a row press it too, where the list is not edited
-    kClose    ///< closes the screen, as Escape does; needs no action
+    kClose    ///< closes the screen, as Escape does; takes no action
   };
 
   QPushButton** member;  ///< the screen's pointer to it
@@ -31,6 +31,7 @@ struct ListButton {
   /// Runs as the procedure "<name>_Click", once the box with the focus let go.
   std::function<void(Procedure& running)> pressed = {};
   Role role = Role::kPlain;
+  bool inRowMenu = false;  ///< the menu of a row, behind the right mouse button, offers it too
 };
 
 /// One way to search.
@@ -75,7 +76,7 @@ struct ListDescription {
   Values params = {};
   std::vector<GridColumn> columns;
 
-  /// The number field by which a row is found again; needed for `refreshed` and for deleting.
+  /// The field by which a row is found again; needed for `refreshed` and for deleting.
   std::string key = {};
   bool refreshed = false;  ///< the rows are read anew whenever the screen comes to the front
   bool editable = false;   ///< cells are edited in place

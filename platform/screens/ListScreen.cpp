@@ -1,5 +1,6 @@
 #include "platform/screens/ListScreen.h"
 
+#include <QMenu>
 #include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -146,6 +147,7 @@ void ListScreen::Connect() {
     OnClickShort(cmdUp, "cmdUp_Click", [this](Procedure&) { Sort(1); });
     OnClickShort(cmdDown, "cmdDown_Click", [this](Procedure&) { Sort(2); });
   }
+  connect(grid_, &DataGrid::RowMenu, this, &ListScreen::FillRowMenu);
   connect(grid_, &DataGrid::SelChange, this, [this] {
     const std::string procedure = std::string(list_.grid) + "_SelChange";
     RunShort(procedure.c_str(), [this](Procedure&) { FollowSelection(); });
@@ -155,17 +157,28 @@ void ListScreen::Connect() {
 void ListScreen::ConnectButtons() {
   for (const ListButton& each : list_.buttons) {
     QPushButton* button = *each.member;
-    const bool closes = each.role == ListButton::Role::kClose;
-    const Body body = [this, closes, pressed = each.pressed](Procedure& running) {
-      if (pressed) pressed(running);
-      if (closes) close();
-    };
+    // Giving up leaves no box, so it goes past what a click does first.
+    if (each.role == ListButton::Role::kClose) {
+      connect(button, &QPushButton::clicked, this, [this] { close(); });
+      continue;
+    }
+    const Body body = each.pressed;
     procedures_.push_back(std::string(each.name) + "_Click");
     const char* procedure = procedures_.back().c_str();
     list_.shortFailures ? OnClickShort(button, procedure, body) : OnClick(button, procedure, body);
     if (each.role == ListButton::Role::kChange && !list_.editable) {
       connect(grid_->View(), &QTableView::activated, button, &QPushButton::click);
     }
+  }
+}
+
+void ListScreen::FillRowMenu(QMenu* menu) {
+  for (const ListButton& each : list_.buttons) {
+    if (!each.inRowMenu) continue;
+    QPushButton* button = *each.member;
+    QAction* action = menu->addAction(button->text(), button, &QPushButton::click);
+    action->setEnabled(button->isEnabled() && datPrimaryRS->HasRow());
+    action->setToolTip(button->toolTip());
   }
 }
 

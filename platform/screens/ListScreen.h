@@ -15,6 +15,8 @@
 #include "platform/screens/ListDescription.h"
 #include "platform/system/MessageBox.h"
 
+class QMenu;
+
 namespace tevra {
 
 /// A screen derives from it and calls Open at the end of its constructor. Controls that the
@@ -105,6 +107,7 @@ class ListScreen : public Form {
   void OrderControls();
   void Connect();
   void ConnectButtons();
+  void FillRowMenu(QMenu* menu);
   void FollowSelection();
   void Sort(long sortType);
   const ListSearchWay& ChosenWay() const;

@@ -289,7 +289,12 @@ TEST_F(GridWork, RefreshedTheListKeepsItsPlaceAndItsOrder) {
   EXPECT_EQ(Cell(0, 0) + Cell(1, 0) + Cell(2, 0) + Cell(3, 0), "Aa0bc");
   EXPECT_EQ(grid_.ColumnText(0), "b");
   EXPECT_EQ(grid_.SortFields(), std::vector<std::string>{"COD"});
-  company_.Open().Execute("DELETE * FROM I_IMO WHERE COD = 'b'");
+  company_.Open().Execute("UPDATE I_IMO SET COD = 'b''c' WHERE COD = 'b'");
+  grid_.RefreshInPlace("NRCRT");
+  company_.AddAsset({{"COD", "a1"}});
+  grid_.RefreshInPlace("COD");
+  EXPECT_EQ(grid_.ColumnText(0), "b'c");
+  company_.Open().Execute("DELETE * FROM I_IMO WHERE COD IN ('b''c', 'a1')");
   grid_.RefreshInPlace("NRCRT");
   EXPECT_EQ(grid_.ColumnText(0), "c");
   company_.Open().Execute("DELETE * FROM I_IMO");

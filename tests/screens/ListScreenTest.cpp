@@ -1,4 +1,6 @@
 // The pattern of a list, by a small list over the lines of notes.
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QTableView>
 #include <QtTest>
 
@@ -41,7 +43,7 @@ class frmLinii : public ListScreen {
                        AddRow({{"NDI", 9}, {"NRLINIE", 1}, {"CONT", "5311"}});
                      }},
                     {&cmdModificare, "cmdModificare", "Modificare", "Modificare linie",
-                     [this](Procedure&) { opened.push_back(selected); }, Role::kChange},
+                     [this](Procedure&) { opened.push_back(selected); }, Role::kChange, true},
                     {&cmdSterge, "cmdSterge", "Stergere", "Stergere nota",
                      [this](Procedure& running) {
                        DeleteRow(running, "Stergeti nota " + Text("NDI") + " ?", kQuestion,
@@ -87,10 +89,13 @@ class ListScreens : public ::testing::Test {
     list_->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(list_));
   }
+  // A menu goes with its screen, so the screens are picked out before the first one is deleted.
   ~ListScreens() override {
+    std::vector<Form*> screens;
     for (QWidget* window : QApplication::topLevelWidgets()) {
-      if (dynamic_cast<Form*>(window)) delete window;
+      if (auto* screen = dynamic_cast<Form*>(window)) screens.push_back(screen);
     }
+    for (Form* screen : screens) delete screen;
   }
   std::string Notes() const {
     const QAbstractItemModel* model = list_->TDBGrid1->View()->model();
@@ -183,6 +188,34 @@ TEST_F(ListScreens, ButtonsAddChangeAndDelete) {
   const std::size_t told = messages_.shown.size();
   Press(list_->cmdSterge);
   EXPECT_EQ(messages_.shown.size(), told);
+}
+
+TEST_F(ListScreens, TheMenuOfARowOffersItsButtons) {
+  GoTo(1);
+  const auto menu = [this] {
+    QMenu made;
+    emit list_->TDBGrid1->RowMenu(&made);
+    std::string offered;
+    for (QAction* action : made.actions()) {
+      offered += action->text().toStdString() + (action->isEnabled() ? "" : "-") + " ";
+      action->trigger();
+    }
+    QCoreApplication::processEvents();
+    return offered;
+  };
+  EXPECT_EQ(menu(), "Modificare ");
+  EXPECT_EQ(list_->opened, (std::vector<std::string>{"2"}));
+  company_.Open().Execute("DELETE * FROM Kv_Linii");
+  list_->Coming();
+  EXPECT_EQ(menu(), "Modificare- ");
+  EXPECT_EQ(list_->opened.size(), 1u);
+  // The right mouse button brings it, also where the list has no menu of its own.
+  QContextMenuEvent asked(QContextMenuEvent::Mouse, {20, 20}, QPoint(20, 20));
+  QApplication::sendEvent(list_->TDBGrid1->View(), &asked);
+  auto* shown = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_TRUE(shown);
+  EXPECT_EQ(shown->actions().size(), 1);
+  shown->close();
 }
 
 TEST_F(ListScreens, ComingBackShowsTheRowsOfNowAtTheSamePlace) {
