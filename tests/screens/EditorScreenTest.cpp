@@ -132,6 +132,21 @@ TEST_F(EditorScreens, FailuresAreToldUnderTheirTitles) {
   EXPECT_EQ(screen_->grdDataGrid->View()->model()->rowCount(), 1);
 }
 
+TEST_F(EditorScreens, WhatWasTypedAndNotAddedIsAskedAboutAtTheClose) {
+  Add("A1", "Atelier");  // the boxes keep their texts
+  screen_->txtCod->SetText("B1");
+  messages_.answers = {kNo};
+  screen_->close();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(messages_.shown.size(), 1u);
+  EXPECT_TRUE(screen_->isVisible());
+  screen_->txtCod->SetText("A1");
+  screen_->close();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(messages_.shown.size(), 1u);
+  EXPECT_FALSE(screen_->isVisible());
+}
+
 TEST_F(EditorScreens, TabGoesFromTheBoxesToTheAddButtonAndThenToTheList) {
   screen_->txtCod->setFocus();
   for (QWidget* next : std::initializer_list<QWidget*>{screen_->txtTitlu, screen_->cmdAdauga,
