@@ -1,10 +1,15 @@
 #include "accounting/ChargePostings.h"
 
 #include <cmath>
+#include <cstdint>
+#include <limits>
 
+#include "accounting/MonthlyCharge.h"
+#include "accounting/NoteChecker.h"
 #include "accounting/cBLLNoteContabile.h"
 #include "platform/data/MoneySum.h"
-#include "platform/data/Recordset.h"
+#include "platform/data/RowReader.h"
+#include "platform/text/Invariant.h"
 #include "platform/text/Numbers.h"
 #include "session/Module1.h"
 #include "session/Session.h"
@@ -13,16 +18,14 @@ namespace tevra {
 
 namespace {
 
-constexpr int kBani = 2;  // decimals
-
 // Each asset is a group of its own. The order of the inner statement is no promise to the outer
 // one.
 std::string ChargesStatement() {
   return std::string(
              "SELECT COD_CC,VAL_AMOR, I.Cont_AMO as ContDebit, I.Cont_Chelt  as ContChelt, "
              "S.NRCRT AS NRCRT FROM (") +
-         "SELECT NRCRT, COD,COD_CC, CONT, DENUMIRE, blocata, IIF(BLOCATA=-1,VAL_BLOCATA * "
-         "COTAL_LUNARA,(VAL_CUMP - VALCHELEI) * cotal_lunara) AS VAL_AMOR, VAL_AMOR_CUMULATA, "
+         "SELECT NRCRT, COD,COD_CC, CONT, DENUMIRE, blocata, " + kMonthlyCharge +
+         " AS VAL_AMOR, VAL_AMOR_CUMULATA, "
          "VAL_RAMASA, VAL_AMOR_CUMULATA + VAL_RAMASA AS VAL_CUMP, SUM(VAL_CUMP) AS TVALCUMP, "
          "SUM(VAL_AMOR) AS TVALAM, SUM(VAL_AMOR_CUMULATA) AS TVALAMO, SUM(VAL_RAMASA) AS "
          "TVALRAMASA, COTAL_LUNARA FROM I_IMO GROUP BY COD,COD_CC, CONT, DENUMIRE, NRCRT, "
@@ -49,18 +52,87 @@ void SetFixed(cBLLNoteContabile& note, const DateTime& date) {
   note.DevDebit = 0;
 }
 
-void AddCharge(cBLLNoteContabile& note, const Connection& connection, const Recordset& asset,
-               double charge) {
-  note.CodBUG = asset.Get("COD_CC").TextOrEmpty();
-  // The statement's name for the depreciation account is the wrong way round.
-  note.Cont = asset.Get("ContDebit").TextOrEmpty();
+// The assets with their charges, one after another in the order of their numbers.
+class Charges {
+ public:
+  explicit Charges(const Connection& connection)
+      : rows_(connection, ChargesStatement()),
+        number_(rows_.Column("NRCRT")),
+        centre_(rows_.Column("COD_CC")),
+        charge_(rows_.Column("VAL_AMOR")),
+        // The statement's name for the depreciation account is the wrong way round.
+        depreciationAccount_(rows_.Column("ContDebit")),
+        expenseAccount_(rows_.Column("ContChelt")) {}
+
+  [[nodiscard]] bool Next() {
+    const std::int64_t before = asset;
+    if (!rows_.Next()) return false;
+    asset = rows_.Get(number_).Whole();
+    Invariant(asset > before, "imobilizarile nu se citesc in ordinea numarului curent");
+    return true;
+  }
+
+  double Charge() const { return Nz(PostedCharge(rows_.Get(charge_))).AsDouble(); }
+  std::string Centre() const { return std::string(rows_.Text(centre_)); }
+  std::string DepreciationAccount() const { return std::string(rows_.Text(depreciationAccount_)); }
+  std::string ExpenseAccount() const { return std::string(rows_.Text(expenseAccount_)); }
+
+  std::int64_t asset = std::numeric_limits<std::int64_t>::min();  ///< NRCRT
+
+ private:
+  RowReader rows_;
+  int number_;
+  int centre_;
+  int charge_;
+  int depreciationAccount_;
+  int expenseAccount_;
+};
+
+void AddLine(cBLLNoteContabile& note, const Connection& connection, bool sameNote,
+             NoteChecker& checker) {
+  note.AddNota(connection, sameNote);
+  checker.Add(note.NDI, note.NrLinie, note.Debit, note.CreditAmount());
+}
+
+void AddCharge(cBLLNoteContabile& note, const Connection& connection, const Charges& charges,
+               double charge, NoteChecker& checker) {
+  if (!std::isfinite(charge)) throw Failure(kOverflow, "Overflow: VAL_AMOR");
+  note.CodBUG = charges.Centre();
+  note.Cont = charges.DepreciationAccount();
   note.SetCredit(CStr(charge));
   note.Debit = 0;
-  note.AddNota(connection, false);
-  note.Cont = asset.Get("ContChelt").TextOrEmpty();
+  AddLine(note, connection, false, checker);
+  note.Cont = charges.ExpenseAccount();
   note.SetCredit("0");
   note.Debit = charge;
-  note.AddNota(connection, true);
+  AddLine(note, connection, true, checker);
+}
+
+ChargesPosted WriteNotes(Connection& connection, cBLLNoteContabile& note) {
+  ChargesPosted posted;
+  MoneySum sum;
+  NoteChecker checker;
+  for (Charges charges(connection); charges.Next();) {
+    const double charge = charges.Charge();
+    if (charge == 0) continue;
+    try {
+      AddCharge(note, connection, charges, charge, checker);
+    } catch (const Failure& failure) {
+      if (failure.Number() == kBrokenInvariant) throw;
+      throw Failure(failure.Number(), failure.Description(),
+                    "NRCRT " + std::to_string(charges.asset));
+    }
+    ++posted.notes;
+    sum.Add(charge);
+  }
+  checker.Finish();
+  InvariantEqual(checker.Notes(), posted.notes, "note scrise");
+  InvariantEqual(checker.Lines(), 2 * posted.notes, "linii scrise");
+  InvariantEqual(
+      connection.QueryValue("SELECT COUNT(*) FROM Kv_Linii WHERE DOC = ?", {note.Doc}).Whole(),
+      checker.Lines(), "linii gasite in fisier");
+  posted.lei = sum.Total();
+  return posted;
 }
 
 }  // namespace
@@ -71,27 +143,11 @@ std::string ChargeDocument(const DateTime& date) {
 
 ChargesPosted PostCharges(Connection& connection, const DateTime& date) {
   Transaction transaction(connection);
-  Recordset assets = connection.OpenRecordset(ChargesStatement());
   cBLLNoteContabile note;
   SetFixed(note, date);
   connection.Execute("DELETE FROM Kv_LINII WHERE DOC=?", {note.Doc});
-  ChargesPosted posted;
-  MoneySum sum;
-  for (; !assets.Eof(); assets.MoveNext()) {
-    const double charge = RoundTo(Nz(assets.Get("VAL_AMOR")).AsDouble(), kBani);
-    if (charge == 0) continue;
-    try {
-      if (!std::isfinite(charge)) throw Failure(kOverflow, "Overflow: VAL_AMOR");
-      AddCharge(note, connection, assets, charge);
-    } catch (const Failure& failure) {
-      throw Failure(failure.Number(), failure.Description(),
-                    "NRCRT " + assets.Get("NRCRT").AsText());
-    }
-    ++posted.notes;
-    sum.Add(charge);
-  }
+  const ChargesPosted posted = WriteNotes(connection, note);
   transaction.Commit();
-  posted.lei = sum.Total();
   return posted;
 }
 

@@ -30,6 +30,7 @@ class cBLLNoteContabile {
   double Debit = 0;  ///< lei
   /// Lei, as text in Romanian form, "0" too. SetCredit throws Failure 13 for what is no number.
   std::string Credit() const;
+  double CreditAmount() const { return credit_; }
   void SetCredit(const std::string& text);
   std::string Doc;  ///< required; document
   std::string Marca;

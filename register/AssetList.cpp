@@ -1,7 +1,5 @@
 #include "register/AssetList.h"
 
-#include "platform/data/MoneySum.h"
-#include "platform/data/Recordset.h"
 #include "platform/text/Numbers.h"
 #include "session/Module1.h"
 
@@ -18,21 +16,6 @@ std::string AssetListStatement() {
 
 std::string AssetSearchStatement() {
   return AssetListStatement() + " where denumire like ? order by nrcrt desc, denumire";
-}
-
-AssetTotals TotalsOfAllAssets(Connection& connection) {
-  std::string sums;
-  for (const char* field : kTotalledFields) {
-    sums += (sums.empty() ? "" : ", ") + ("SUM(" + std::string(field) + ")");
-  }
-  const Recordset row = connection.OpenRecordset("SELECT " + sums + " FROM I_IMO");
-  AssetTotals totals{};
-  for (std::size_t i = 0; i < totals.size(); ++i) {
-    MoneySum sum;
-    sum.Add(row.Get(i));
-    totals[i] = sum.Total();
-  }
-  return totals;
 }
 
 void AddListedAsset(std::vector<double>& totals, const Values& values) {

@@ -26,10 +26,6 @@ inline constexpr const char* kAssetsByNumber = "select * from I_imo ORDER BY nrc
 inline constexpr std::array<const char*, 6> kTotalledFields{
     "VAL_CUMP",   "VAL_CUMP_VAL",  "VAL_AMOR_CUMULATA", "VAL_AMOR_CUMULATA_VAL",
     "VAL_RAMASA", "VAL_RAMASA_VAL"};
-using AssetTotals = std::array<double, kTotalledFields.size()>;
-
-/// The totals of all assets, Null counting as 0. Throws Failure.
-AssetTotals TotalsOfAllAssets(Connection& connection);
 
 /// Adds the totalled fields of one asset as a listing does: each total is rounded to whole lei
 /// after each asset, but for the purchase value in currency.

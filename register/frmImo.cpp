@@ -81,11 +81,6 @@ std::vector<ListButton> frmImo::Buttons() {
   };
 }
 
-std::vector<double> frmImo::TotalsOf(const std::string&, const Values&) {
-  const AssetTotals totals = TotalsOfAllAssets(datPrimaryRS->GetConnection());
-  return {totals.begin(), totals.end()};
-}
-
 void frmImo::AddToTotals(std::vector<double>& totals, const Values& row) const {
   AddListedAsset(totals, row);
 }

@@ -32,7 +32,6 @@ class frmImo : public ListScreen {
   void CommandButton3_Click(Procedure& running);
   void cmdPlan_Click(Procedure& running);
 
-  std::vector<double> TotalsOf(const std::string& statement, const Values& params) override;
   void AddToTotals(std::vector<double>& totals, const Values& row) const override;
   void RowSelected(const std::string& key) override { sNrCrt = key; }
   void ShowCount() override;

@@ -58,7 +58,9 @@ class Connection {
   /// The same rows, fetched as they are looked at: what is held of each is where to find it. For
   /// lists that may be long. Static after all where no table of the statement tells its rows apart
   /// (groups, unions, subqueries as sources). See Recordset for how it differs from a static one.
-  Recordset OpenKeyset(const std::string& sql, const Values& params = {});
+  /// `totalled`: fields of numbers that are added up in the same pass, see Recordset::Total.
+  Recordset OpenKeyset(const std::string& sql, const Values& params = {},
+                       const std::vector<std::string>& totalled = {});
 
   /// The first field of the first row; Null when there is no row.
   Value QueryValue(const std::string& sql, const Values& params = {});

@@ -198,6 +198,14 @@ std::string Quoted(std::string_view name) {
   return quoted + '"';
 }
 
+std::string RowKeyOf(Database& database, const std::string& table) {
+  Statement select(database,
+                   "SELECT CASE WHEN count(*) = 1 AND max(type) = 'INTEGER' THEN max(name) END "
+                   "FROM pragma_table_info(?) WHERE pk > 0");
+  select.Bind({table});
+  return select.Step() ? select.Column(0).TextOrEmpty() : std::string();
+}
+
 Statement::Statement(Database& database, const std::string& sql) : database_(database), sql_(sql) {
   Prepare(sql);
 }
@@ -225,6 +233,7 @@ std::vector<std::string> ColumnsOf(Database& database, const std::string& select
 Statement::Statement(Database& database, const std::string& sql, dialect::Options options,
                      dialect::Rewritten& rewritten)
     : database_(database), sql_(sql) {
+  options.rowKeyOf = [&database](const std::string& table) { return RowKeyOf(database, table); };
   const auto prepare = [&] {
     rewritten = OfStatement(sql, [&] { return dialect::Rewrite(sql, options); });
     Prepare(rewritten.sql);

@@ -135,6 +135,9 @@ struct ResetAtEnd {
   ~ResetAtEnd() { statement.Reset(); }
 };
 
+/// The column of a table that is the row's own number, a key of one whole number; "" without one.
+std::string RowKeyOf(Database& database, const std::string& table);
+
 /// A name between double quotes.
 std::string Quoted(std::string_view name);
 

@@ -1,6 +1,7 @@
 #include "platform/data/Keyset.h"
 
 #include <algorithm>
+#include <functional>
 #include <unordered_map>
 
 #include "platform/data/Recordset.h"
@@ -10,7 +11,12 @@ namespace tevra::detail {
 
 namespace {
 
+// Most lists come in the order of their ids, one way or the other.
 bool AllDiffer(std::vector<std::int64_t> ids) {
+  const auto nowhere = [&ids](auto follows) {
+    return std::adjacent_find(ids.begin(), ids.end(), follows) == ids.end();
+  };
+  if (nowhere(std::greater_equal<>()) || nowhere(std::less_equal<>())) return true;
   std::sort(ids.begin(), ids.end());
   return std::adjacent_find(ids.begin(), ids.end()) == ids.end();
 }
@@ -32,10 +38,11 @@ Keyset::Keyset(const std::shared_ptr<Database>& database, const std::string& rew
 std::unique_ptr<Keyset> Keyset::Open(const std::shared_ptr<Database>& database,
                                      const std::string& rewritten, const Values& params,
                                      const std::vector<FieldInfo>& fields,
-                                     const std::vector<dialect::Source>& sources) {
+                                     const std::vector<dialect::Source>& sources,
+                                     const std::vector<std::size_t>& totalled) {
   std::unique_ptr<Keyset> keyset(new Keyset(database, rewritten, params, fields, sources.size()));
   for (std::size_t source = 0; source < sources.size(); ++source) {
-    if (keyset->ReadIds(source)) return keyset;
+    if (keyset->ReadIds(source, totalled)) return keyset;
   }
   return nullptr;
 }
@@ -44,16 +51,32 @@ std::string Keyset::IdColumn() const {
   return Quoted("__row" + std::to_string(source_ + 1));
 }
 
-// Only the id is asked for, so that the engine leaves out the tables that give nothing but names.
-bool Keyset::ReadIds(std::size_t source) {
+// The row id and some fields of all rows. Names may repeat in a list; the places of its columns do
+// not. What is not asked for the engine leaves out, tables that give nothing but names among it.
+std::string Keyset::SelectOf(const std::vector<std::size_t>& fields) const {
+  std::string names;
+  for (std::size_t i = 0; i < fieldCount_; ++i) names += "c" + std::to_string(i) + ",";
+  for (std::size_t i = fieldCount_; i < defs_.size(); ++i) {
+    names += (i > fieldCount_ ? ",r" : "r") + std::to_string(i - fieldCount_);
+  }
+  std::string wanted = "r" + std::to_string(source_);
+  for (const std::size_t field : fields) wanted += ",c" + std::to_string(field);
+  return "WITH __list(" + names + ") AS (" + sql_ + ") SELECT " + wanted + " FROM __list";
+}
+
+bool Keyset::ReadIds(std::size_t source, const std::vector<std::size_t>& totalled) {
   source_ = source;
   ids_.clear();
-  Statement select(*database_, "SELECT " + IdColumn() + " FROM (" + sql_ + ")");
+  totals_.assign(totalled.size(), {});
+  Statement select(*database_, SelectOf(totalled));
   select.Bind(params_);
+  sqlite3_stmt* row = select.Get();
   while (select.Step()) {
-    const Value id = select.Column(0);
-    if (id.IsNull()) return false;
-    ids_.push_back(id.Whole());
+    if (sqlite3_column_type(row, 0) == SQLITE_NULL) return false;
+    ids_.push_back(sqlite3_column_int64(row, 0));
+    for (std::size_t i = 0; i < totalled.size(); ++i) {
+      totals_[i].Add(sqlite3_column_double(row, static_cast<int>(i) + 1));  // Null is 0
+    }
   }
   return AllDiffer(ids_);
 }
@@ -96,16 +119,7 @@ std::vector<Values> Keyset::Scan(const std::vector<std::size_t>& fields) {
   std::unordered_map<std::int64_t, std::size_t> rowOf;
   rowOf.reserve(ids_.size());
   for (std::size_t row = 0; row < ids_.size(); ++row) rowOf[ids_[row]] = row;
-  // Names may repeat in a list; the places of its columns do not.
-  std::string names;
-  for (std::size_t i = 0; i < fieldCount_; ++i) names += "c" + std::to_string(i) + ",";
-  for (std::size_t i = fieldCount_; i < defs_.size(); ++i) {
-    names += (i > fieldCount_ ? ",r" : "r") + std::to_string(i - fieldCount_);
-  }
-  std::string wanted = "r" + std::to_string(source_);
-  for (const std::size_t field : fields) wanted += ",c" + std::to_string(field);
-  Statement select(
-      *database_, "WITH __list(" + names + ") AS (" + sql_ + ") SELECT " + wanted + " FROM __list");
+  Statement select(*database_, SelectOf(fields));
   select.Bind(params_);
   std::vector<Values> scanned(ids_.size(), Values(fields.size()));
   while (select.Step()) {

@@ -10,6 +10,7 @@
 
 #include "platform/data/Database.h"
 #include "platform/data/FieldType.h"
+#include "platform/data/MoneySum.h"
 #include "platform/dialect/Rewriter.h"
 
 namespace tevra {
@@ -26,12 +27,17 @@ class Keyset {
 
   /// Nothing when no source of the statement tells its rows apart (a join that repeats the rows of
   /// every table). `rewritten`: the statement with the row ids of `sources` behind its list.
+  /// `totalled`: fields that are added up in the same pass.
   static std::unique_ptr<Keyset> Open(const std::shared_ptr<Database>& database,
                                       const std::string& rewritten, const Values& params,
                                       const std::vector<FieldInfo>& fields,
-                                      const std::vector<dialect::Source>& sources);
+                                      const std::vector<dialect::Source>& sources,
+                                      const std::vector<std::size_t>& totalled);
 
   std::size_t RowCount() const { return ids_.size(); }
+
+  /// The sums of the totalled fields when it was opened, in their order.
+  const std::vector<MoneySum>& Totals() const { return totals_; }
 
   /// The values of up to kPageRows rows, the row ids behind them. One that is no longer there has
   /// Nulls but for its own id.
@@ -47,7 +53,8 @@ class Keyset {
  private:
   Keyset(const std::shared_ptr<Database>& database, const std::string& rewritten,
          const Values& params, const std::vector<FieldInfo>& fields, std::size_t sourceCount);
-  bool ReadIds(std::size_t source);
+  bool ReadIds(std::size_t source, const std::vector<std::size_t>& totalled);
+  std::string SelectOf(const std::vector<std::size_t>& fields) const;
   Values Missing(std::size_t row) const;
   std::string IdColumn() const;
 
@@ -57,8 +64,9 @@ class Keyset {
   std::vector<FieldDef> defs_;  // of the fields, then those of the row ids
   std::vector<bool> typed_;
   std::size_t fieldCount_ = 0;
-  std::size_t source_ = 0;           // whose row ids tell the rows apart
-  std::vector<std::int64_t> ids_;    // by row number; 0 for a row that only its writer knows
+  std::size_t source_ = 0;         // whose row ids tell the rows apart
+  std::vector<std::int64_t> ids_;  // by row number; 0 for a row that only its writer knows
+  std::vector<MoneySum> totals_;
   std::unique_ptr<Statement> page_;  // reset between calls
 };
 

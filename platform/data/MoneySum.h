@@ -10,6 +10,7 @@ namespace tevra {
 class MoneySum {
  public:
   void Add(const Value& value);
+  void Add(double value) { sum_ += value; }
 
   /// Without the traces of adding binary fractions: those behind the fourth decimal.
   double Total() const;

@@ -139,24 +139,27 @@ const Value kNull;
 }  // namespace
 
 Recordset Recordset::Open(const Connection& connection, const std::string& sql,
-                          const Values& params, bool byPages) {
+                          const Values& params, bool byPages,
+                          const std::vector<std::string>& totalled) {
   auto state = std::make_shared<State>();
   state->rows = std::make_shared<Rows>();
   state->rows->connection = connection;
   state->rows->sql = sql;
   state->rows->params = params;
   state->rows->byPages = byPages;
+  state->rows->totalled = totalled;
   state->rows->Load();
   state->Arrange({}, {});
   return Recordset(state);
 }
 
 Recordset Connection::OpenRecordset(const std::string& sql, const Values& params) {
-  return Recordset::Open(*this, sql, params, false);
+  return Recordset::Open(*this, sql, params, false, {});
 }
 
-Recordset Connection::OpenKeyset(const std::string& sql, const Values& params) {
-  return Recordset::Open(*this, sql, params, true);
+Recordset Connection::OpenKeyset(const std::string& sql, const Values& params,
+                                 const std::vector<std::string>& totalled) {
+  return Recordset::Open(*this, sql, params, true, totalled);
 }
 
 Recordset Recordset::Create(std::vector<FieldInfo> fields) {
@@ -192,6 +195,14 @@ std::optional<std::size_t> Recordset::FindField(const std::string& name) const {
     if (EqualNoCase(Field(i).def.name, name)) return i;
   }
   return std::nullopt;
+}
+
+double Recordset::Total(const std::string& field) const {
+  const RowStore& rows = *S().rows;
+  for (std::size_t i = 0; i < rows.totalled.size(); ++i) {
+    if (EqualNoCase(rows.totalled[i], field)) return rows.totals[i];
+  }
+  throw Failure(kItemNotFound, "Item not found: " + field);
 }
 
 bool Recordset::Bof() const {

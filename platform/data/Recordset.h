@@ -46,6 +46,10 @@ class Recordset {
   std::size_t FieldIndex(const std::string& name) const;  ///< without case; the first of that name
   std::optional<std::size_t> FindField(const std::string& name) const;
 
+  /// The sum of a field, as the rows were when they were last read, all of them whatever the
+  /// filter; Null counts as 0. Only of the fields for which OpenKeyset was asked to add up.
+  double Total(const std::string& field) const;
+
   // Position.
   bool Bof() const;
   bool Eof() const;
@@ -120,7 +124,7 @@ class Recordset {
   explicit Recordset(std::shared_ptr<State> s) : s_(std::move(s)) {}
   State& S() const;
   static Recordset Open(const Connection& connection, const std::string& sql, const Values& params,
-                        bool byPages);
+                        bool byPages, const std::vector<std::string>& totalled);
   std::shared_ptr<State> s_;
 };
 

@@ -29,13 +29,8 @@ bool AllAreTables(Database& database, const std::vector<dialect::Source>& source
 
 // A key of one whole number is the row id itself and moves with it.
 bool IsRowId(Connection& target, const FieldInfo& field) {
-  if (field.def.type != FieldType::Long) return false;
-  Statement select(
-      *detail::DatabaseOf(target),
-      "SELECT count(*) = 1 AND max(name) = ?2 COLLATE NOCASE AND max(type) = 'INTEGER' "
-      "FROM pragma_table_info(?1) WHERE pk > 0");
-  select.Bind({field.baseTable, field.baseColumn});
-  return select.Step() && select.Column(0).AsBool();
+  return field.def.type == FieldType::Long &&
+         EqualNoCase(RowKeyOf(*detail::DatabaseOf(target), field.baseTable), field.baseColumn);
 }
 
 // " WHERE rowid = ? AND field IS ? ..." with the values for it.
@@ -72,6 +67,27 @@ std::vector<Row> ReadRows(Statement& select, const std::vector<FieldInfo>& field
   return rows;
 }
 
+std::vector<std::size_t> FieldsNamed(const std::vector<std::string>& names,
+                                     const std::vector<FieldInfo>& fields) {
+  std::vector<std::size_t> found;
+  for (const std::string& name : names) {
+    const auto field = std::find_if(fields.begin(), fields.end(), [&](const FieldInfo& info) {
+      return EqualNoCase(info.def.name, name);
+    });
+    if (field == fields.end()) throw Failure(kItemNotFound, "Item not found: " + name);
+    found.push_back(static_cast<std::size_t>(field - fields.begin()));
+  }
+  return found;
+}
+
+std::vector<MoneySum> SumsOf(const std::vector<Row>& rows, const std::vector<std::size_t>& fields) {
+  std::vector<MoneySum> sums(fields.size());
+  for (const Row& row : rows) {
+    for (std::size_t i = 0; i < fields.size(); ++i) sums[i].Add((*row.values)[fields[i]]);
+  }
+  return sums;
+}
+
 constexpr std::size_t kPagesHeld = 64;
 
 }  // namespace
@@ -105,17 +121,22 @@ void RowStore::Load() {
   auto columns = ReadFields(select.Get(), tables.size());
   std::unique_ptr<Keyset> keyset;
   if (byPages) {
-    keyset = Keyset::Open(detail::DatabaseOf(connection), rewritten.sql, params, columns, tables);
+    keyset = Keyset::Open(detail::DatabaseOf(connection), rewritten.sql, params, columns, tables,
+                          FieldsNamed(totalled, columns));
   }
   std::vector<Row> read(keyset ? keyset->RowCount() : 0);
   if (!keyset) {
     select.Bind(params);
     read = ReadRows(select, columns, columns.size() + tables.size());
   }
+  const std::vector<MoneySum> sums =
+      keyset ? keyset->Totals() : SumsOf(read, FieldsNamed(totalled, columns));
   sources_ = std::move(tables);
   fields = std::move(columns);
   rows = std::move(read);
   keyset_ = std::move(keyset);
+  totals.clear();
+  for (const MoneySum& sum : sums) totals.push_back(sum.Total());
   pages_.clear();
   ++loads;
 }

@@ -45,6 +45,8 @@ class RowStore {
   std::string sql;
   Values params;
   bool byPages = false;  // rows are fetched as they are looked at, where the statement allows it
+  std::vector<std::string> totalled;  // fields that are added up when the rows are read
+  std::vector<double> totals;         // their sums
   std::vector<FieldInfo> fields;
   std::vector<Row> rows;
   std::size_t loads = 0;    // how often the rows were read; their numbers last until the next time

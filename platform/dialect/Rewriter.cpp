@@ -264,6 +264,7 @@ Rewritten Rewrite(const std::string& sql, const Options& options) {
   if (sources.size() == 1) NameColumns(nodes, options.columnsForStar);
   if (options.addRowIds) AddRowIds(nodes, sources);
   RewriteExpressions(nodes);
+  if (options.rowKeyOf) RemoveSingleRowGroups(nodes, options.rowKeyOf);
   return {Render(nodes), sources};
 }
 

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/dialect/SingleRowGroups.h"
+
 namespace tevra::dialect {
 
 /// A table that a statement reads from at its outermost FROM.
@@ -31,6 +33,9 @@ struct Options {
   /// Aliases of the outermost list that are replaced by what they stand for where another item of
   /// the same list uses them, see AliasesToExpand.
   std::vector<std::string> expandAliases;
+  /// Tells the row number's column of a table; when set, groups of one row are no groups, see
+  /// RemoveSingleRowGroups.
+  RowKeyOf rowKeyOf;
 };
 
 /// Rewrites one statement. What it does not know passes through as it stands. Throws Failure

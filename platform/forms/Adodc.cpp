@@ -112,7 +112,7 @@ void Adodc::SetRecordSource(const std::string& sql, const Values& params) {
 
 void Adodc::Refresh(const std::function<void(tevra::Recordset& rows)>& arrange) {
   Connection connection = shared_.IsOpen() ? shared_ : Connection(connectionString_);
-  tevra::Recordset rows = connection.OpenKeyset(sql_, params_);
+  tevra::Recordset rows = connection.OpenKeyset(sql_, params_, totalled_);
   if (arrange) arrange(rows);
   connection_ = connection;
   SetRecordset(rows);

@@ -6,6 +6,8 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/data/Recordset.h"
 
@@ -28,6 +30,8 @@ class Adodc : public QWidget {
   /// The statement of the rows; "?" in it are `params`. Takes effect at Refresh.
   void SetRecordSource(const std::string& sql, const Values& params = {});
   const std::string& RecordSource() const { return sql_; }
+  /// Fields that are added up while the rows are read: their sums are the recordset's Total.
+  void SetTotalledFields(std::vector<std::string> fields) { totalled_ = std::move(fields); }
 
   /// Runs the statement anew on a connection that stays open; the rows are fetched as they come on
   /// show. The first row becomes the current one. What was typed and not written is dropped.
@@ -104,6 +108,7 @@ class Adodc : public QWidget {
   std::string connectionString_;
   std::string sql_;
   Values params_;
+  std::vector<std::string> totalled_;
   Connection shared_;
   Connection connection_;
   tevra::Recordset recordset_;

@@ -38,9 +38,11 @@ void ListScreen::Open(ListDescription description) {
     running.line = 1;
     datPrimaryRS->SetConnectionString(list_.connection);
     datPrimaryRS->SetRecordSource(list_.statement, list_.params);
+    datPrimaryRS->SetTotalledFields(TotalledFields());
     ReadRows();
+    datPrimaryRS->SetTotalledFields({});  // a search leaves the totals as they are
     running.line = 2;
-    if (!list_.totals.empty()) ShowTotals(TotalsOf(list_.statement, list_.params));
+    if (!list_.totals.empty()) ShowTotals(TotalsOfRows());
     ShowCount();
     fresh_ = true;
   };
@@ -295,18 +297,16 @@ void ListScreen::ShowWithoutDeleted() {
 
 // ---- Totals and paper ---------------------------------------------------------------------------
 
-std::vector<double> ListScreen::TotalsOf(const std::string& statement, const Values& params) {
-  std::string sums;
-  for (const ListTotal& total : list_.totals) {
-    sums += (sums.empty() ? "SUM(" : ", SUM(") + total.field + ")";
-  }
-  const Recordset row = datPrimaryRS->GetConnection().OpenRecordset(
-      "SELECT " + sums + " FROM (" + statement + ")", params);
+std::vector<std::string> ListScreen::TotalledFields() const {
+  std::vector<std::string> fields;
+  for (const ListTotal& total : list_.totals) fields.emplace_back(total.field);
+  return fields;
+}
+
+std::vector<double> ListScreen::TotalsOfRows() const {
   std::vector<double> totals;
-  for (std::size_t i = 0; i < list_.totals.size(); ++i) {
-    MoneySum sum;
-    sum.Add(row.Get(i));
-    totals.push_back(sum.Total());
+  for (const ListTotal& total : list_.totals) {
+    totals.push_back(datPrimaryRS->Recordset().Total(total.field));
   }
   return totals;
 }

@@ -60,11 +60,9 @@ class ListScreen : public Form {
 
   // What a screen may do in its own way.
 
-  /// Gives the data source its rows. The description's statement, unless overridden.
+  /// Gives the data source its rows. The description's statement, unless overridden; a list with
+  /// totals has them added up while the rows are read, so it leaves this as it is.
   virtual void ReadRows();
-  /// The totals below the columns for all rows of a statement, in the order of the description.
-  /// One statement that adds them up, unless overridden.
-  virtual std::vector<double> TotalsOf(const std::string& statement, const Values& params);
   /// Adds one row to the totals of the rows marked. Null counts as 0.
   virtual void AddToTotals(std::vector<double>& totals, const Values& row) const;
   /// Other rows are marked; `key`: of the one that the user went to last.
@@ -93,6 +91,8 @@ class ListScreen : public Form {
 
   /// Reads the rows anew at the place where the user is.
   void RefreshInPlace();
+  std::vector<std::string> TotalledFields() const;
+  std::vector<double> TotalsOfRows() const;
   void ShowTotals(const std::vector<double>& totals);
   void ShowTotalsOfMarked();
   /// The text of a column of the current row.

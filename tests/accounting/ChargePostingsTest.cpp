@@ -1,4 +1,7 @@
 // The month's charges in the accounting lines.
+#include <chrono>
+#include <thread>
+
 #include <gtest/gtest.h>
 
 #include "accounting/ChargePostings.h"
@@ -72,6 +75,31 @@ TEST_F(ChargePostings, ALineBearsWhatTheMonthHasInCommon) {
       "OD 15.07.2026 IMO07 IMO07 C1  LEI 0 0 0 1 I 15.08.2026 Ana 23.11.2026 10:30:15 01  \n");
   EXPECT_EQ(company_.Open().QueryValue("SELECT COUNT(*) FROM Kv_Linii WHERE TERT IS NULL").AsLong(),
             2);
+}
+
+// The engine gives rows backwards here unless a statement orders them.
+TEST_F(ChargePostings, NotesComeInTheOrderOfTheAssetsEachWithItsCentre) {
+  for (const char* centre : {"C3", "C1", "C1", "C2"}) Add("214", 1000.0, {{"COD_CC", centre}});
+  Add("2131", 1000.0);
+  Connection connection = company_.Open();
+  connection.Execute("PRAGMA reverse_unordered_selects=ON");
+  PostCharges(connection, DateTime(2026, 7, 15));
+  EXPECT_EQ(Lines("NDI, CODBUG, CONT"),
+            "1 C3 2814 \n1 C3 6811 \n2 C1 2814 \n2 C1 6811 \n3 C1 2814 \n3 C1 6811 \n"
+            "4 C2 2814 \n4 C2 6811 \n5  2813 \n5  6811 \n");
+}
+
+// Another user changes the rates and commits while the posting waits for its turn.
+TEST_F(ChargePostings, TheRatesAreThoseOfTheMomentOfWriting) {
+  Add("214", 1000.0);
+  Connection other = company_.Open();
+  other.BeginTrans();
+  other.Execute("UPDATE I_IMO SET COTAL_LUNARA = 0.5");
+  std::thread posting([this] { Post(DateTime(2026, 7, 15)); });
+  std::this_thread::sleep_for(std::chrono::milliseconds(300));
+  other.CommitTrans();
+  posting.join();
+  EXPECT_EQ(Lines("DEBIT"), "0 \n500 \n");
 }
 
 TEST_F(ChargePostings, AMonthReplacesItselfInEveryYear) {

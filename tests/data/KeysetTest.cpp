@@ -66,6 +66,30 @@ TEST_F(KeysetTest, ShowsTheRowsOfAStaticOneHoweverItIsAsked) {
   ExpectSameRows(wanted, rows);
 }
 
+TEST_F(KeysetTest, AddsUpFieldsWhileItReads) {
+  connection_.Execute("UPDATE T_IMO SET VAL = NULL WHERE COD = '5'");
+  for (const std::string& statement :
+       {std::string(kList), std::string("SELECT COD_LOC, SUM(VAL) AS VAL, COUNT(*) AS DUBLU FROM "
+                                        "T_IMO WHERE VAL > ? GROUP BY COD_LOC")}) {
+    const Recordset wanted = connection_.OpenRecordset(statement, {100.0});
+    double sum = 0;
+    for (std::size_t row = 0; row < wanted.RecordCount(); ++row) {
+      sum += wanted.ValueAt(row, wanted.FieldIndex("VAL")).AsDouble();
+    }
+    Recordset rows = connection_.OpenKeyset(statement, {100.0}, {"DUBLU", "val"});
+    EXPECT_EQ(rows.Total("VAL"), sum);
+    ExpectRefused(kItemNotFound, "COD", [&] { rows.Total("COD"); });
+    rows.SetFilter("VAL < 0");
+    EXPECT_EQ(rows.Total("VAL"), sum) << "of all rows";
+  }
+  Recordset rows = connection_.OpenKeyset("SELECT * FROM T_IMO", {}, {"VAL"});
+  connection_.Execute("DELETE FROM T_IMO");
+  rows.Requery();
+  EXPECT_EQ(rows.Total("VAL"), 0);
+  ExpectRefused(kItemNotFound, "NIMIC",
+                [&] { connection_.OpenKeyset("SELECT * FROM T_IMO", {}, {"NIMIC"}); });
+}
+
 TEST_F(KeysetTest, KeepsTheFileFreeForOthers) {
   Recordset rows = connection_.OpenKeyset("SELECT * FROM T_IMO ORDER BY NRCRT");
   rows.MoveLast();
