@@ -114,8 +114,14 @@ class SchemaReader {
     if (index.name.empty()) Fail("an index needs a name");
     std::istringstream fields(line.substr(open + 1, close - open - 1));
     for (std::string field; std::getline(fields, field, ',');) {
-      index.fields.push_back(Trim(field));
-      if (!schema_.tables.back().Find(index.fields.back())) Fail("no field " + field);
+      std::istringstream parts(field);
+      std::string name;
+      std::string direction;
+      parts >> name >> direction;
+      if (!schema_.tables.back().Find(name)) Fail("no field " + field);
+      if (!direction.empty() && direction != "desc") Fail("unknown word " + direction);
+      index.fields.push_back(name);
+      if (!direction.empty()) index.descending.push_back(name);
     }
     if (index.fields.empty()) Fail("an index needs ( fields )");
     schema_.tables.back().indexes.push_back(std::move(index));

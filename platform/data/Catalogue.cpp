@@ -60,9 +60,13 @@ void ReadIndexes(detail::Database& database, TableDef& table) {
   while (list.Step()) {
     const std::string stored = list.Column(0).AsText();
     IndexDef index{detail::IndexNameIn(table.name, stored), {}, false, list.Column(1).AsBool()};
-    Statement columns(database, "SELECT name FROM pragma_index_info(?) ORDER BY seqno");
+    Statement columns(
+        database, "SELECT name, \"desc\" FROM pragma_index_xinfo(?) WHERE key = 1 ORDER BY seqno");
     columns.Bind({stored});
-    while (columns.Step()) index.fields.push_back(columns.Column(0).TextOrEmpty());
+    while (columns.Step()) {
+      index.fields.push_back(columns.Column(0).TextOrEmpty());
+      if (columns.Column(1).AsBool()) index.descending.push_back(index.fields.back());
+    }
     table.indexes.push_back(std::move(index));
   }
 }
@@ -153,6 +157,7 @@ void Catalogue::CreateIndex(const std::string& table, const IndexDef& index) {
   if (index.primary) return CreatePrimaryKey(table, index.fields);
   const TableDef indexed = Table(table);
   for (const auto& field : index.fields) FieldOf(indexed, field);
+  for (const auto& field : index.descending) FieldOf(indexed, field);
   Statement(*detail::DatabaseOf(connection_), detail::CreateIndexSql(indexed.name, index)).Step();
 }
 

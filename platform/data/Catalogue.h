@@ -14,6 +14,7 @@ struct IndexDef {
   std::vector<std::string> fields;
   bool primary = false;
   bool unique = false;
+  std::vector<std::string> descending = {};  ///< those of the fields that run downwards
 
   bool operator==(const IndexDef&) const = default;
 };

@@ -12,9 +12,20 @@ namespace detail {
 
 namespace {
 
+// The checks run for every value that is written, so each is made of comparisons where it can be: a
+// call of a function costs several of them. A comparison with a value of another kind tells the
+// kind: numbers come before texts, texts before blobs. A Null fails none of them.
+
 std::string RangeCheck(const std::string& name, const char* least, const char* greatest) {
-  return " CHECK (typeof(" + name + ") IN ('integer', 'null') AND " + name + " BETWEEN " + least +
-         " AND " + greatest + ")";
+  return " CHECK (" + name + " BETWEEN " + least + " AND " + greatest + " AND " + name +
+         " = CAST(" + name + " AS INTEGER))";
+}
+
+// A day that the calendar lacks comes back as another day once the engine counts with it. The years
+// -999 to -1, which the engine writes as it reads them, have no fixed width elsewhere.
+std::string MomentCheck(const std::string& name) {
+  return " CHECK (" + name + " IS datetime(" + name + ", '+0 days') AND " + name +
+         " NOT BETWEEN '-0/' AND '-0:')";
 }
 
 std::string CheckSql(const FieldDef& field) {
@@ -29,12 +40,11 @@ std::string CheckSql(const FieldDef& field) {
     case FieldType::Long:
       return RangeCheck(name, "-2147483648", "2147483647");
     case FieldType::Double:
-      return " CHECK (typeof(" + name + ") IN ('real', 'null'))";
-    // A day that the calendar lacks comes back as another day once the engine counts with it.
+      return " CHECK (" + name + " < '')";
     case FieldType::DateTime:
-      return " CHECK (" + name + " IS strftime('%Y-%m-%d %H:%M:%S', " + name + ", '+0 days'))";
+      return MomentCheck(name);
     case FieldType::Text:
-      return " CHECK (typeof(" + name + ") IN ('text', 'null') AND length(" + name +
+      return " CHECK (" + name + " < x'' AND length(" + name +
              ") <= " + std::to_string(field.size) +
              (field.allowZeroLength ? "" : " AND " + NotEmptyCheck(field.name)) + ")";
   }
@@ -44,6 +54,16 @@ std::string CheckSql(const FieldDef& field) {
 std::string Names(const std::vector<std::string>& fields) {
   std::string list;
   for (const auto& field : fields) list += (list.empty() ? "" : ", ") + Quoted(field);
+  return list;
+}
+
+std::string IndexedFields(const IndexDef& index) {
+  std::string list;
+  for (const auto& field : index.fields) {
+    const bool down = std::any_of(index.descending.begin(), index.descending.end(),
+                                  [&](const auto& name) { return EqualNoCase(name, field); });
+    list += (list.empty() ? "" : ", ") + Quoted(field) + (down ? " DESC" : "");
+  }
   return list;
 }
 
@@ -165,7 +185,7 @@ std::string IndexNameIn(const std::string& table, const std::string& stored) {
 std::string CreateIndexSql(const std::string& table, const IndexDef& index) {
   return std::string(index.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") +
          Quoted(StoredIndexName(table, index.name)) + " ON " + Quoted(table) + " (" +
-         Names(index.fields) + ")";
+         IndexedFields(index) + ")";
 }
 
 void RebuildTable(Connection& connection, const TableDef& old, const TableDef& changed) {

@@ -28,6 +28,7 @@ class CatalogueTest : public AssetsTest {
                     Field("DATA", FieldType::DateTime)};
     table.indexes = {Key({"ID"}),
                      {"dupa_data", {"DATA", "LUNG"}, false, false},
+                     {"in_jos", {"LUNG", "DATA", "OCTET"}, false, false, {"LUNG", "OCTET"}},
                      {"unic", {"OCTET"}, false, true}};
     return table;
   }

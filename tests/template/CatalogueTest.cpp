@@ -126,6 +126,30 @@ TEST_F(TemplateCatalogue, ExchangeTablesHaveTheColumnsOfTheirOriginalsInOrder) {
   }
 }
 
+// A million lines are neither sorted nor read whole for these.
+TEST_F(TemplateCatalogue, LinesAreFoundByTheirIndexes) {
+  const std::vector<std::pair<std::string, std::string>> statements = {
+      {"SELECT * FROM Kv_Linii ORDER BY DATAINR DESC, NDI DESC, NRLINIE", "Kv_Linii.DATAINR"},
+      {"SELECT * FROM Kv_Linii WHERE CONT = '2131' ORDER BY DATAINR DESC, NDI DESC, NRLINIE",
+       "Kv_Linii.CONT"},
+      {"SELECT * FROM Kv_Linii WHERE CONT = '2131' AND DATAINR >= '2026'", "Kv_Linii.CONT"},
+      {"SELECT * FROM Kv_Linii WHERE TERT = 7 AND DATAINR >= '2026'", "Kv_Linii.TERT"},
+      {"SELECT * FROM Kv_Linii WHERE DATAINR >= '2026'", "Kv_Linii.DATAINR"},
+      {"SELECT MAX(NDI) FROM Kv_Linii", "autoindex_Kv_Linii"},
+      {"SELECT MAX(NRLINIE) FROM Kv_Linii WHERE NDI = 5", "autoindex_Kv_Linii"},
+      {"SELECT COUNT(*) FROM Kv_Linii WHERE DOC = 'IMO07'", "Kv_Linii.DOC"},
+      {"DELETE FROM Kv_LINII WHERE DOC = 'IMO07'", "Kv_Linii.DOC"}};
+  for (const auto& [statement, index] : statements) {
+    std::string plan;
+    for (Recordset steps = connection_.OpenRecordset("EXPLAIN QUERY PLAN " + statement);
+         !steps.Eof(); steps.MoveNext()) {
+      plan += steps.Get("detail").AsText() + "\n";
+    }
+    EXPECT_NE(plan.find(index), std::string::npos) << statement << ": " << plan;
+    EXPECT_EQ(plan.find("TEMP B-TREE"), std::string::npos) << statement << ": " << plan;
+  }
+}
+
 TEST_F(TemplateCatalogue, SavedQueriesAreThere) {
   const auto expected = ReadExpected().queries;
   ASSERT_EQ(expected.size(), 7U);

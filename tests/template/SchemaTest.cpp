@@ -20,15 +20,16 @@ TEST(Schema, KeysIndexesCopiesAndQueries) {
       "  A long key\n"
       "  B long key\n"
       "  C yesno\r\n"
-      "  index BY_B (B, A)\n"
+      "  index BY_B (B desc, A)\n"
       "  unique index ONE (C)\n"
       "like tmp_T = [T 1]\n"
       "query q = SELECT A FROM [T 1] WHERE A = 1\n");
   ASSERT_EQ(schema.tables.size(), 2U);
   EXPECT_EQ(schema.tables[0].name, "T 1");
-  EXPECT_EQ(schema.tables[0].indexes, (std::vector<IndexDef>{{"PrimaryKey", {"A", "B"}, true, true},
-                                                             {"BY_B", {"B", "A"}, false, false},
-                                                             {"ONE", {"C"}, false, true}}));
+  EXPECT_EQ(schema.tables[0].indexes,
+            (std::vector<IndexDef>{{"PrimaryKey", {"A", "B"}, true, true},
+                                   {"BY_B", {"B", "A"}, false, false, {"B"}},
+                                   {"ONE", {"C"}, false, true}}));
   const TableDef& copy = schema.tables[1];
   EXPECT_EQ(copy.name, "tmp_T");
   EXPECT_TRUE(copy.indexes.empty());
@@ -54,6 +55,7 @@ TEST(Schema, MistakesNameTheirLine) {
       {"table T\n  COD long\n  index X COD\n", "Line 3:"},
       {"table T\n  COD long\n  index X (CD)\n\ntable U\n  A long\n", "Line 3:"},
       {"table T\n  COD long\n  index X ()\n", "Line 3:"},
+      {"table T\n  COD long\n  index X (COD down)\n", "Line 3:"},
       {"table T\n  COD long\n  index (COD)\n", "Line 3:"},
       {"table T\n  COD long\n  index X )COD(\n", "Line 3:"},
       {"table\n", "Line 1:"},
