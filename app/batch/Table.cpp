@@ -39,6 +39,21 @@ std::string Shown(const Value& value) {
 
 TextTable::TextTable(std::vector<Column> columns)
     : columns_(std::move(columns)), widths_(columns_.size()) {
+  Start();
+}
+
+void TextTable::WriteInTwoPasses(std::vector<Column> columns, std::ostream& out,
+                                 const std::function<void(TextTable& table)>& give) {
+  TextTable table(std::move(columns));
+  table.lines_.clear();
+  table.holdsLines_ = false;
+  give(table);
+  table.out_ = &out;
+  table.Start();
+  give(table);
+}
+
+void TextTable::Start() {
   std::vector<std::string> captions;
   for (const Column& column : columns_) captions.push_back(column.caption);
   Add({Kind::Row, std::move(captions)});
@@ -46,12 +61,13 @@ TextTable::TextTable(std::vector<Column> columns)
 }
 
 void TextTable::Add(Line line) {
+  if (out_) return WriteLine(*out_, line);
   if (line.kind == Kind::Row) {
     for (std::size_t i = 0; i < widths_.size(); ++i) {
       widths_[i] = std::max(widths_[i], Len(line.cells[i]));
     }
   }
-  lines_.push_back(std::move(line));
+  if (holdsLines_) lines_.push_back(std::move(line));
 }
 
 void TextTable::AddRow(const Values& values) {
@@ -80,23 +96,25 @@ void TextTable::WriteRow(std::ostream& out, const std::vector<std::string>& cell
   out << row << '\n';
 }
 
-void TextTable::Write(std::ostream& out) const {
-  for (const Line& line : lines_) {
-    switch (line.kind) {
-      case Kind::Row:
-        WriteRow(out, line.cells);
-        break;
-      case Kind::Heading:
-        out << line.cells.front() << '\n';
-        break;
-      case Kind::Rule: {
-        std::vector<std::string> dashes;
-        for (const std::size_t width : widths_) dashes.emplace_back(width, '-');
-        WriteRow(out, dashes);
-        break;
-      }
+void TextTable::WriteLine(std::ostream& out, const Line& line) const {
+  switch (line.kind) {
+    case Kind::Row:
+      WriteRow(out, line.cells);
+      break;
+    case Kind::Heading:
+      out << line.cells.front() << '\n';
+      break;
+    case Kind::Rule: {
+      std::vector<std::string> dashes;
+      for (const std::size_t width : widths_) dashes.emplace_back(width, '-');
+      WriteRow(out, dashes);
+      break;
     }
   }
+}
+
+void TextTable::Write(std::ostream& out) const {
+  for (const Line& line : lines_) WriteLine(out, line);
 }
 
 void CsvWriter::WriteRow(const Values& values) {

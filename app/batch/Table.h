@@ -1,6 +1,7 @@
 // Results as rows: laid out in columns for the eye, or as CSV for other programs.
 #pragma once
 
+#include <functional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -21,6 +22,11 @@ class TextTable {
   /// Starts with the captions and a rule.
   explicit TextTable(std::vector<Column> columns);
 
+  /// For more rows than memory should hold: `give` adds all of them, and is called twice, first
+  /// only for the widths.
+  static void WriteInTwoPasses(std::vector<Column> columns, std::ostream& out,
+                               const std::function<void(TextTable& table)>& give);
+
   void AddRow(const Values& values);         ///< a value a column
   void AddHeading(const std::string& text);  ///< across all columns
   void AddRule();
@@ -33,12 +39,16 @@ class TextTable {
     std::vector<std::string> cells;
   };
 
+  void Start();
   void Add(Line line);
+  void WriteLine(std::ostream& out, const Line& line) const;
   void WriteRow(std::ostream& out, const std::vector<std::string>& cells) const;
 
   std::vector<Column> columns_;
   std::vector<std::size_t> widths_;  // in characters
   std::vector<Line> lines_;
+  bool holdsLines_ = true;
+  std::ostream* out_ = nullptr;  // where lines go at once
 };
 
 /// Writes each row at once: numbers with a decimal point and all their digits, dates as 2006-12-31,

@@ -131,6 +131,13 @@ TEST_F(ChargesTest, AddUpWhatIsPosted) {
             ",TOTAL GENERAL,,,4.5,7,100\n");
 }
 
+TEST_F(ChargesTest, NumbersOfCsvArePlainDecimals) {
+  Add("60", "2131", 0.0, {{"VAL_AMOR_CUMULATA", 0.0000001}, {"VAL_RAMASA", 300000.0}});
+  const std::string list = RunAsAdmin({"charges", "--csv"}).out;
+  EXPECT_NE(list.find("2131,6,60,N,0,0.0000001,300000\n"), std::string::npos) << list;
+  EXPECT_NE(list.find("2131,TOTAL,,,0.5,0,300100\n"), std::string::npos) << list;
+}
+
 TEST_F(ChargesTest, GroupByAnyOfFourFieldsWithoutCase) {
   const std::vector<std::pair<const char*, const char*>> cases = {
       {"centre", "COD_CC,NRCRT"},
@@ -141,6 +148,17 @@ TEST_F(ChargesTest, GroupByAnyOfFourFieldsWithoutCase) {
     const std::string list = RunAsAdmin({"charges", "--by", by, "--csv"}).out;
     EXPECT_NE(list.find(part), std::string::npos) << list;
   }
+}
+
+TEST_F(ChargesTest, TellTheMonthOfMostAssets) {
+  for (const char* code : {"70", "80"}) {
+    Add(code, "2131", 0.0, {{"DATA_CALCUL", DateTime(2006, 11, 30)}});
+  }
+  EXPECT_EQ(RunAsAdmin({"charges"})
+                .out.rfind("Cheltuieli cu amortizarea, ultimul calcul la 30.11.2006\n"
+                           "Atentie: 1 imobilizare este calculata pentru alta luna !\n\nNr. crt.",
+                           0),
+            0U);
 }
 
 TEST_F(ChargesTest, AreLaidOutInGroups) {
