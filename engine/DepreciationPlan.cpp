@@ -6,6 +6,7 @@
 
 #include "engine/Amounts.h"
 #include "engine/Method.h"
+#include "platform/text/Invariant.h"
 
 namespace tevra {
 namespace {
@@ -42,6 +43,9 @@ class Track {
       amounts.remaining = 0;
       amounts.cumulated = Rounded(base_);
     }
+    Invariant(!year.last || amounts.remaining == 0, "ultimul an al planului lasa un rest");
+    Invariant(std::isfinite(amounts.cumulated) && std::isfinite(amounts.depreciation),
+              "un an al planului nu are valori");
     cumulated_ = amounts.cumulated;
     remaining_ = amounts.remaining;
     return amounts;
@@ -134,6 +138,7 @@ class Plan {
       row.year = CalendarYear(index);
       row.lei = lei_.Next(year);
       if (currency_) row.currency = currency_->Next(year);
+      InvariantEqual(row.year - years.front().year, index, "anii planului nu se succed");
     }
     return years;
   }

@@ -53,6 +53,6 @@ struct PlanYear {
 ///
 /// Throws Failure 94 "Invalid use of Null: FIELD" where a date, a rate, a duration or a value is
 /// Null that every plan needs, and Failure 6 for years or amounts that their fields cannot hold.
-std::vector<PlanYear> DepreciationPlan(const PlanParameters& asset);
+[[nodiscard]] std::vector<PlanYear> DepreciationPlan(const PlanParameters& asset);
 
 }  // namespace tevra

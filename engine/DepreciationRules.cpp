@@ -1,10 +1,14 @@
 #include "engine/DepreciationRules.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstddef>
+#include <iterator>
 #include <limits>
 #include <string>
 
 #include "engine/Amounts.h"
+#include "platform/text/Invariant.h"
 
 namespace tevra {
 namespace {
@@ -29,6 +33,12 @@ constexpr VariantRules kVariants[] = {
     {false, false, false, 0, false, false},  // kExitPendingBlocked
     {false, false, false, 0, false, true},   // kSingle
 };
+
+const VariantRules& RulesOf(Variant variant) {
+  const auto index = static_cast<std::size_t>(variant);
+  Invariant(index < std::size(kVariants), "varianta de calcul necunoscuta");
+  return kVariants[index];
+}
 
 // An asset may have no value in currency; what is unknown going in is unknown coming out.
 struct Money {
@@ -60,13 +70,33 @@ bool TakenAsBlocked(const AssetParameters& asset) {
   return asset.BLOCATA != false;
 }
 
+// But for the rounding of the parts.
+bool AddUp(double part, double other, double whole) {
+  constexpr double kTraces = 1e-9;
+  const double largest = std::max({std::abs(part), std::abs(other), std::abs(whole)});
+  return std::abs(part + other - whole) <= 1 + kTraces * largest;
+}
+
+// What holds of every result, whatever the asset's parameters are.
+void CheckCalculated(const AssetParameters& asset, const DateTime& dataCalcul,
+                     const CalculatedFields& fields) {
+  const MethodTraits& method = TraitsOf(static_cast<Method>(asset.TIP_AM));
+  if (method.method == kNoMethod) return;
+  Invariant(!method.depreciates || (fields.DATA_CALCUL == dataCalcul && fields.DALUNI),
+            "o imobilizare calculata nu are data calculului");
+  Invariant(fields.COTAL_LUNARA && std::isfinite(*fields.COTAL_LUNARA),
+            "o imobilizare calculata nu are cota lunara");
+  Invariant(fields.VAL_AMOR_CUMULATA && fields.VAL_RAMASA,
+            "o imobilizare calculata nu are valorile in lei");
+}
+
 class Calculation {
  public:
   Calculation(const AssetParameters& asset, const DateTime& dataCalcul, Variant variant,
               CalculatedFields& fields)
       : asset_(asset),
         dataCalcul_(dataCalcul),
-        rules_(kVariants[static_cast<std::size_t>(variant)]),
+        rules_(RulesOf(variant)),
         method_(TraitsOf(MethodOf(asset.TIP_AM))),
         blocked_(TakenAsBlocked(asset)),
         fields_(fields) {}
@@ -196,6 +226,8 @@ class Calculation {
   void StoreInLife(const Money& base, Formula cumulated) {
     SetCumulated(Each(base, cumulated));
     SetRemaining(Less(base, fields_.VAL_AMOR_CUMULATA, fields_.VAL_AMOR_CUMULATA_VAL));
+    Invariant(AddUp(*fields_.VAL_AMOR_CUMULATA, *fields_.VAL_RAMASA, base.lei),
+              "amortizarea cumulata si valoarea ramasa nu dau valoarea de amortizat");
   }
 
   void SetCumulated(const Money& value) {
@@ -249,6 +281,7 @@ void CalculateForMonth(const AssetParameters& asset, const DateTime& dataCalcul,
   CalculatedFields result = fields;
   const Variant variant = MonthlyVariant(presence, TakenAsBlocked(asset));
   Calculation(asset, dataCalcul, variant, result).Run();
+  CheckCalculated(asset, dataCalcul, result);
   fields = result;
 }
 
@@ -256,6 +289,7 @@ void CalculateSingle(const AssetParameters& asset, const DateTime& dataCalcul,
                      CalculatedFields& fields) {
   CalculatedFields result = fields;
   Calculation(asset, dataCalcul, Variant::kSingle, result).Run();
+  CheckCalculated(asset, dataCalcul, result);
   fields = result;
 }
 

@@ -13,6 +13,7 @@
 #include "platform/system/Clock.h"
 #include "platform/system/MessageBox.h"
 #include "platform/system/StandardError.h"
+#include "platform/text/Invariant.h"
 #include "platform/text/Numbers.h"
 #include "session/Module1.h"
 #include "session/Session.h"
@@ -137,6 +138,8 @@ int RunMonth(Connection& connection, const DateTime& dataCalcul) {
       ++count;
     }
   }
+  InvariantEqual(count, connection.QueryValue("SELECT COUNT(*) FROM I_IMO").Whole(),
+                 "imobilizari calculate");
   transaction.Commit();
   return count;
 }
@@ -156,7 +159,7 @@ bool CalculateAsset(Connection& connection, const DateTime& dataCalcul, const st
 
 void CalculImobilizare(const DateTime& dataCalcul, const std::string& cod) {
   Connection connection(CurrentSession().connectionString);
-  CalculateAsset(connection, dataCalcul, cod);
+  [[maybe_unused]] const bool found = CalculateAsset(connection, dataCalcul, cod);
 }
 
 std::string MonthDoneText(int assets) {

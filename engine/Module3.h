@@ -25,7 +25,8 @@ void CalculImobilizare(const DateTime& dataCalcul, const std::string& cod);
 
 /// The same on a connection, in a transaction of its own; false when no asset has the COD. The
 /// failure's source names the asset.
-bool CalculateAsset(Connection& connection, const DateTime& dataCalcul, const std::string& cod);
+[[nodiscard]] bool CalculateAsset(Connection& connection, const DateTime& dataCalcul,
+                                  const std::string& cod);
 
 /// The message of a run that was done, and of one that was not.
 std::string MonthDoneText(int assets);
@@ -34,11 +35,11 @@ inline constexpr const char* kMonthFailedTitle = "Salvare";
 
 /// True when the last calculation of any asset was in the month of `data`; the year is not
 /// compared. False when no asset was calculated, and on any failure.
-bool IsValidCalcul(const DateTime& data);
+[[nodiscard]] bool IsValidCalcul(const DateTime& data);
 
 /// The normal duration, in years, of a classification code: of the new catalogue after 01.01.2005,
 /// else of the old one, by today's date. 0 when the code is not there or has none. Throws Failure.
-double DurataNormala(const std::string& cod);
+[[nodiscard]] double DurataNormala(const std::string& cod);
 
 /// The first and the last day of the date's month.
 DateTime MonthBegin(const DateTime& date);

@@ -7,6 +7,7 @@
 #include "platform/system/MessageBox.h"
 #include "platform/system/StandardError.h"
 #include "platform/text/FailureText.h"
+#include "platform/text/Invariant.h"
 #include "session/Module1.h"
 #include "session/Session.h"
 
@@ -87,6 +88,8 @@ int MakePlan(Connection& connection, const std::string& nrcrt) {
     Append(row, year.currency);
     add.Execute(row);
   }
+  InvariantEqual(connection.QueryValue("SELECT COUNT(*) FROM I_PLANAMO").Whole(),
+                 static_cast<std::int64_t>(years.size()), "ani scrisi in plan");
   transaction.Commit();
   return static_cast<int>(years.size());
 }

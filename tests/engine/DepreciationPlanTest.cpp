@@ -194,7 +194,7 @@ TEST(DepreciationPlan, WhatIsMissingIsNamed) {
   const auto refusal = [](auto change) {
     PlanParameters asset = Asset();
     change(asset);
-    return RefusalOf([&] { DepreciationPlan(asset); }).text;
+    return RefusalOf([&] { static_cast<void>(DepreciationPlan(asset)); }).text;
   };
   const std::string null = "Invalid use of Null: ";
   EXPECT_EQ(refusal([](PlanParameters& a) { a.VAL_CUMP.reset(); }), null + "VAL_CUMP");
