@@ -13,6 +13,14 @@ namespace tevra::bench {
 
 namespace {
 
+constexpr int kCentres = 400;
+constexpr int kLocations = 300;
+constexpr int kSuppliers = 500;
+constexpr std::size_t kLongestName = 50;
+const std::string kNames[] = {"Utilaj de productie pentru sectia de montaj nr. ", "Strung ",
+                              "Instalatie de climatizare cu recuperare nr. ",
+                              "Calculator portabil cu statie de andocare nr. "};
+
 // A plausible asset: parameters as the card derives them, so that every branch of the rules is
 // walked.
 Values Asset(int number, std::mt19937& random) {
@@ -31,7 +39,10 @@ Values Asset(int number, std::mt19937& random) {
   const int firstPhase = method == "A" ? 12 : 12 * pick(1, years);
   const std::string code = "INV" + std::to_string(number);
   return {code,
-          "Utilaj de productie numarul " + std::to_string(number),
+          (kNames[pick(0, 3)] + std::to_string(number)).substr(0, kLongestName),
+          "CC" + std::to_string(pick(1, kCentres)),
+          "L" + std::to_string(pick(1, kLocations)),
+          pick(1, kSuppliers),
           "F" + std::to_string(pick(1, 9999)),
           bought,
           bought,
@@ -60,14 +71,32 @@ void AddAssets(Connection& connection, int assets) {
   Transaction transaction(connection);
   for (int number = 1; number <= assets; ++number) {
     connection.Execute(
-        "INSERT INTO I_IMO (COD, DENUMIRE, DOCUMENT, DATA_ACH, DATA_PF, DATA_IN_AM, DATA_SF, "
+        "INSERT INTO I_IMO (COD, DENUMIRE, COD_CC, COD_LOC, COD_FURNIZOR, DOCUMENT, DATA_ACH, "
+        "DATA_PF, DATA_IN_AM, DATA_SF, "
         "DATA_AMORT, "
         "TIP_AM, CONT, COD_GR_NOU, VAL_CUMP, VAL_CUMP_VAL, CURS, COTA_ANUALA, COEF, DNFANI, "
         "BLOCATA, "
         "DATA_BLOCARE, VAL_BLOCATA, VAL_BLOCATA_VAL, IESIRE, DATA_IESIRE) "
-        "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
+        "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
         Asset(number, random));
   }
+  transaction.Commit();
+}
+
+// What the assets name.
+void AddNames(Connection& connection) {
+  Transaction transaction(connection);
+  const auto add = [&](const char* statement, int count, const std::string& prefix,
+                       const std::string& name) {
+    for (int number = 1; number <= count; ++number) {
+      const std::string text = std::to_string(number);
+      connection.Execute(statement,
+                         {prefix.empty() ? Value(number) : Value(prefix + text), name + text});
+    }
+  };
+  add("INSERT INTO Kv_CC (COD, TITLU) VALUES (?, ?)", kCentres, "CC", "Centrul de cost ");
+  add("INSERT INTO I_LOCALIZARE (COD, TITLU) VALUES (?, ?)", kLocations, "L", "Hala ");
+  add("INSERT INTO kv_Ter (COD, NUME) VALUES (?, ?)", kSuppliers, "", "Furnizor de utilaje ");
   transaction.Commit();
 }
 
@@ -80,6 +109,7 @@ GeneratedCompany::GeneratedCompany(int assets) {
   file_ = folder_ / "Kelnar01.mdb";
   fs::copy_file(TEVRA_TEMPLATE, file_);
   Connection connection(ConnectionString());
+  AddNames(connection);
   AddAssets(connection, assets);
 }
 

@@ -1,5 +1,5 @@
-// Companies of any size for measuring: assets of all methods and states, the same ones at every
-// run.
+// Companies of any size for measuring: assets of all methods and states in many centres and places,
+// with long names, the same ones at every run.
 #pragma once
 
 #include <filesystem>

@@ -10,17 +10,19 @@
 
 namespace tevra::bench {
 
-/// Prints as usual and keeps the times of every repetition by name.
+/// Prints as usual and keeps the processor times of every repetition by name: other programs on the
+/// machine disturb them least.
 class Medians : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const Run& run : runs) {
       if (run.run_type != Run::RT_Iteration) continue;
-      times_[run.run_name.function_name].push_back(run.GetAdjustedRealTime());
+      times_[run.run_name.function_name].push_back(run.GetAdjustedCPUTime());
     }
     ConsoleReporter::ReportRuns(runs);
   }
 
+  /// In the unit of the benchmark.
   double Of(const std::string& name) {
     auto& times = times_[name];
     if (times.empty()) return 0;

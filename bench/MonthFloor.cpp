@@ -103,20 +103,24 @@ void Write(sqlite3_stmt* update, sqlite3_int64 rowId, const CalculatedFields& fi
 
 }  // namespace
 
-int RunFloor(const std::filesystem::path& file, const DateTime& dataCalcul) {
+int RunFloor(const std::filesystem::path& file, const DateTime& dataCalcul, bool checks) {
   sqlite3* db = nullptr;
   sqlite3_stmt* row = nullptr;
   sqlite3_stmt* update = nullptr;
   Check(sqlite3_open_v2(file.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr));
   Check(sqlite3_exec(db, "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL; BEGIN IMMEDIATE",
                      nullptr, nullptr, nullptr));
+  if (!checks) {
+    Check(sqlite3_exec(db, "PRAGMA ignore_check_constraints=ON", nullptr, nullptr, nullptr));
+  }
   Check(sqlite3_prepare_v2(db, kSelect, -1, &row, nullptr));
   Check(sqlite3_prepare_v2(db, kUpdate, -1, &update, nullptr));
   int count = 0;
   for (; sqlite3_step(row) == SQLITE_ROW; ++count) {
-    CalculatedFields fields = Stored(row);
+    const CalculatedFields stored = Stored(row);
+    CalculatedFields fields = stored;
     CalculateForMonth(Parameters(row), dataCalcul, fields);
-    Write(update, sqlite3_column_int64(row, 0), fields);
+    if (!(fields == stored)) Write(update, sqlite3_column_int64(row, 0), fields);
   }
   sqlite3_finalize(row);
   sqlite3_finalize(update);

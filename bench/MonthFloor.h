@@ -7,8 +7,9 @@
 
 namespace tevra::bench {
 
-/// Reads the columns, computes, and writes the changed ones back through one prepared statement by
-/// row id, in one transaction with synchronous=FULL. Returns the number of assets.
-int RunFloor(const std::filesystem::path& file, const DateTime& dataCalcul);
+/// Reads the columns, computes, and writes the rows that changed back through one prepared
+/// statement by row id, in one transaction with synchronous=FULL; `checks`: the table's checks are
+/// on. Returns the number of assets.
+int RunFloor(const std::filesystem::path& file, const DateTime& dataCalcul, bool checks);
 
 }  // namespace tevra::bench
