@@ -1,4 +1,5 @@
 // One pass over the rows of a statement; groups of one row among them.
+#include "platform/data/Command.h"
 #include "platform/data/RowReader.h"
 #include "tests/data/DataTest.h"
 
@@ -47,6 +48,22 @@ TEST_F(RowReaderTest, GivesTheRowsOneAfterAnother) {
   EXPECT_FALSE(rows.Next());
   EXPECT_FALSE(rows.Next()) << "it does not begin anew";
   ExpectRefused(kStatementError, "no rows", [&] { RowReader(connection_, "DELETE FROM T_LOC"); });
+}
+
+// A prepared command gives each run its own values, also where some stay and where a run is
+// refused.
+TEST_F(RowReaderTest, ACommandWritesTheValuesOfEachRun) {
+  Command insert(connection_,
+                 "INSERT INTO T_IMO (COD, DENUMIRE, VAL, DATA_PF) VALUES (?, ?, ?, ?)");
+  const DateTime day(2026, 2, 28);
+  insert.Execute({"A", "unu", 1.0, day});
+  insert.Execute({"A", "doi", -0.0, day});
+  insert.Execute({"A", Value(), 0.0, Value()});
+  EXPECT_THROW(insert.Execute({"A", "trei", 3.0, "31 februarie"}), Failure);
+  EXPECT_THROW(insert.Execute({"A"}), Failure);
+  insert.Execute({"B", "trei", 3.0, day});
+  EXPECT_EQ(Read("SELECT COD, DENUMIRE, VAL, DATA_PF FROM T_IMO WHERE NRCRT > 3 ORDER BY NRCRT"),
+            "A unu 1 28.02.2026 \nA doi 0 28.02.2026 \nA  0  \nB trei 3 28.02.2026 \n");
 }
 
 TEST_F(RowReaderTest, GroupsOfOneRowAreReadWithoutSortingThem) {
