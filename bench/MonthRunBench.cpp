@@ -11,8 +11,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "bench/BestTimes.h"
 #include "bench/GeneratedCompany.h"
-#include "bench/Medians.h"
 #include "bench/MonthFloor.h"
 #include "engine/Module3.h"
 
@@ -89,15 +89,15 @@ int main(int argc, char** argv) {
   add("floor/32767", Floor, sides[3]);
   add("run_without_checks/32767", Run, sides[4]);
   add("floor_without_checks/32767", Floor, sides[5]);
-  Medians medians;
-  RunInTurns(argc, argv, medians);
+  BestTimes times;
+  RunInTurns(argc, argv, times);
 
   std::printf("\nrun to floor, 32767 assets:     %.2f (at most 1.15)\n",
-              medians.Of("run/32767") / medians.Of("floor/32767"));
+              times.Of("run/32767") / times.Of("floor/32767"));
   std::printf("the same without any checks:    %.2f (at most 1.2)\n",
-              medians.Of("run_without_checks/32767") / medians.Of("floor_without_checks/32767"));
+              times.Of("run_without_checks/32767") / times.Of("floor_without_checks/32767"));
   std::printf("32752 assets to 2047:           %.1f (at most 17)\n",
-              medians.Of("run/32752") / medians.Of("run/2047"));
+              times.Of("run/32752") / times.Of("run/2047"));
   std::printf("memory, 32767 against 2047:     %ld KiB more\n", growth);
   return 0;
 }

@@ -12,8 +12,8 @@
 #include <benchmark/benchmark.h>
 
 #include "accounting/ChargePostings.h"
+#include "bench/BestTimes.h"
 #include "bench/GeneratedCompany.h"
-#include "bench/Medians.h"
 #include "bench/PostingFloor.h"
 #include "engine/Module3.h"
 #include "session/Session.h"
@@ -78,10 +78,10 @@ int main(int argc, char** argv) {
   };
   add("posting", Posting, company);
   add("floor", Floor, copy);
-  Medians medians;
-  RunInTurns(argc, argv, medians);
+  BestTimes times;
+  RunInTurns(argc, argv, times);
   std::printf("\nposting to floor, 32767 assets:  %.2f (at most 1.35)\n",
-              medians.Of("posting") / medians.Of("floor"));
+              times.Of("posting") / times.Of("floor"));
   std::printf("memory, 32767 against 2047:      %ld KiB more\n", growth);
   return 0;
 }

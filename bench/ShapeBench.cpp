@@ -11,8 +11,8 @@
 #include <sqlite3.h>
 
 #include "bench/BareRows.h"
+#include "bench/BestTimes.h"
 #include "bench/GeneratedCompany.h"
-#include "bench/Medians.h"
 #include "platform/shape/ShapedRecordset.h"
 #include "reports/DataEnv.h"
 
@@ -73,12 +73,12 @@ int main(int argc, char** argv) {
   add("open", Open, &connection);
   add("read", Read, &connection);
   add("bare", Bare, bare);
-  Medians medians;
-  RunInTurns(argc, argv, medians);
+  BestTimes times;
+  RunInTurns(argc, argv, times);
   sqlite3_close(bare);
 
   std::printf("\nopening to bare statement:  %.2f (at most 1.5)\n",
-              medians.Of("open") / medians.Of("bare"));
-  std::printf("all rows page by page:      %.2f of it\n", medians.Of("read") / medians.Of("bare"));
+              times.Of("open") / times.Of("bare"));
+  std::printf("all rows page by page:      %.2f of it\n", times.Of("read") / times.Of("bare"));
   return 0;
 }
