@@ -29,7 +29,7 @@ std::ifstream OpenSource(const fs::path& file) {
   return in;
 }
 
-// The one place where a company file comes from nothing; everything else copies.
+// The only place where a company file is created; everything else copies files.
 void CreateEmpty(const fs::path& file) {
   sqlite3* db = nullptr;
   const int opened =
@@ -43,7 +43,7 @@ void CreateEmpty(const fs::path& file) {
   if (!done) throw Failure(kDatabaseNotOpened, "Baza de date nu poate fi creata: " + file.string());
 }
 
-// A failure while a source is read is that source's.
+// Adds the source's name to a failure.
 template <typename Call>
 auto Reading(const fs::path& file, Call call) {
   try {

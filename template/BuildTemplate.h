@@ -1,4 +1,4 @@
-// Makes the template company file from its readable sources.
+// Builds the template company file from its text sources.
 #pragma once
 
 #include <filesystem>

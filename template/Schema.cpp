@@ -1,5 +1,6 @@
 #include "template/Schema.h"
 
+#include <algorithm>
 #include <sstream>
 
 #include "platform/text/Strings.h"
@@ -13,7 +14,7 @@ class SchemaReader {
   Schema Read(std::istream& in) {
     std::string line;
     for (number_ = 1; std::getline(in, line); ++number_) {
-      line = WithoutComment(line);
+      SplitComment(line);
       if (Trim(line).empty()) continue;
       if (line[0] != ' ') {
         ReadHeading(line);
@@ -29,9 +30,10 @@ class SchemaReader {
     throw Failure(kTypeMismatch, "Line " + std::to_string(number_) + ": " + why);
   }
 
-  static std::string WithoutComment(const std::string& line) {
-    if (!line.empty() && line[0] == '#') return {};
-    return line.substr(0, line.find(" #"));
+  void SplitComment(std::string& line) {
+    const std::size_t mark = line.starts_with('#') ? 0 : line.find(" #");
+    comment_ = mark == std::string::npos ? "" : Trim(line.substr(line.find('#', mark) + 1));
+    line.resize(std::min(mark, line.size()));
   }
 
   static std::string Name(const std::string& written) {
@@ -54,9 +56,10 @@ class SchemaReader {
     if (equals == std::string::npos) Fail("\"=\" is missing");
     const std::string name = Name(rest.substr(0, equals));
     const std::string meaning = Trim(rest.substr(equals + 1));
-    if (meaning.empty()) Fail("nothing stands behind \"=\"");
+    if (meaning.empty()) Fail("nothing follows \"=\"");
     if (kind == "query") {
       schema_.queries.push_back({name, meaning});
+      schema_.meanings[name] = comment_;
     } else if (kind == "like") {
       AddLike(name, Name(meaning));
     } else {
@@ -72,7 +75,8 @@ class SchemaReader {
     schema_.tables.push_back(std::move(table));
   }
 
-  // The exchange tables take over a file's rows before anything is checked: columns only.
+  // The exchange tables receive a file's rows before anything is checked, so they have columns
+  // only.
   void AddLike(const std::string& name, const std::string& original) {
     for (const TableDef& table : schema_.tables) {
       if (!EqualNoCase(table.name, original)) continue;
@@ -81,6 +85,7 @@ class SchemaReader {
         field.autoNumber = false;
         if (field.type != FieldType::YesNo) field.required = false;
       }
+      schema_.copies.push_back({name, table.name});
       AddTable(std::move(copy));
       return;
     }
@@ -146,6 +151,7 @@ class SchemaReader {
         Fail("unknown word " + flag);
       }
     }
+    schema_.meanings[schema_.tables.back().name + "." + name] = comment_;
     schema_.tables.back().fields.push_back(std::move(field));
   }
 
@@ -175,6 +181,7 @@ class SchemaReader {
   }
 
   Schema schema_;
+  std::string comment_;  // of the line being read
   int number_ = 0;
 };
 
