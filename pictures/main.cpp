@@ -1,7 +1,7 @@
 // tevra-pictures SOURCES TARGET: draws the program's pictures from their SVG sources.
 //
-// Buttons' pictures become bitmaps with transparency, with a sibling "@2x" for screens of double
-// density; icons become files of several sizes; the splash a PNG and its sibling.
+// Buttons' pictures become bitmaps with transparency, with an "@2x" variant for screens of double
+// density; icons become files of several sizes; the splash becomes a PNG with its "@2x" variant.
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
@@ -45,7 +45,7 @@ void Append(QByteArray& bytes, Number value) {
   bytes.append(reinterpret_cast<const char*>(&little), sizeof little);
 }
 
-// With the header that says where the transparency stands; without it readers take the picture for
+// Writes the header with the masks of the transparency; without it readers treat the picture as
 // opaque.
 QByteArray Bitmap(const QImage& image) {
   constexpr quint32 kFileHeader = 14;
@@ -84,8 +84,8 @@ QByteArray Png(const QImage& image) {
   return bytes;
 }
 
-// The splash's words are part of its picture: at the program's start its first window then waits
-// for no font.
+// The texts of the splash are part of its picture, so that the first window of the program does not
+// wait for fonts.
 QImage WithWords(QImage image, int density) {
   image.setDevicePixelRatio(density);
   QPainter painter(&image);

@@ -1,5 +1,5 @@
-// The family of the monthly charges. All its reports have the same band names, by which the screen
-// finds them, whatever they are grouped by.
+// The family of the monthly charges. All its reports use the same band names, so that the screen
+// finds the bands whatever the grouping is.
 #include "reports/LayoutFamilies.h"
 
 namespace tevra {
@@ -19,7 +19,7 @@ struct Column {
   const char* romanian;
   const char* english;
   const char* field;
-  const char* total;  ///< nothing under a column without one
+  const char* total;  ///< nullptr for a column without a total
   double width;       ///< hundredths of the page
 };
 
@@ -37,7 +37,7 @@ std::vector<Column> ColumnsOf(const ChargesWords& words) {
   return columns;
 }
 
-// A number at the right and the text behind it would run together.
+// The left edge of a column, with a gap between a right-aligned number and the text after it.
 double LeftOf(const std::vector<Column>& columns, std::size_t column) {
   constexpr double kGap = 1.5;
   double left = column > 0 ? kGap : 0;
@@ -114,7 +114,7 @@ ReportSection Detail(const std::vector<Column>& columns) {
   return section;
 }
 
-// The totals of a band under their columns; `first`: of their names.
+// The totals of a band below their columns; `first`: the number in the first control's name.
 void AddTotals(ReportSection& section, const std::vector<Column>& columns, Kind kind,
                const char* prefix, int first, double top) {
   for (std::size_t i = 0; i < columns.size(); ++i) {

@@ -7,7 +7,7 @@ namespace tevra {
 
 namespace {
 
-// The colour of a box that waits to be filled.
+// The colour of a box that the user has to fill in.
 constexpr const char* kHighlighted = "QComboBox { background: #ffffc8; }";
 
 }  // namespace

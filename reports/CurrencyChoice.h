@@ -1,4 +1,4 @@
-// In which currency a report is printed: a tick and a combo, the same on all report screens.
+// The choice of a report's currency: a check box and a combo, the same on all report screens.
 #pragma once
 
 #include <QComboBox>
@@ -8,11 +8,11 @@
 
 namespace tevra {
 
-/// Unticked the report is in lei. Ticked, it is in the code that stands in the combo, an empty one
-/// included.
+/// Unticked, the report is in lei. Ticked, it is in the currency of the combo, even when that is
+/// empty.
 class CurrencyChoice {
  public:
-  /// Makes the two controls on a screen; Load fills and wires them.
+  /// Creates the two controls on a screen; Load fills them and sets their handlers.
   explicit CurrencyChoice(QWidget* screen);
   void Load();
 

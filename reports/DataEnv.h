@@ -1,4 +1,4 @@
-// The data environment: the named commands of the reports and the rows they gave.
+// The data environment: the named commands of the reports and their rows.
 #pragma once
 
 #include <string>
@@ -10,8 +10,8 @@
 
 namespace tevra {
 
-/// Commands by name, without case. Each has one recordset, closed until it is run. All routines
-/// throw Failure 3265 for a name that is no command's.
+/// Commands are found by name, without case. Each has one recordset, closed until it is run. All
+/// routines throw Failure 3265 for an unknown name.
 class DataEnv {
  public:
   DataEnv();
@@ -19,26 +19,26 @@ class DataEnv {
   std::vector<std::string> CommandNames() const;
   const std::string& CommandText(const std::string& command) const;
 
-  /// Runs a command over the company (GetShapeConnection) as it is now and keeps its rows in the
-  /// place of those of before; when it fails those stay. `params`: for a command with dates the
-  /// first and the last of the period. Throws Failure with the command's text as its source.
+  /// Runs a command on the company (GetShapeConnection) and replaces its previous rows; when it
+  /// fails, the previous rows remain. `params`: for a command with dates, the first and the last
+  /// day of the period. Throws Failure with the command's text as its source.
   void Run(const std::string& command, const Values& params = {});
 
-  /// Runs an open command again with the same parameters. Throws Failure 424 for one that is
+  /// Runs an open command again with the same parameters. Throws Failure 424 when it is
   /// closed.
   void Requery(const std::string& command);
 
   bool IsOpen(const std::string& command) const;
-  void Close(const std::string& command);  ///< nothing when it is closed
+  void Close(const std::string& command);  ///< has no effect when it is closed
 
-  /// For what needs the company file alone: the rows of plain commands hold it.
+  /// To be called before work that needs the company file alone: plain commands keep it open.
   void CloseAll();
 
-  /// The rows of a grouped command ("rs" and its name), as they were when it was run. They stay
-  /// when the command is closed or run again. Throws Failure 424 for a plain command.
+  /// The rows of a grouped command ("rs" and its name), as they were when it was run. The returned
+  /// rows remain valid when it is closed or run again. Throws Failure 424 for a plain command.
   ShapedRecordset Rs(const std::string& command) const;
 
-  /// The same of a plain command. It holds the company file.
+  /// The same for a plain command. It keeps the company file open.
   Recordset PlainRs(const std::string& command) const;
 
  private:
@@ -54,7 +54,7 @@ class DataEnv {
   std::vector<Command> commands_;
 };
 
-/// The one data environment of the program.
+/// The program's data environment.
 DataEnv& CurrentDataEnv();
 
 }  // namespace tevra

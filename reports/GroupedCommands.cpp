@@ -2,8 +2,8 @@
 
 namespace tevra {
 
-// The texts are the design of the reports, their unevenness included: CH_LOC asks for no blocked
-// assets, CH_INV_CC joins the cost centres on the location. They are not to be straightened.
+// The commands define the reports, including their irregularities: CH_LOC leaves out blocked
+// assets, CH_INV_CC joins the cost centres on the location. Do not make them uniform.
 const std::vector<GroupedCommand>& GroupedCommands() {
   static const std::vector<GroupedCommand> kCommands = {
       {"CH_Cont_Grouping",

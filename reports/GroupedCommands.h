@@ -1,4 +1,4 @@
-// The grouped commands of the reports, word for word.
+// The grouped commands of the reports.
 #pragma once
 
 #include <string>

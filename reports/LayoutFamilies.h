@@ -1,5 +1,5 @@
-// What the reports of a family differ in: their names, their fields and their words, which are as
-// uneven as users know them.
+// The differences between the reports of a family: names, fields and texts. The texts are
+// irregular; users know them so.
 #pragma once
 
 #include <vector>
@@ -17,15 +17,15 @@ struct ChargesWords {
   const char* value;       ///< the field of the value to depreciate
   const char* total;       ///< before the key under a group
   const char* grandTotal;
-  const char* product;  ///< at the foot of the page
+  const char* product;  ///< in the page footer
   const char* page;
   bool named;    ///< has a column with the assets' names
-  bool english;  ///< title and column titles; the other words are its own
+  bool english;  ///< title and column titles; the other texts are given above
 };
 std::vector<ChargesWords> ChargesFamily();
 ReportLayout ChargesLayout(const ChargesWords& words);
 
-/// What was bought in a period by one of four fields: assets in lei or in currency, inventory
+/// The purchases of a period by one of four fields: assets in lei or in currency, inventory
 /// objects.
 struct ListWords {
   const char* name;
@@ -38,7 +38,7 @@ struct ListWords {
   const char* value;  ///< the title of the value's column
   const char* total;  ///< the field of the groups' totals
   const char* grandTotal;
-  bool english;  ///< the other column titles
+  bool english;  ///< English column titles
 };
 std::vector<ListWords> PurchasesFamily();
 std::vector<ListWords> InventoryFamily();

@@ -8,10 +8,10 @@
 
 namespace tevra {
 
-/// The design by its name, without case, with its captions as designed. Throws Failure 3265.
+/// A design by its name, without case, with its original captions. Throws Failure 3265.
 ReportLayout LayoutNamed(const std::string& name);
 
-/// The names of all of them, by families: charges, purchases, inventory.
+/// The names of all designs, by families: charges, purchases, inventory.
 std::vector<std::string> LayoutNames();
 
 }  // namespace tevra

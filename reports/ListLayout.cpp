@@ -1,4 +1,4 @@
-// The families of what was bought in a period: assets and inventory objects.
+// The families of the purchases of a period: assets and inventory objects.
 #include "reports/LayoutFamilies.h"
 
 namespace tevra {
@@ -28,7 +28,7 @@ ReportControl Bold(ReportControl control) {
   return control;
 }
 
-// Four hold the longest name or code in its column.
+// Four lines are enough for the longest name or code.
 ReportControl Growing(ReportControl control) {
   control.lines = 4;
   return control;
@@ -159,7 +159,7 @@ ReportSection ReportFooter(const ListWords& words) {
                  Qt::AlignRight})}};
 }
 
-// A family's report in lei and its twin in currency.
+// A family's report in lei and the same report in currency.
 ListWords Purchases(const char* name, const char* command, const char* group, const char* label) {
   return {name,  command,   group,  label,           "ACHIZITII", "realizate de la ",
           "la ", "Valoare", "TVAL", "TOTAL GENERAL", false};
@@ -191,7 +191,7 @@ ListWords Inventory(const char* name, const char* command, const char* group, co
 std::vector<ListWords> PurchasesFamily() {
   ListWords centre = InCurrency("DataReport_STA_ACH_CC_VAL", "Achizitii_CC_Val_Grouping", "COD_CC",
                                 "CODE", "Original cost");
-  // The one that is half in Romanian.
+  // This design has some Romanian texts.
   centre.title = "ACHIZITII";
   centre.from = "realizate de la ";
   centre.to = "la ";

@@ -17,7 +17,7 @@ namespace tevra {
 
 namespace {
 
-// By the code of the grouping: the layout in lei and the one in currency.
+// The layouts in lei and in currency, by the code of the grouping.
 using Layouts = std::array<std::pair<const char*, const char*>, 4>;
 
 constexpr Layouts kCharges{{{"DataReportCHE", "DataReportCHEVAL"},
@@ -40,8 +40,8 @@ ReportLayout Design(const Layouts& layouts, std::uint8_t grouping, const std::st
   return LayoutNamed(InLei(currency) ? lei : other);
 }
 
-// An earlier run of the command is closed; a preview that shows it keeps its rows.
-// All groupings of a report are one kind of document to its user's page.
+// Closes an earlier run of the command; a preview that shows it keeps its rows. All groupings of a
+// report are one kind of document for the page settings.
 std::unique_ptr<BandedReport> Run(ReportLayout design, const QString& title, const char* paperKind,
                                   const Values& params = {}) {
   DataEnv& environment = CurrentDataEnv();
@@ -106,7 +106,7 @@ std::unique_ptr<BandedReport> PurchasesReport(const PeriodRequest& request) {
   return Run(std::move(design), "Achizitii", "DataReport_STA_ACH", {request.from, request.to});
 }
 
-// One design for both kinds of money; its grand total stays the one in lei, as designed.
+// One design is used for lei and for currency; its grand total is always in lei.
 std::unique_ptr<BandedReport> InventoryReport(const PeriodRequest& request) {
   ReportLayout design = LayoutNamed(kInventory.at(request.grouping));
   SetPeriod(design, request);

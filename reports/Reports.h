@@ -1,5 +1,5 @@
-// The program's reports, ready to be shown or printed: a grouped command run on the open company,
-// in the design that belongs to it, with the captions of the moment.
+// The program's reports, ready to be shown or printed: a grouped command is run on the open company
+// and combined with its design and the current captions.
 #pragma once
 
 #include <cstdint>
@@ -11,22 +11,22 @@
 
 namespace tevra {
 
-/// The currency of the values in lei, in any case; every other one, the empty one too, prints the
-/// values in currency.
+/// The currency for values in lei, in any case; every other one, the empty one too, prints the values
+/// in currency.
 inline constexpr const char* kLei = "LEI";
 
-/// The monthly charges as the last calculation left them. Month and year are captions alone; where
-/// assets were calculated for another month, the header says how many.
+/// The monthly charges of the last calculation. Month and year are only printed; where assets were
+/// calculated for another month, the header says how many.
 struct ChargesRequest {
   std::uint8_t grouping = 0;  ///< 0 account, 1 class, 2 location, 3 cost centre
   std::string currency = kLei;
   int month = 1;
   int year = 2000;
-  bool detail = true;  ///< else only groups and totals
+  bool detail = true;  ///< otherwise only groups and totals
 };
 std::unique_ptr<BandedReport> ChargesReport(const ChargesRequest& request);
 
-/// What was bought from one day to another, both included.
+/// The purchases from one day to another, both included.
 struct PeriodRequest {
   std::uint8_t grouping = 0;  ///< as ChargesRequest; for inventory 1 is the person in charge
   std::string currency = kLei;
@@ -36,7 +36,7 @@ struct PeriodRequest {
 std::unique_ptr<BandedReport> PurchasesReport(const PeriodRequest& request);
 std::unique_ptr<BandedReport> InventoryReport(const PeriodRequest& request);
 
-/// "Ianuarie" to "Decembrie"; empty for what is no month.
+/// "Ianuarie" to "Decembrie"; empty for any other number.
 std::string MonthName(int month);
 
 }  // namespace tevra

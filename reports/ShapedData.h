@@ -1,4 +1,4 @@
-// The rows of a grouped command as a report prints them.
+// Gives the rows of a grouped command to a report.
 #pragma once
 
 #include <map>
@@ -29,7 +29,7 @@ class ShapedData : public ReportData {
 
   ShapedRecordset rows_;
   std::string by_;
-  // The names are looked up once a report, the group once for all its rows.
+  // Names are looked up once for the report, a group once for all its rows.
   mutable std::map<std::string, std::size_t> fields_;
   mutable std::map<std::string, std::size_t> totals_;
   mutable std::optional<std::size_t> groupNumber_;

@@ -41,7 +41,7 @@ void frmRapCHE::Form_Load() {
   });
 }
 
-// The run takes exactly the day that is marked, so the day is told in full.
+// The run uses exactly the selected day, so the label shows the full date.
 void frmRapCHE::MonthView1_Click() {
   lblData->setText("Data de calcul: " + QString::fromStdString(ShortDate(SelectedDate())));
 }
@@ -57,7 +57,7 @@ void frmRapCHE::cmdCalcul_Click() {
   });
 }
 
-// Also behind a run that failed: then by the rates that stand in the register.
+// Posts after a failed run too, with the rates that the register has then.
 void frmRapCHE::pAddNoteContabile() {
   Run("pAddNoteContabile", [this](Procedure& procedure) {
     const Hourglass waiting;

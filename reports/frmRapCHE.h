@@ -42,7 +42,7 @@ class frmRapCHE : public ReportScreen {
   void pAddNoteContabile();
   void cmdListare_Click(Procedure& running);
 
-  /// The date that stands in the calendar, at 00:00.
+  /// The date selected in the calendar, at 00:00.
   DateTime SelectedDate() const;
 };
 

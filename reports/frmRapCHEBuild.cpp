@@ -1,4 +1,4 @@
-// How the screen of the monthly charges stands.
+// The controls of the screen of the monthly charges and their layout.
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>

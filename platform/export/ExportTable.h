@@ -1,4 +1,4 @@
-// Rows and columns on their way out of the program.
+// The rows and columns that are exported to a file.
 #pragma once
 
 #include <QString>
@@ -15,20 +15,20 @@ namespace tevra {
 
 struct ExportColumn {
   QString caption;
-  /// Of the column's values, as ShownText has it.
+  /// The format of the column's values, as for ShownText.
   std::string format = {};
   FieldType type = FieldType::Text;
   Qt::Alignment alignment = Qt::AlignLeft;
-  bool footed = false;    ///< its sum stands under it
-  double width = 0;       ///< in characters; 0: as a sheet has it
-  ValueWords words = {};  ///< shown in the place of values
+  bool footed = false;    ///< has its sum below it
+  double width = 0;       ///< in characters; 0: the sheet's default
+  ValueWords words = {};  ///< shown instead of values
 };
 
 struct ExportTable {
   QString title;
   std::vector<ExportColumn> columns;
-  std::size_t rows = 0;  ///< how many will come; 0 while nobody knows
-  /// Fills in the next row, a value a column; false when there is none. May throw Failure.
+  std::size_t rows = 0;  ///< the number of rows; 0 when it is unknown
+  /// Fills in the next row, one value for each column; false when there is none. May throw Failure.
   std::function<bool(Values& row)> next;
 };
 

@@ -18,10 +18,10 @@ namespace tevra {
 namespace {
 
 constexpr double kWidest = 80;  // characters
-// The sheets' calendar goes wrong before 1 March 1900.
+// The calendar of spreadsheets is wrong before 1 March 1900.
 constexpr double kFirstSureDay = 61;
 
-// The formats of our columns in the words of a sheet.
+// Translates the formats of our columns into those of a sheet.
 std::string SheetFormat(const ExportColumn& column) {
   static const std::map<std::string, const char*> kFormats{
       {"Standard", "#,##0.00"}, {"Fixed", "0.00"},           {"Percent", "0.00%"},
@@ -32,7 +32,7 @@ std::string SheetFormat(const ExportColumn& column) {
   return known == kFormats.end() ? column.format : known->second;
 }
 
-// At most 31 characters, without those that mean something in a formula.
+// At most 31 characters, without those that have a meaning in formulas.
 std::string SheetName(const QString& title) {
   constexpr int kLongest = 31;
   QString name = title.simplified();
@@ -147,7 +147,8 @@ void SpreadsheetFile::Impl::WriteCaptions() {
   row = 1;
 }
 
-// A word for the value, a number or a date as such; what a sheet cannot hold as a text.
+// Writes the word for the value, or a number or date as such, or a text when a sheet has no such
+// value.
 void SpreadsheetFile::Impl::WriteCell(lxw_col_t at, const Value& value) {
   Column& column = columns[at];
   if (value.IsNull()) return;
@@ -168,8 +169,8 @@ void SpreadsheetFile::Impl::WriteCell(lxw_col_t at, const Value& value) {
   if (column.shown.footed) column.sum.Add(value);
 }
 
-// As formulas, so that they follow a filter set in the sheet; with their results, for programs that
-// do not calculate.
+// Sums are formulas, so that they follow a filter in the sheet, and have their results stored for
+// programs that do not calculate.
 void SpreadsheetFile::Impl::WriteSums() {
   const lxw_row_t last = row - 1;
   for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -198,7 +199,7 @@ void SpreadsheetFile::RequireRoom(std::size_t rows) {
 }
 
 void SpreadsheetFile::AddRow(const Values& values) {
-  RequireRoom(impl_->row);  // the captions stand in the first
+  RequireRoom(impl_->row);  // the first row has the captions
   const DecimalPoint point;
   for (std::size_t i = 0; i < values.size(); ++i) {
     impl_->WriteCell(static_cast<lxw_col_t>(i), values[i]);

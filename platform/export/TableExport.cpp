@@ -14,10 +14,10 @@ namespace tevra {
 
 namespace {
 
-// Thrown through ReplaceFile, which then leaves the file of before.
+// Thrown through ReplaceFile, which then keeps the previous file.
 struct GivenUp {};
 
-// Hands each row to `write`, and tells how far it is.
+// Passes each row to `write` and reports the progress.
 template <class Write>
 void ForEachRow(const ExportTable& table, const Progress& progress, Write write) {
   constexpr std::size_t kRowsBetween = 256;
@@ -29,7 +29,7 @@ void ForEachRow(const ExportTable& table, const Progress& progress, Write write)
   }
 }
 
-// What is read as a word stands as the word; other cells keep their full value.
+// A value shown as a word is written as that word; other cells keep their full value.
 std::string ExactCell(const Value& value, const ExportColumn& column) {
   if (!IsWord(value, column.words)) return CsvCellOf(value);
   return CsvText(ShownText(value, column.format, column.words).toStdString());

@@ -1,4 +1,4 @@
-// A table as a file: a spreadsheet, comma separated values.
+// Writes a table to a file: a spreadsheet or comma separated values.
 #pragma once
 
 #include <filesystem>
@@ -9,14 +9,14 @@
 namespace tevra {
 
 /// Writes an .xlsx file: captions, rows with real numbers and dates in the columns' formats, and
-/// under the footed columns their sums as formulas. The table's title is the name of the sheet and
-/// of the document. The file is replaced whole or not at all; false when it was given up. Throws
-/// Failure for what cannot be read or written, 6 for more rows than a sheet has.
+/// below the footed columns their sums as formulas. The table's title is the name of the sheet and
+/// of the document. The file is replaced whole or not at all; false when the user cancelled. Throws
+/// Failure when reading or writing fails, 6 for more rows than a sheet can have.
 bool SaveSpreadsheet(const ExportTable& table, const std::filesystem::path& file,
                      const Progress& progress = {});
 
-/// The same as comma separated values in UTF-8, for other programs: captions, then the rows with
-/// numbers in all their digits and a decimal point, dates as 2006-12-31.
+/// The same as comma separated values in UTF-8, for other programs: captions, then the rows, with
+/// numbers in all their digits and with a decimal point, and dates as 2006-12-31.
 bool SaveCsv(const ExportTable& table, const std::filesystem::path& file,
              const Progress& progress = {});
 

@@ -8,7 +8,7 @@ namespace tevra {
 
 namespace {
 
-// A yes/no field may be read as -1 or as yes.
+// The value of a yes/no field may be -1 or yes.
 bool SameEntry(const Value& a, const Value& b) {
   if (a.IsText() || b.IsText()) return a.IsText() && b.IsText() && a == b;
   return a.AsDouble() == b.AsDouble();

@@ -28,7 +28,7 @@ QString ValueText(const Value& value, const std::string& format) {
 
 }  // namespace
 
-// Takes the bands of a page as they are placed; counting alone needs no texts.
+// Receives the bands of a page as they are placed. Layout needs no texts, so they are optional.
 class BandedReport::Filler {
  public:
   Filler(const BandedReport& report, int page, std::vector<Band>* bands)
@@ -123,7 +123,7 @@ BandedReport::Place BandedReport::Next(const Place& at) const {
   }
 }
 
-// The height that must be left behind a band: a head keeps its first row, totals the last one.
+// The height that must remain below a band: a head stays with its first row, totals with the last.
 double BandedReport::NeededBehind(const Place& at) const {
   const Place next = Next(at);
   const bool keeps = at.stage == Stage::kGroup || next.stage == Stage::kGroupFooter ||
@@ -147,7 +147,7 @@ BandedReport::Place BandedReport::Fill(const Place& start, Filler& filler) const
   }
   const ReportSection* pageHeader = design_.Shown(BandRole::kPageHeader);
   put(pageHeader, at, HeightOf(pageHeader, at));
-  // A band that no page can hold is better cut than never printed.
+  // A band higher than a page is printed cut, because it would never be printed otherwise.
   for (bool first = true; at.stage != Stage::kEnd; first = false, at = Next(at)) {
     const ReportSection* section = SectionAt(at);
     const double height = HeightOf(section, at);
@@ -173,7 +173,7 @@ double BandedReport::HeightOf(const ReportSection* section, const Place& at) con
   return section->height * kTwipsPerPoint + more;
 }
 
-// ---- What stands in a band ----------------------------------------------------------------------
+// ---- The texts of a band ------------------------------------------------------------------------
 
 Value BandedReport::ValueOf(const ReportControl& control, const Place& at) const {
   if (control.kind == ControlKind::kFunction) return data_->GrandTotal(control.field);
@@ -228,8 +228,8 @@ void BandedReport::PaintBand(QPainter& painter, const Band& band) const {
     const double left = area.left() + area.width() * control->left / 100;
     double top = band.top + control->top * kTwipsPerPoint;
     if (control->kind == ControlKind::kLine) {
-      if (control->top > 0) top += grown;  // what stands below the texts
-      // As a line, which a coarse screen shows however thin it is.
+      if (control->top > 0) top += grown;  // controls below the texts
+      // Drawn as a line, because a coarse screen shows even the thinnest line.
       painter.setPen(QPen(Qt::black, control->size * kTwipsPerPoint, Qt::SolidLine, Qt::FlatCap));
       painter.drawLine(QPointF(left, top),
                        QPointF(left + area.width() * control->width / 100, top));

@@ -16,12 +16,12 @@
 
 namespace tevra {
 
-/// What a report prints from, read by position as often as pages are painted. Fields by their name
-/// without case; a name that is not there throws Failure 3265.
+/// The data of a report, read by position each time a page is painted. Fields are found by name
+/// without case; an unknown name throws Failure 3265.
 class ReportData {
  public:
   struct Rows {
-    std::size_t first = 0;  ///< the place of a group's first row among all rows
+    std::size_t first = 0;  ///< position of the group's first row among all rows
     std::size_t count = 0;
   };
   virtual ~ReportData() = default;
@@ -33,15 +33,15 @@ class ReportData {
   virtual Value GrandTotal(const std::string& field) const = 0;
 };
 
-/// Pages are laid out one a step. A page is known by where it begins, so that a long report holds
-/// no more than that of each.
+/// Each step lays out one page. Only the place where a page begins is stored, so that a long report
+/// needs little memory.
 class BandedReport : public PagedDocument {
  public:
-  /// `today`: the day that %d stands for.
+  /// `today`: the day printed for %d.
   BandedReport(QString title, ReportLayout design, std::shared_ptr<const ReportData> data,
                const DateTime& today, const QPageLayout& layout);
 
-  /// A band as it stands on a page, its texts by the names of their controls.
+  /// A band on a page, with its texts by the names of their controls.
   struct Band {
     const ReportSection* section = nullptr;
     double top = 0;  ///< twips from the upper edge of the paper
@@ -56,7 +56,7 @@ class BandedReport : public PagedDocument {
   void LayOutMore() override;
   void PaintPage(QPainter& painter, int page) override;
   bool HasRows() const override { return true; }
-  /// Those of the paper, each with its group; where they are hidden, the groups with their totals.
+  /// The rows on paper, each with its group; when rows are hidden, the groups with their totals.
   std::unique_ptr<DocumentRows> Rows() override;
 
  protected:
@@ -64,7 +64,7 @@ class BandedReport : public PagedDocument {
 
  private:
   enum class Stage { kReportHeader, kGroup, kRow, kGroupFooter, kReportFooter, kEnd };
-  /// What comes next; `row` counts within the group.
+  /// The next thing to print; `row` counts within the group.
   struct Place {
     Stage stage = Stage::kReportHeader;
     std::size_t group = 0;
@@ -86,7 +86,7 @@ class BandedReport : public PagedDocument {
   ReportLayout design_;
   std::shared_ptr<const ReportData> data_;
   DateTime today_;
-  std::vector<Place> starts_;  // of each page, and of the one to come
+  std::vector<Place> starts_;  // of each page, and of the next one
   bool complete_ = false;
   mutable std::map<std::pair<int, bool>, CellText> letters_;
 };

@@ -1,4 +1,4 @@
-// The rows of a banded report, for a spreadsheet: as the paper has them, each with its group.
+// The rows of a banded report for a spreadsheet: as on paper, each with its group.
 #include <utility>
 
 #include "platform/print/BandedReport.h"
@@ -9,7 +9,7 @@ namespace tevra {
 
 namespace {
 
-// The title above a field: the label of the page's head that stands over it.
+// The title of a field: the label above it in the page header.
 QString TitleOver(const ReportLayout& design, const ReportControl& field) {
   const ReportSection* head = design.Shown(BandRole::kPageHeader);
   if (head) {
@@ -30,7 +30,7 @@ QString GroupTitle(const ReportLayout& design) {
   return QString::fromStdString(design.group);
 }
 
-// Where the rows are hidden the groups are what is handed out.
+// When the rows are hidden, the groups are exported instead.
 class ReportRows : public DocumentRows {
  public:
   ReportRows(const ReportLayout& design, std::shared_ptr<const ReportData> data)
@@ -85,7 +85,7 @@ class ReportRows : public DocumentRows {
   std::shared_ptr<const ReportData> data_;
   std::string group_;
   std::vector<ExportColumn> columns_;
-  std::vector<std::string> fields_;  // behind the group
+  std::vector<std::string> fields_;  // after the group's column
   bool byRows_ = true;
   std::size_t count_ = 0;
   std::size_t at_ = 0;  // the group

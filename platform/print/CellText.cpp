@@ -10,10 +10,10 @@
 namespace tevra {
 namespace {
 
-constexpr int kLongestText = 2000;  // more than any cell of two lines shows
-constexpr double kSlack = 0.5;      // twips, for roundings
+constexpr int kLongestText = 2000;  // more than fits into two lines of any cell
+constexpr double kSlack = 0.5;      // twips, against rounding errors
 
-// A list's row is one line or two, whatever lines the text has of its own.
+// A row of a list has one or two lines, so line breaks in the text become blanks.
 QString Plain(const QString& text) {
   QString plain = text.left(kLongestText);
   for (QChar& character : plain) {
@@ -25,7 +25,7 @@ QString Plain(const QString& text) {
   return plain.trimmed();
 }
 
-// What numbers and dates are written with: it never joins, so widths add up.
+// The characters of numbers and dates. They form no ligatures, so their widths add up.
 bool IsOfNumbers(QChar character) {
   const char16_t code = character.unicode();
   return (code >= '0' && code <= '9') || code == '.' || code == ',' || code == '-';
@@ -39,9 +39,9 @@ QFont PaperFont(double points, bool bold) {
   font.setStyleHint(QFont::SansSerif);
   font.setPixelSize(static_cast<int>(std::lround(points * kTwipsPerPoint)));
   font.setBold(bold);
-  // Letters fitted to the pixels of a screen would have widths of their own there.
+  // Hinting would give the letters other widths on a screen.
   font.setHintingPreference(QFont::PreferNoHinting);
-  // Digits moved together ("11") would not stand below those of the row above.
+  // With kerning, digits ("11") would not be exactly below those of the row above.
   font.setKerning(false);
   return font;
 }
@@ -61,9 +61,9 @@ double CellText::Width(const QString& text) const {
   return sum;
 }
 
-// By its letters alone, without asking how they join; most cells are such.
+// Adds the widths of the letters without shaping the text; this is enough for most cells.
 bool CellText::SurelyFits(const QString& text, double width) const {
-  constexpr double kJoined = 1.02;  // letters beside each other may stand a little further apart
+  constexpr double kJoined = 1.02;  // shaping may move letters a little apart
   if (text.isEmpty()) return true;
   if (text.front() == ' ' || text.back() == ' ') return false;
   double sum = 0;

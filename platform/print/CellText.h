@@ -1,4 +1,4 @@
-// Texts fitted into the cells of a table on paper.
+// Fits texts into the cells of a printed table.
 #pragma once
 
 #include <QFont>
@@ -10,19 +10,19 @@ class QPainter;
 
 namespace tevra {
 
-/// The font of the paper at a size in points: its pixel size is in twips, its letters are as wide
-/// on every device.
+/// The font of printed pages at a size in points. Its pixel size is in twips, so that letters have
+/// the same width on every device.
 QFont PaperFont(double points, bool bold = false);
 
-/// A text as a cell shows it.
+/// A text as it is printed in a cell.
 struct FittedText {
   QStringList lines;
   double shrink = 1;  ///< of the font
 };
 
-/// Fits texts of one font, widths in twips. A text breaks between words, a long word where the line
-/// ends; what the last line cannot hold ends in "...". A number is never cut nor broken: it is made
-/// smaller until it fits.
+/// Fits texts of one font; widths are in twips. A text breaks between words, a long word at the end
+/// of the line; a text too long for the last line ends in "...". A number is never cut or broken
+/// but printed smaller until it fits.
 class CellText {
  public:
   explicit CellText(const QFont& font);
@@ -30,12 +30,13 @@ class CellText {
   double LineHeight() const { return metrics_.height(); }
   double Width(const QString& text) const;
 
-  /// True when the text surely needs no second line; quick, since a list asks it for every cell.
+  /// True when the text certainly fits on one line. It is fast, because a list calls it for each
+  /// cell.
   bool FitsOneLine(const QString& text, double width) const;
   FittedText Fit(const QString& text, double width, int mostLines, bool isNumber) const;
   QString Elided(const QString& text, double width) const;
 
-  /// Paints a fitted text in the font; `alignment` as Qt has it, both ways.
+  /// Paints a fitted text; `alignment` is Qt's, horizontal and vertical.
   void Paint(QPainter& painter, const FittedText& text, const QRectF& cell,
              Qt::Alignment alignment) const;
 
@@ -44,7 +45,7 @@ class CellText {
 
   QFont font_;
   QFontMetricsF metrics_;
-  std::array<double, 128> letters_;  // widths of the plain ones
+  std::array<double, 128> letters_;  // widths of the ASCII letters
 };
 
 }  // namespace tevra

@@ -1,4 +1,4 @@
-// The rows behind a document of pages, for whoever goes on working with them elsewhere.
+// The rows behind a printed document, for a spreadsheet and similar uses.
 #pragma once
 
 #include <vector>
@@ -12,12 +12,12 @@ class DocumentRows {
  public:
   virtual ~DocumentRows() = default;
 
-  /// What the rows have, from left to right.
+  /// The columns, from left to right.
   virtual const std::vector<ExportColumn>& Columns() const = 0;
-  /// How many there are; 0 while nobody knows.
+  /// The number of rows; 0 while it is unknown.
   virtual std::size_t Count() const { return 0; }
-  /// Fills in the next row, a value a column; false behind the last. Throws what the source of data
-  /// throws.
+  /// Fills `row` with one value for each column; false after the last row. Throws what the data
+  /// source throws.
   virtual bool Next(Values& row) = 0;
 };
 

@@ -123,7 +123,7 @@ bool FindBar::SearchMore(int milliseconds) {
   return more;
 }
 
-// A place that is only found again moves nothing: the user may look elsewhere by now.
+// Finding the same place again does not scroll, because the user may be looking elsewhere by now.
 void FindBar::Tell() {
   const FoundPlace* place = search_.CurrentPlace();
   if (place && (!current_ || *current_ != *place)) {

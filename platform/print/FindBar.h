@@ -1,4 +1,4 @@
-// What somebody looks for in a document.
+// The bar for finding a text in a document.
 #pragma once
 
 #include <QLabel>
@@ -13,31 +13,31 @@
 
 namespace tevra {
 
-/// A bar that is on show while somebody looks for a text. It says what is found; whoever has the
-/// bar calls SearchMore while nothing else is to be done.
+/// The bar is visible while the user searches. It shows the number of places found; its owner calls
+/// SearchMore when the program is idle.
 class FindBar : public QWidget {
   Q_OBJECT
 
  public:
-  /// `pageOnShow`: tells the page from which a search begins.
+  /// `pageOnShow`: returns the page on which a search begins.
   FindBar(PagedDocument& document, std::function<int()> pageOnShow, QWidget* parent);
 
   const TextSearch& Search() const { return search_; }
 
-  /// Shows the bar with the keyboard in its box, and searches for what stands there from the last
+  /// Shows the bar, moves the focus into its box and searches for the text left there from the last
   /// time.
   void Open();
   /// Hides the bar and forgets the places.
   void Close();
-  /// To the next place (1) or the one before (-1). A closed bar opens.
+  /// Goes to the next place (1) or the previous one (-1). Opens the bar when it is closed.
   void Go(int step);
-  /// The pages look otherwise.
+  /// To be called when the pages have changed.
   void DocumentChanged();
 
-  /// True while pages are still to be searched.
+  /// True while there are pages left to search.
   bool IsSearching() const { return isVisible() && !broken_ && !search_.IsDone(); }
-  /// Searches for some milliseconds. False when there is nothing to search now. Throws as PaintPage
-  /// does, and has then ended.
+  /// Searches for some milliseconds. False when there is nothing to search now. Throws like
+  /// PaintPage does and then ends the search.
   bool SearchMore(int milliseconds);
 
   QLineEdit* txtCauta;
@@ -47,13 +47,13 @@ class FindBar : public QWidget {
   QToolButton* cmdInchideCautare;
 
  signals:
-  /// There are pages to be searched.
+  /// There are pages to search.
   void SearchWanted();
-  /// Other places than before are found.
+  /// The places found have changed.
   void PlacesChanged();
-  /// This is the place to look at.
+  /// The current place, to be shown.
   void PlaceChosen(const FoundPlace& place);
-  /// The bar is not on show any longer.
+  /// The bar was closed.
   void BarClosed();
 
  protected:
@@ -68,7 +68,7 @@ class FindBar : public QWidget {
   TextSearch search_;
   std::function<int()> pageOnShow_;
   bool broken_ = false;                // a page could not be read
-  std::optional<FoundPlace> current_;  // what was told
+  std::optional<FoundPlace> current_;  // as last emitted
   std::size_t count_ = 0;
 };
 

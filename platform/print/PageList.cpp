@@ -12,9 +12,9 @@
 namespace tevra {
 namespace {
 
-constexpr int kAround = 10;             // pixels between a picture and what is beside it
+constexpr int kAround = 10;             // pixels around a picture
 constexpr QSize kLargest(104, 132);     // a picture
-constexpr int kCacheKilobytes = 16384;  // some hundred pictures
+constexpr int kCacheKilobytes = 16384;  // a few hundred pictures
 constexpr QColor kPaper(0xFF, 0xFF, 0xFF);
 constexpr QColor kEdge(0x9A, 0x9E, 0xA4);
 
@@ -35,7 +35,7 @@ PageList::PageList(const char* name, PagedDocument& document, QWidget* parent)
   connect(&idle_, &QTimer::timeout, this, [this] { PaintWhenIdle(); });
 }
 
-// ---- Where pages lie ----------------------------------------------------------------------------
+// ---- Page positions -----------------------------------------------------------------------------
 
 QSize PageList::PictureSize() const {
   return document_.PageSize().scaled(kLargest, Qt::KeepAspectRatio).toSize().expandedTo({1, 1});
@@ -116,7 +116,7 @@ void PageList::mousePressEvent(QMouseEvent* event) {
   if (RowOf(page).contains(event->pos())) emit PageChosen(page);
 }
 
-// First and last page are the window's keys.
+// The window handles the keys for the first and the last page.
 void PageList::keyPressEvent(QKeyEvent* event) {
   if (event->modifiers() & Qt::ControlModifier) return event->ignore();
   const int shown = std::max(1, viewport()->height() / RowHeight());
@@ -150,7 +150,7 @@ void PageList::paintEvent(QPaintEvent* event) {
   if (NextToPaint() >= 0) idle_.start();
 }
 
-// A page whose picture is still to come is a white sheet.
+// A page without its picture yet is drawn as a white sheet.
 void PageList::PaintRow(QPainter& painter, int page) {
   const QRect row = RowOf(page);
   const QSize size = PictureSize();
@@ -177,7 +177,7 @@ int PageList::NextToPaint() const {
   return -1;
 }
 
-// The failure of a page is told where it is read; here it stays as far as it came.
+// The page view reports a failure; here the page stays as far as it was painted.
 void PageList::PaintWhenIdle() {
   const int page = isVisible() ? NextToPaint() : -1;
   if (page < 0) return idle_.stop();

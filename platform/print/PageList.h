@@ -1,4 +1,4 @@
-// The pages of a document as small pictures below each other.
+// The pages of a document as small pictures, one below the other.
 #pragma once
 
 #include <QAbstractScrollArea>
@@ -10,27 +10,27 @@
 
 namespace tevra {
 
-/// Paints the pages on show only, one at a time while nothing else is to be done: a document has a
-/// thousand of them as well as ten. Pages are counted from 0.
+/// Paints only the visible pages, one in each idle step, because a document may have a thousand.
+/// Pages are counted from 0.
 class PageList : public QAbstractScrollArea {
   Q_OBJECT
 
  public:
   PageList(const char* name, PagedDocument& document, QWidget* parent);
 
-  /// Marks a page and brings it on show.
+  /// Marks a page and scrolls to it.
   void SetCurrent(int page);
-  /// More pages are there.
+  /// To be called when pages were added.
   void PagesAdded();
-  /// The pages look otherwise.
+  /// To be called when the pages have changed.
   void PagesChanged();
 
-  /// The first page on show and the last.
+  /// The first and the last visible page.
   int FirstShown() const;
   int LastShown() const;
 
  signals:
-  /// The user wants to see a page.
+  /// The user chose a page.
   void PageChosen(int page);
 
  protected:

@@ -7,8 +7,8 @@
 
 namespace tevra {
 
-/// Paints a page (from 0) on white. `size`: the page's, in the screen's own pixels; `density`: the
-/// dots in each. `page` may throw: what it painted by then stands in `picture`.
+/// Paints a page (from 0) on white. `size`: of the page in logical pixels; `density`: device pixels
+/// in each. When painting throws, `picture` has what was painted by then.
 void PaintPicture(QPixmap& picture, PagedDocument& document, int page, const QSize& size,
                   qreal density);
 

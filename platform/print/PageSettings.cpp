@@ -47,7 +47,7 @@ QPageLayout DefaultPageLayout() {
 }
 
 bool HasRoomToPrint(const QPageLayout& layout) {
-  // Not the layout's own paint rectangle, which is rounded.
+  // QPageLayout::paintRect is rounded.
   const QSizeF paper = layout.fullRect(QPageLayout::Millimeter).size();
   const QMarginsF margins = layout.margins(QPageLayout::Millimeter);
   return paper.width() - margins.left() - margins.right() >= kLeastArea &&
@@ -78,7 +78,7 @@ std::optional<QPageLayout> ParsePageLayout(const std::string& text) {
   for (std::size_t i = 0; i < margins.size(); ++i) {
     bool isNumber = false;
     margins[i] = words[static_cast<int>(i) + 2].toDouble(&isNumber);
-    // Written so that what is no number at all is refused too.
+    // The condition is written so that NaN is refused too.
     if (!isNumber || !(margins[i] >= kLeastMargin && margins[i] <= kMostMargin)) {
       return std::nullopt;
     }

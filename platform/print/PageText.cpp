@@ -11,9 +11,9 @@
 namespace tevra {
 namespace {
 
-constexpr double kTouching = 0.1;  // of a line's height: what lies no further apart touches
+constexpr double kTouching = 0.1;  // of a line's height; pieces no further apart are joined
 
-// Keeps the texts of what is painted and lets the rest go.
+// Keeps the painted texts and ignores everything else.
 class TextEngine : public QPaintEngine {
  public:
   TextEngine() : QPaintEngine(AllFeatures) {}
@@ -45,7 +45,7 @@ class TextEngine : public QPaintEngine {
   QTransform transform_;
 };
 
-// A paper whose pixels are twips.
+// A paint device whose pixels are twips.
 class TextPaper : public QPaintDevice {
  public:
   explicit TextPaper(const QSizeF& twips) : size_(twips.toSize()) {}
@@ -119,7 +119,7 @@ bool PaintedText::Append(Piece piece) {
 
 std::vector<QRectF> PaintedText::PlaceOf(qsizetype start, qsizetype length) const {
   std::vector<QRectF> places;
-  const QRectF* line = nullptr;  // the piece before, while it stands on the same line
+  const QRectF* line = nullptr;  // the previous piece, if it is on the same line
   for (const Piece& piece : pieces_) {
     const qsizetype from = std::max(start, piece.start) - piece.start;
     const qsizetype to = std::min(start + length, piece.start + piece.text.size()) - piece.start;

@@ -1,4 +1,4 @@
-// What a page says, read from what it paints.
+// The texts of a page, collected by painting it.
 #pragma once
 
 #include <QFont>
@@ -17,11 +17,12 @@ class PaintedText {
  public:
   const QString& Text() const { return text_; }
 
-  /// Where the letters from `start` on stand, in twips from the paper's upper left corner; a
-  /// rectangle a line.
+  /// The place of the letters from `start` on, in twips from the paper's upper left corner; one
+  /// rectangle for each line.
   std::vector<QRectF> PlaceOf(qsizetype start, qsizetype length) const;
 
-  /// A piece painted at once: in the painter's own measure, which `transform` brings to the page.
+  /// A text painted in one call, in the painter's coordinates; `transform` converts them to the
+  /// page.
   struct Piece {
     qsizetype start;
     QString text;
@@ -29,7 +30,7 @@ class PaintedText {
     QFont font;
     QTransform transform;
   };
-  /// Takes the piece painted next if it goes on with this text: on its line, or on the line below.
+  /// Adds the next painted piece if it continues this text, on its line or on the line below.
   bool Append(Piece piece);
 
  private:
@@ -40,8 +41,8 @@ class PaintedText {
   std::vector<Piece> pieces_;
 };
 
-/// The texts of a page (from 0) in the order in which it paints them; nothing is painted anywhere.
-/// Throws as PaintPage does.
+/// The texts of a page (from 0) in the order in which the page paints them. Nothing is displayed.
+/// Throws like PaintPage.
 std::vector<PaintedText> TextOfPage(PagedDocument& document, int page);
 
 }  // namespace tevra

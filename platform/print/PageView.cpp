@@ -16,10 +16,10 @@ namespace tevra {
 namespace {
 
 constexpr int kAround = 14;   // pixels between a page and the window's edge
-constexpr int kBetween = 14;  // and between two pages
+constexpr int kBetween = 14;  // pixels between two pages
 constexpr int kShadow = 4;
 constexpr int kCacheKilobytes = 192 * 1024;  // two pages at the largest zoom and density
-constexpr int kNotch = 120;                  // as the toolkit counts a wheel's turning
+constexpr int kNotch = 120;                  // Qt's unit for one step of the wheel
 constexpr double kLeastZoom = 0.1;
 constexpr double kMostZoom = 4;
 constexpr QColor kDesk(0x8C, 0x90, 0x96);
@@ -39,7 +39,7 @@ PageView::PageView(const char* name, PagedDocument& document, QWidget* parent)
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-// ---- Where pages lie ----------------------------------------------------------------------------
+// ---- Page positions -----------------------------------------------------------------------------
 
 double PageView::PixelsPerTwip() const {
   return logicalDpiX() / kTwipsPerInch * zoom_;
@@ -53,13 +53,13 @@ int PageView::TopOf(int page) const {
   return kAround + page * (PagePixels().height() + kBetween);
 }
 
-// The page at a height of the whole flow; the one above where it is between two.
+// The page at a height of the whole view; between two pages, the upper one.
 int PageView::PageAt(int y) const {
   const int page = (y - kAround) / (PagePixels().height() + kBetween);
   return std::clamp(page, 0, std::max(0, document_.PageCount() - 1));
 }
 
-// In the viewport; a page narrower than the window stands in its middle.
+// In the viewport; a page narrower than the window is centred.
 QPoint PageView::Corner(int page) const {
   const int spare = viewport()->width() - PagePixels().width();
   const int left = std::max(kAround, spare / 2) - horizontalScrollBar()->value();
@@ -100,14 +100,14 @@ void PageView::SetFit(Fit fit) {
 void PageView::FitZoom() {
   if (fit_ == Fit::kNone) return;
   const QSizeF natural = document_.PageSize() * (logicalDpiX() / kTwipsPerInch);
-  // The room beside the bar that a flow of pages has as a rule.
+  // The width beside the scroll bar, which nearly every document needs.
   const int bar = verticalScrollBar()->isVisible() ? 0 : verticalScrollBar()->sizeHint().width();
   const double across = (viewport()->width() - bar - 2 * kAround) / natural.width();
   const double down = (viewport()->height() - 2 * kAround) / natural.height();
   ApplyZoom(fit_ == Fit::kWidth ? across : std::min(across, down));
 }
 
-// What was in the middle of the window stays there.
+// The middle of the window keeps its place.
 void PageView::ApplyZoom(double zoom) {
   zoom = std::clamp(zoom, kLeastZoom, kMostZoom);
   viewport()->update();
@@ -121,7 +121,7 @@ void PageView::ApplyZoom(double zoom) {
   pictures_.clear();
   going_ = true;
   UpdateBars();
-  // A page whose top is on show keeps it at the same distance.
+  // A page whose top is visible keeps its distance from the window's edge.
   const double distance = into < 0 ? into * height : into * PagePixels().height();
   verticalScrollBar()->setValue(TopOf(page) + static_cast<int>(std::lround(distance)));
   horizontalScrollBar()->setValue(static_cast<int>(
@@ -129,7 +129,7 @@ void PageView::ApplyZoom(double zoom) {
   going_ = false;
 }
 
-// ---- Going --------------------------------------------------------------------------------------
+// ---- Moving -------------------------------------------------------------------------------------
 
 void PageView::GoToPage(int page) {
   page = std::clamp(page, 0, std::max(0, document_.PageCount() - 1));
@@ -144,7 +144,7 @@ void PageView::ShowPlace(const FoundPlace& place) {
   for (const QRectF& mark : place.marks) marks = marks.united(mark);
   const double scale = PixelsPerTwip();
   const auto bring = [](QScrollBar& bar, int from, int to, int room) {
-    constexpr int kSeen = 24;  // pixels of what stands around it
+    constexpr int kSeen = 24;  // pixels shown around it
     if (from - kSeen >= 0 && to + kSeen <= room) return;
     bar.setValue(bar.value() + (from + to - room) / 2);
   };
@@ -165,7 +165,7 @@ void PageView::SetCurrent(int page) {
   emit CurrentPageChanged(page);
 }
 
-// Scrolled by the user, the current page is the one at a third of the window.
+// When the user scrolls, the current page is the one at a third of the window's height.
 void PageView::scrollContentsBy(int /*dx*/, int dy) {
   viewport()->update();
   if (going_ || dy == 0) return;
@@ -176,7 +176,7 @@ void PageView::scrollContentsBy(int /*dx*/, int dy) {
                  : PageAt(third));
 }
 
-// Pages far below change nothing in the window.
+// Pages below the window need no repainting.
 void PageView::PagesAdded() {
   const bool endOnShow = verticalScrollBar()->value() + viewport()->height() >= FlowHeight();
   if (placed_ == document_.PageCount()) return;
@@ -207,7 +207,7 @@ void PageView::resizeEvent(QResizeEvent* event) {
 
 void PageView::wheelEvent(QWheelEvent* event) {
   if (!(event->modifiers() & Qt::ControlModifier)) return QAbstractScrollArea::wheelEvent(event);
-  // A touch pad turns by less than a wheel's notch at a time.
+  // A touch pad sends less than one wheel step at a time, so the amounts are added up.
   turned_ += event->angleDelta().y();
   for (; std::abs(turned_) >= kNotch; turned_ -= turned_ > 0 ? kNotch : -kNotch) {
     emit ZoomWanted(turned_ > 0 ? 1 : -1);
@@ -215,7 +215,7 @@ void PageView::wheelEvent(QWheelEvent* event) {
   event->accept();
 }
 
-// Arrows and pages up and down scroll; the other keys are the window's.
+// Arrows and PageUp/PageDown scroll here; the window handles the other keys.
 void PageView::keyPressEvent(QKeyEvent* event) {
   if (event->modifiers() & Qt::ControlModifier) return event->ignore();
   QAbstractScrollArea::keyPressEvent(event);
@@ -245,7 +245,7 @@ void PageView::PaintSheet(QPainter& painter, int page) {
   painter.drawRect(sheet.adjusted(-1, -1, 0, 0));
 }
 
-// No exception may leave a paint event. The page stays white behind what it got.
+// No exception may leave a paint event. The rest of the page stays white.
 QPixmap PageView::Picture(int page) {
   if (const QPixmap* known = pictures_.object(page)) return *known;
   QPixmap picture;
@@ -266,7 +266,7 @@ void PageView::TellFailure(const QString& reason) {
       this, [this, reason] { emit PaintingFailed(reason); }, Qt::QueuedConnection);
 }
 
-// As with a text marker: the letters stay as dark as they are.
+// Multiplied like a text marker, so that the letters stay dark.
 void PageView::PaintMarks(QPainter& painter, int page) const {
   if (!search_) return;
   painter.save();

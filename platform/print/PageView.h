@@ -1,4 +1,4 @@
-// The pages of a document below each other, as many as the window shows.
+// The pages of a document, one below the other, in a scrollable view.
 #pragma once
 
 #include <QAbstractScrollArea>
@@ -10,8 +10,8 @@
 
 namespace tevra {
 
-/// Paints only the pages on show and keeps their pictures. Zoom 1 is the paper's true size by the
-/// screen's own measure. Pages are counted from 0.
+/// Paints only the visible pages and keeps their pictures. Zoom 1 is the paper's true size,
+/// calculated from the screen's resolution. Pages are counted from 0.
 class PageView : public QAbstractScrollArea {
   Q_OBJECT
 
@@ -23,29 +23,29 @@ class PageView : public QAbstractScrollArea {
   double Zoom() const { return zoom_; }
   Fit GetFit() const { return fit_; }
   void SetZoom(double zoom);
-  /// Follows the window's size from now on.
+  /// From now on the zoom follows the window's size.
   void SetFit(Fit fit);
 
   int CurrentPage() const { return current_; }
-  /// Brings the upper edge of a page to that of the window, as far as there are pages below it.
+  /// Scrolls the upper edge of a page to that of the window, as far as the pages below allow.
   void GoToPage(int page);
 
-  /// What is found in the pages is marked in them; the search lives as long as the view.
+  /// The places found by the search are marked. The search must live as long as the view.
   void SetSearch(const TextSearch& search) { search_ = &search; }
-  /// Brings a place on show, into the middle of the window where it is not yet.
+  /// Scrolls to a place; one that is not visible comes to the middle of the window.
   void ShowPlace(const FoundPlace& place);
 
-  /// More pages are there.
+  /// To be called when pages were added.
   void PagesAdded();
-  /// The pages look otherwise: their pictures are painted anew, and with another paper their places
-  /// found anew.
+  /// To be called when the pages have changed: paints their pictures again, and calculates their
+  /// places again when the paper has another size.
   void PagesChanged();
 
  signals:
   void CurrentPageChanged(int page);
-  /// Ctrl and the wheel: +1 wants the next larger zoom, -1 the next smaller.
+  /// Ctrl and the wheel: +1 asks for the next larger zoom, -1 for the next smaller one.
   void ZoomWanted(int step);
-  /// A page could not be painted; told once.
+  /// A page could not be painted; emitted once.
   void PaintingFailed(const QString& reason);
 
  protected:
@@ -75,10 +75,10 @@ class PageView : public QAbstractScrollArea {
   double zoom_ = 1;
   Fit fit_ = Fit::kNone;
   int current_ = 0;
-  int placed_ = 0;       // the pages that the scroll bars know of
-  int turned_ = 0;       // of the wheel with Ctrl, since the last step
-  bool going_ = false;   // the program scrolls, to a page
-  bool failed_ = false;  // a failure was told
+  int placed_ = 0;       // the pages included in the scroll bars' range
+  int turned_ = 0;       // turn of the wheel with Ctrl since the last step
+  bool going_ = false;   // the program itself is scrolling
+  bool failed_ = false;  // a failure was reported
   QCache<int, QPixmap> pictures_;
   const TextSearch* search_ = nullptr;
 };

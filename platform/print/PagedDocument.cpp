@@ -19,7 +19,7 @@ QSizeF PagedDocument::PageSize() const {
 }
 
 QRectF PagedDocument::PrintArea() const {
-  // In points they would be rounded.
+  // Margins in points would be rounded.
   constexpr double kMillimetresPerInch = 25.4;
   const QMarginsF margins =
       layout_.margins(QPageLayout::Millimeter) * (kTwipsPerInch / kMillimetresPerInch);
@@ -35,7 +35,7 @@ bool PagedDocument::LayOutAll(const Progress& progress) {
 }
 
 void PaintOnPaper(QPainter& painter, PagedDocument& document, int page) {
-  constexpr double kNoMatter = 0.99;  // papers of one name differ by roundings
+  constexpr double kNoMatter = 0.99;  // papers of one name differ by rounding
   const QPaintDevice& device = *painter.device();
   const QSizeF size = document.PageSize();
   const double byResolution = device.logicalDpiX() / kTwipsPerInch;

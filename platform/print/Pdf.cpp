@@ -10,10 +10,10 @@
 namespace tevra {
 namespace {
 
-// Thrown through ReplaceFile, which then leaves the file of before.
+// Thrown through ReplaceFile, which then keeps the previous file.
 struct GivenUp {};
 
-// A file that could be opened and takes no more has no room left.
+// The file could be opened, so a failed write means that the disk is full.
 void CheckWritten(const QFile& file, const std::filesystem::path& path) {
   if (file.error() != QFileDevice::NoError) throw FileFailure(kDiskFull, path.string());
 }

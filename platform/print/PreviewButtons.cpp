@@ -6,7 +6,7 @@
 namespace tevra {
 namespace {
 
-constexpr int kPictureWidth = 32;  // of a button with a picture alone
+constexpr int kPictureWidth = 32;  // of a button with a picture only
 
 }  // namespace
 

@@ -1,4 +1,4 @@
-// The buttons of the preview's bars.
+// The buttons of the preview's tool bars.
 #pragma once
 
 #include <QFrame>
@@ -7,11 +7,11 @@
 
 namespace tevra {
 
-/// A button with a picture alone; where the picture is missing, with `text`.
+/// A button with a picture only, or with `text` when the picture is missing.
 QToolButton* MakeToolButton(const char* name, const char* picture, const char* text,
                             const char* tip, QWidget* parent);
 
-/// A button with a caption beside its picture; it may become as narrow as the picture alone.
+/// A button with a caption beside its picture; it may shrink to the width of the picture.
 QPushButton* MakeCommand(const char* name, const char* caption, const char* picture,
                          const char* tip, QWidget* parent);
 

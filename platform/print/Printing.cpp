@@ -31,7 +31,7 @@ Printers& Chosen() {
 void SetUp(QPrinter& printer, const PagedDocument& document, const PrintJob& job) {
   printer.setDocName(document.Title());
   printer.setCreator("Tevra");
-  printer.setFullPage(true);  // the margins are the document's own
+  printer.setFullPage(true);  // the document has its own margins
   QPageLayout layout = document.PageLayout();
   layout.setMode(QPageLayout::FullPageMode);
   printer.setPageLayout(layout);

@@ -1,4 +1,4 @@
-// Documents on printers.
+// Prints documents.
 #pragma once
 
 #include <QPrinter>
@@ -10,14 +10,14 @@
 
 namespace tevra {
 
-/// The printers of the machine, as far as printing asks for them.
+/// The printers of the machine.
 struct Printers {
   std::function<QStringList()> names;
-  std::function<QString()> usual;  ///< the one to begin with; may be none
+  std::function<QString()> usual;  ///< the default printer; empty when there is none
   std::function<std::unique_ptr<QPrinter>(const QString& name)> open;
 };
 
-/// Sets the printers that there are; returns those before. Unless set they are the system's own.
+/// Replaces the printers and returns the previous ones; by default they are the system's.
 Printers SetPrinters(Printers printers);
 const Printers& CurrentPrinters();
 
@@ -28,10 +28,9 @@ struct PrintJob {
   int to = 0;    ///< the last; 0: to the end
 };
 
-/// Prints pages of a document at the printer's own resolution, copies one behind the other, each in
-/// the order of its pages. False when `progress` gave it up. Throws Failure 57 when the printer
-/// refuses, and what the document's layout and painting throw; the job is then taken back as far as
-/// the printer lets it.
+/// Prints pages of a document at the printer's resolution, one collated copy after the other. False
+/// when `progress` cancelled. Throws Failure 57 when the printer refuses, and what the document's
+/// layout and painting throw; the job is then cancelled as far as the printer allows.
 bool PrintDocument(PagedDocument& document, const PrintJob& job, const Progress& progress = {});
 
 }  // namespace tevra

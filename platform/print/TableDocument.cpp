@@ -26,7 +26,8 @@ constexpr int kMostHeaderLines = 3;
 constexpr QColor kHeadFill(0xEC, 0xEC, 0xEC);
 constexpr QColor kRowLine(0xA8, 0xA8, 0xA8);
 
-// What parts of a line may take: what they want where all have room, else shares of the page.
+// The widths of the parts of a line: as wide as they need, or shares of the page when that is too
+// much.
 std::array<double, 3> WidthsOf(const PageLine& line, const CellText& text, double width) {
   const double gap = 2 * text.LineHeight();
   const double left = text.Width(line.left);
@@ -153,7 +154,7 @@ bool TableDocument::NeedsTwoLines(int row) const {
   return false;
 }
 
-// The rows of the page are kept when it is whole: a failure on the way leaves the step to be done.
+// The rows are stored when the page is complete, so that a failure leaves the step to be repeated.
 void TableDocument::LayOutMore() {
   if (complete_) return;
   const int first = nextRow_;
@@ -194,7 +195,7 @@ double TableDocument::RowsHeight(int bodyPage) const {
   return height;
 }
 
-// The strips behind the first come when all its rows are laid out.
+// The other strips follow when all rows of the first one are laid out.
 int TableDocument::PageCount() const {
   const int bodyPages = static_cast<int>(firstRows_.size());
   if (!complete_) return bodyPages;

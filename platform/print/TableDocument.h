@@ -15,31 +15,31 @@ namespace tevra {
 struct TableColumn {
   QString caption;
   double width;             ///< points
-  Qt::Alignment alignment;  ///< right for numbers, which are then never cut nor broken
-  QString footer;           ///< a total; a column of numbers is made wide enough for it
+  Qt::Alignment alignment;  ///< right for numbers, which are never cut or broken
+  QString footer;           ///< a total; a column of numbers is widened for it
 };
 
-/// What a list shows. The functions are called as long as the document lives: what they read must
-/// live as long, also when the screen that made the list is closed.
+/// The content of a list. The functions are called as long as the document lives, so their data
+/// must live as long too, even when the screen that made the list is closed.
 struct TableContent {
-  QString title;   ///< of the document and of its window
-  QString header;  ///< in the print format of PrintFormat.h; empty: the title, in the middle
+  QString title;   ///< of the document and its window
+  QString header;  ///< in the print format of PrintFormat.h; empty: the title, centred
   bool headerBold = false;
-  QString above;   ///< a line between header and column heads: what the list is about
+  QString above;   ///< a line between header and column heads that describes the list
   QString footer;  ///< in the print format
   std::vector<TableColumn> columns;
   int rows = 0;
-  /// The text of a cell. Asked row by row as pages are laid out, and again when one is painted.
+  /// The text of a cell. Called row by row during layout and again when a page is painted.
   std::function<QString(int row, int column)> text;
   double appendixHeight = 0;  ///< points; 0: no appendix
-  /// Paints what stands below the last row, as a chart, into a rectangle in twips as wide as the
-  /// page; on a page of its own where the last one has no room.
+  /// Paints something below the last row, for example a chart, into a rectangle in twips as wide as
+  /// the page; on a separate page when the last one has no room.
   std::function<void(QPainter&, const QRectF&)> appendix;
 };
 
-/// The list's rows are laid out a page a step. A list wider than its page is made smaller, or comes
-/// in strips of columns: all rows of the first strip, then all of the next, so that the pages of
-/// one strip lie beside those of the other row by row.
+/// Each step lays out one page. A list wider than its page is scaled down or printed in strips of
+/// columns: all rows of the first strip, then all rows of the next, so that the pages of two strips
+/// laid side by side match row by row.
 class TableDocument : public PagedDocument {
  public:
   explicit TableDocument(TableContent content, const QPageLayout& layout = RememberedPageLayout());
@@ -53,7 +53,7 @@ class TableDocument : public PagedDocument {
   void Restart() override;
 
  private:
-  /// Heights of a page's parts, in twips.
+  /// The heights of a page's parts, in twips.
   struct Heights {
     double header = 0;
     double heads = 0;
@@ -61,7 +61,7 @@ class TableDocument : public PagedDocument {
     double twoLines = 0;
     double footers = 0;
     double pageFooter = 0;
-    double body = 0;  // what is left for rows
+    double body = 0;  // the height left for rows
   };
 
   void MeasureColumns();
@@ -94,7 +94,7 @@ class TableDocument : public PagedDocument {
   std::vector<bool> twoLines_;  // of each row laid out
   int nextRow_ = 0;
   bool complete_ = false;
-  bool appendixApart_ = false;  // on a page of its own
+  bool appendixApart_ = false;  // on a separate page
 };
 
 }  // namespace tevra

@@ -1,4 +1,4 @@
-// How the columns of a table come onto pages that may be narrower.
+// Distributes the columns of a table over pages that may be narrower than the table.
 #pragma once
 
 #include <vector>
@@ -11,13 +11,13 @@ struct TableStrips {
   std::vector<std::vector<int>> strips;  ///< the columns of each strip; at least one strip
 };
 
-/// The least scale at which a table is still read with ease.
+/// The smallest scale at which a table is easy to read.
 inline constexpr double kLeastTableScale = 0.7;
 
-/// Divides columns of these widths over pages of a width (one unit for all). Columns that nearly
-/// fill the page are widened to fill it. Too wide together, all are made smaller down to
-/// kLeastTableScale if that lets them fit; else they go into strips, each beginning with the first
-/// column. No column is wider than the page, and of a strip's page the first leaves half.
+/// Distributes columns over pages; all widths have the same unit. Columns that nearly fill the page
+/// are widened to fill it. Columns too wide for it are scaled down to kLeastTableScale at most; if
+/// that is not enough they are divided into strips, each of which begins with the first column. No
+/// column is wider than the page, and the first column takes at most half of a strip's page.
 TableStrips DivideColumns(std::vector<double> widths, double pageWidth);
 
 }  // namespace tevra

@@ -76,7 +76,7 @@ void TextSearch::SearchPage(int page) {
   TakeUp(at, count);
 }
 
-// What was found on a page has come among the places.
+// Inserts the places found on a page into the list.
 void TextSearch::TakeUp(std::size_t at, std::size_t count) {
   const auto first = static_cast<int>(at);
   if (current_ >= first) current_ += static_cast<int>(count);
@@ -105,7 +105,7 @@ void TextSearch::Go(int step) {
   GoWhereWanted();
 }
 
-// Between two places there may be more while pages are searched, and so behind the last one.
+// While pages are searched, more places may appear between two places and after the last one.
 void TextSearch::GoWhereWanted() {
   const auto count = static_cast<int>(places_.size());
   if (wanted_ == 0 || current_ < 0) return;

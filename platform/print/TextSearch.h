@@ -1,4 +1,4 @@
-// Where a document says what somebody looks for.
+// Finds a text in a document.
 #pragma once
 
 #include <optional>
@@ -10,46 +10,45 @@ namespace tevra {
 
 struct FoundPlace {
   int page;                   ///< from 0
-  std::vector<QRectF> marks;  ///< twips; a rectangle a line
+  std::vector<QRectF> marks;  ///< twips; one rectangle for each line
 
   bool operator==(const FoundPlace&) const = default;
 };
 
-/// Searches page by page, so that whoever waits can do other things between two pages, and while
-/// the document is still being laid out. Keeps the places, never the pages' texts. Upper and lower
-/// case are the same.
+/// Searches page by page, so that the program stays responsive, and also while the document is
+/// still being laid out. Stores the places found but not the pages' texts. Ignores case.
 class TextSearch {
  public:
-  /// More places are of no use to anybody; the search ends with them.
+  /// The search ends after this number of places; nobody needs more.
   static constexpr std::size_t kMostPlaces = 10000;
 
   explicit TextSearch(PagedDocument& document) : document_(document) {}
 
-  /// Begins with a page, goes on to the end and then through the pages before. Blanks around the
-  /// text do not count; an empty one has no places.
+  /// Searches from a page to the end and then the pages before it. Blanks around the text are
+  /// ignored; an empty text has no places.
   void Begin(const QString& text, int page);
-  /// The pages look otherwise: searches them again and comes back to the current place, if it is
-  /// still there.
+  /// To be called when the pages have changed: searches them again and returns to the current place
+  /// if it still exists.
   void BeginAnew();
 
-  /// Searches the next page. False when there is none to be searched now: all are done, or more are
-  /// to be laid out first. Throws as PaintPage does; the page is then still to be searched.
+  /// Searches the next page. False when there is none: all are searched, or more must be laid out
+  /// first. Throws like PaintPage; the page then remains to be searched.
   bool SearchMore();
   const QString& Text() const { return text_; }
-  /// All pages are searched, or kMostPlaces are found.
+  /// True when all pages are searched or kMostPlaces are found.
   bool IsDone() const;
   bool IsFull() const { return places_.size() >= kMostPlaces; }
 
-  /// What is found so far, in the order of the pages.
+  /// The places found so far, in the order of the pages.
   const std::vector<FoundPlace>& Places() const { return places_; }
   std::span<const FoundPlace> PlacesOn(int page) const;
 
-  /// The place to look at, by its number from 0; -1 while there is none. The first that is found
-  /// becomes it.
+  /// The number of the current place, from 0; -1 while there is none. The first place found becomes
+  /// the current one.
   int Current() const { return current_; }
   const FoundPlace* CurrentPlace() const;
-  /// To the next place (1) or the one before (-1), from the last to the first and back. A place
-  /// that is not found yet is gone to as soon as it is.
+  /// Goes to the next place (1) or the previous one (-1), and around at the ends. A place that is
+  /// not found yet becomes current as soon as it is found.
   void Go(int step);
 
  private:
@@ -66,8 +65,8 @@ class TextSearch {
   int behind_ = 0;  // the next page of those before
   std::vector<FoundPlace> places_;
   int current_ = -1;
-  int wanted_ = 0;                  // a step to a place that is not found yet
-  std::optional<FoundPlace> keep_;  // the current one of the search before
+  int wanted_ = 0;                  // a requested step to a place not found yet
+  std::optional<FoundPlace> keep_;  // the current place of the previous search
 };
 
 }  // namespace tevra

@@ -170,7 +170,7 @@ bool AskPageSetup(QPageLayout& layout, const std::string& kind) {
     RememberPageLayout(layout, kind);
     if (screen.chkGeneral->isChecked()) RememberPageLayout(layout);
   } catch (const Failure& failure) {
-    // The page holds for this paper all the same.
+    // The page is used for this document even if it cannot be remembered.
     ShowShortError(failure, {"AskPageSetup", "Form", "frmPageSetup"});
   }
   return true;

@@ -19,7 +19,7 @@ class frmPageSetup : public Form {
   /// `ofKind`: the page is that of one kind of document, and may be made the general one too.
   explicit frmPageSetup(const QPageLayout& layout, bool ofKind = false, QWidget* parent = nullptr);
 
-  /// The page chosen; nothing when the user gave up.
+  /// The chosen page; nothing when the user cancelled.
   const std::optional<QPageLayout>& Chosen() const { return chosen_; }
 
   QComboBox* cboHartie;
@@ -40,9 +40,9 @@ class frmPageSetup : public Form {
   std::optional<QPageLayout> chosen_;
 };
 
-/// Asks for the page, beginning with the one given, and remembers for the user what was chosen: for
-/// a kind of document as RememberPageLayout has it, and as the general page too where the user says
-/// so. False, and nothing changed, when the user gave up.
+/// Asks for the page, starting from the given one, and remembers the choice for the user: for a kind
+/// of document like RememberPageLayout, and also as the general page when the user asks for it.
+/// Returns false and changes nothing when the user cancelled.
 bool AskPageSetup(QPageLayout& layout, const std::string& kind = {});
 
 }  // namespace tevra

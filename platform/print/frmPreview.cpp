@@ -21,9 +21,9 @@ namespace {
 constexpr std::array kZooms = {0.5, 0.75, 1.0, 1.25, 1.5, 2.0};
 constexpr int kWidthItem = static_cast<int>(kZooms.size());
 constexpr int kPageItem = kWidthItem + 1;
-constexpr int kIdleStep = 12;  // ms of layout or of search between two looks at what the user does
+constexpr int kIdleStep = 12;  // ms of layout or search before the program handles events again
 
-// A title as a name that every file system takes.
+// Turns a title into a name that every file system accepts.
 std::string FileNameOf(const QString& title, const char* extension) {
   QString name = title.simplified();
   for (QChar& character : name) {
@@ -54,7 +54,7 @@ frmPreview::frmPreview(std::unique_ptr<PagedDocument> document, QWidget* parent)
 }
 
 frmPreview::~frmPreview() {
-  // The pages are gone before the document is.
+  // The pages must be deleted before the document.
   delete View;
   delete List;
   delete Find;
@@ -62,7 +62,7 @@ frmPreview::~frmPreview() {
 
 // ---- Pages --------------------------------------------------------------------------------------
 
-// A failure ends the layout at the pages that are there; printing and saving try again and tell.
+// A failure ends the layout with the pages so far; printing and saving try again and report it.
 void frmPreview::LayOutWhenIdle() {
   const bool went = Run("Form_LayOut", [this](Procedure&) {
     QElapsedTimer time;
@@ -73,7 +73,7 @@ void frmPreview::LayOutWhenIdle() {
   ShowCounts();
 }
 
-// A page that cannot be read is told once and ends the search.
+// A page that cannot be read is reported once and ends the search.
 void frmPreview::SearchWhenIdle() {
   bool more = false;
   Run("Form_Search", [&](Procedure&) { more = Find->SearchMore(kIdleStep); });
@@ -95,7 +95,7 @@ void frmPreview::ShowCounts() {
   const int pages = document_->PageCount();
   if (complete_ != document_->IsComplete()) {
     complete_ = document_->IsComplete();
-    PagesChanged();  // the number of pages is known now, or no longer
+    PagesChanged();  // the number of pages has become known or unknown
   } else {
     View->PagesAdded();
     List->PagesAdded();
@@ -113,7 +113,7 @@ void frmPreview::ShowCounts() {
   cmdUltima->setEnabled(page + 1 < pages);
 }
 
-// A page behind the last is the last.
+// A number above the last page goes to the last page.
 void frmPreview::GoToTyped() {
   const int page = txtPagina->text().toInt();
   txtPagina->setModified(false);
@@ -167,8 +167,8 @@ void frmPreview::ShowZoom() {
 
 // ---- Commands -----------------------------------------------------------------------------------
 
-// Lays out and searches no more behind work that lays out itself; what that came to is on show
-// behind it.
+// Stops idle layout and search during work that does its own layout, and shows the result
+// afterwards.
 class frmPreview::Busy {
  public:
   explicit Busy(frmPreview& preview) : preview_(preview) {
@@ -235,7 +235,7 @@ void frmPreview::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_PageDown: {
       const bool down = event->key() == Qt::Key_PageDown;
       if (control) return View->GoToPage(View->CurrentPage() + (down ? 1 : -1));
-      // From another control; the pages hear the key themselves.
+      // The key came from another control; the page view handles its own keys.
       return View->verticalScrollBar()->triggerAction(down ? QAbstractSlider::SliderPageStepAdd
                                                            : QAbstractSlider::SliderPageStepSub);
     }
@@ -257,7 +257,7 @@ void ShowPreview(std::unique_ptr<PagedDocument> document) {
   if (modal) {
     preview->setWindowModality(Qt::ApplicationModal);
   } else {
-    // The program ends with its frame, not with the last paper on show.
+    // The program ends with its frame, so an open preview must not keep it running.
     preview->setAttribute(Qt::WA_QuitOnClose, false);
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, preview, [preview] { delete preview; });
   }

@@ -1,4 +1,4 @@
-// A document before it is printed.
+// The preview of a document.
 #pragma once
 
 #include <QComboBox>
@@ -21,7 +21,7 @@ class QTimer;
 
 namespace tevra {
 
-/// Lays out a long document, and searches it, while its first pages are on show.
+/// Lays out and searches a long document while its first pages are visible.
 class frmPreview : public Form {
   Q_OBJECT
 
@@ -31,11 +31,11 @@ class frmPreview : public Form {
 
   PagedDocument& Document() { return *document_; }
 
-  QToolButton* cmdListaPagini;  ///< shows the pages as small pictures at the left
+  QToolButton* cmdListaPagini;  ///< shows small pictures of the pages at the left
   QToolButton* cmdPrima;
   QToolButton* cmdInapoi;
-  QLineEdit* txtPagina;  ///< the page on show; Enter goes to the one typed
-  QLabel* lblPagini;     ///< "din 12"; "din 12..." while there are more to come
+  QLineEdit* txtPagina;  ///< the current page; Enter goes to the typed one
+  QLabel* lblPagini;     ///< "din 12"; "din 12..." while layout goes on
   QToolButton* cmdInainte;
   QToolButton* cmdUltima;
   QToolButton* cmdMicsorare;
@@ -44,7 +44,7 @@ class frmPreview : public Form {
   QToolButton* cmdCauta;
   QPushButton* cmdTiparire;
   QPushButton* cmdSalvarePDF;
-  QPushButton* cmdFoaieCalcul;  ///< this and the next: of a document that has rows
+  QPushButton* cmdFoaieCalcul;  ///< this and the next one: only for a document that has rows
   QPushButton* cmdCSV;
   QPushButton* cmdPagina;
   QPushButton* cmdIesire;
@@ -83,15 +83,15 @@ class frmPreview : public Form {
 
   std::unique_ptr<PagedDocument> document_;
   QWidget* bar_;
-  std::vector<std::pair<QPushButton*, QString>> captions_;  // the first gives way first
+  std::vector<std::pair<QPushButton*, QString>> captions_;  // in the order in which they are hidden
   QTimer* idle_;
   QTimer* searching_;
-  bool complete_ = false;  // what the counts on show say
+  bool complete_ = false;  // the state shown by the counts
 };
 
-/// Opens a document in a window of its own, beside those already open. Closed, it is deleted with
-/// its document. From a modal screen it is modal too, else it could not be used. Throws what the
-/// layout of the first page throws.
+/// Opens a document in its own window, beside other previews. Closing the window deletes it and its
+/// document. Opened from a modal screen it is modal too, because otherwise it could not be used.
+/// Throws what the layout of the first page throws.
 void ShowPreview(std::unique_ptr<PagedDocument> document);
 
 }  // namespace tevra

@@ -1,4 +1,4 @@
-// The preview's controls, and what each of them calls.
+// The preview's controls and their handlers.
 #include <QHBoxLayout>
 #include <QRegularExpressionValidator>
 #include <QScreen>
@@ -50,7 +50,7 @@ QWidget* frmPreview::BuildBar() {
   txtPagina->setFixedWidth(txtPagina->fontMetrics().horizontalAdvance("00000") + 20);
   lblPagini = new QLabel(bar);
   lblPagini->setObjectName("lblPagini");
-  // As wide as it may become: what stands beside it keeps its place.
+  // As wide as its longest text, so that its neighbours do not move.
   lblPagini->setMinimumWidth(lblPagini->fontMetrics().horizontalAdvance("din 0000..."));
   cmdInainte = MakeToolButton("cmdInainte", "\\BMP\\Inainte.bmp", ">",
                               "Pagina urmatoare (Ctrl+Page Down)", bar);
@@ -91,7 +91,7 @@ QWidget* frmPreview::BuildBar() {
   return bar;
 }
 
-// In a narrow window the pictures stand for the captions; their letters hold all the same.
+// In a narrow window the captions are hidden; their shortcuts still work.
 void frmPreview::FitCaptions() {
   for (const auto& [button, caption] : captions_) button->setText(caption);
   for (const auto& [button, caption] : captions_) {

@@ -103,7 +103,7 @@ QWidget* frmPrint::BuildPages() {
   return frame;
 }
 
-// How many pages there are is known when all are laid out.
+// The number of pages is known only after the layout.
 void frmPrint::cmdTiparire_Click() {
   PrintJob job{cboImprimanta->currentText(), txtExemplare->value(), 1, 0};
   if (optInterval->isChecked()) {

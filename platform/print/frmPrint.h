@@ -18,7 +18,7 @@ class frmPrint : public Form {
  public:
   explicit frmPrint(PagedDocument& document, QWidget* parent = nullptr);
 
-  /// What to print; nothing when the user gave up.
+  /// The print job; nothing when the user cancelled.
   const std::optional<PrintJob>& Chosen() const { return chosen_; }
 
   QComboBox* cboImprimanta;
@@ -39,10 +39,10 @@ class frmPrint : public Form {
   std::optional<PrintJob> chosen_;
 };
 
-/// How far work on pages is.
+/// A progress window for work on pages.
 ProgressWords PageWords();
 
-/// Asks and prints; where there is no printer, says so. Throws as PrintDocument.
+/// Asks and prints; shows a message when there is no printer. Throws like PrintDocument.
 void PrintAsked(PagedDocument& document, QWidget* parent);
 
 }  // namespace tevra

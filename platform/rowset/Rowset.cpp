@@ -16,7 +16,7 @@ namespace tevra {
 
 namespace {
 
-// The narrowest type that holds all values of a column which no table describes.
+// The narrowest type for all values of a column that belongs to no table.
 class TypeFinder {
  public:
   void See(const Value& value) {
@@ -102,7 +102,7 @@ void SaveRowset(const Recordset& recordset, const std::filesystem::path& file) {
       SaveRowset(recordset, out);
     } catch (const Failure& failure) {
       if (failure.Number() != kDiskFull) throw;
-      throw FileFailure(kDiskFull, file.string());  // the stream did not know its file
+      throw FileFailure(kDiskFull, file.string());  // adds the name, unknown to the stream
     }
     out.close();
     if (!out) throw FileFailure(kDiskFull, file.string());

@@ -35,13 +35,13 @@ bool IsIn(std::int64_t number, const Range& range) {
   return number >= range.least && number <= range.greatest;
 }
 
-// Bytes are never fewer than characters, so most texts need not be counted.
+// A text has at least as many bytes as characters, so most texts need not be counted.
 bool IsWithin(std::string_view text, int characters) {
   const auto limit = static_cast<std::size_t>(characters);
   return text.size() <= limit || Len(text) <= limit;
 }
 
-// True for a value that stands in the field as it is, without a conversion.
+// True when the field stores the value without a conversion.
 bool IsStored(const Value& value, const FieldDef& field) {
   switch (field.type) {
     case FieldType::Text:
@@ -94,7 +94,7 @@ void AppendStored(std::string& out, const Value& value, const FieldDef& field) {
   throw Failure(kTypeMismatch, field.name + ": " + ValueFailure(kTypeMismatch, text).Description());
 }
 
-// All of the text as a number with a decimal point; "+" and blanks around it are let pass.
+// The whole text as a number with a decimal point; "+" and blanks around it are accepted.
 template <typename Number>
 bool ParseNumber(std::string_view text, Number& number) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
@@ -104,7 +104,7 @@ bool ParseNumber(std::string_view text, Number& number) {
   return error == std::errc() && end == text.data() + text.size();
 }
 
-// Other writers may leave out the time of day or add a fraction of a second, which no field keeps.
+// Other writers may omit the time of day or add a fraction of a second, which is dropped.
 std::optional<DateTime> ParseDate(std::string_view text) {
   constexpr std::size_t kDayOnly = 10;
   constexpr std::size_t kToTheSecond = 19;
@@ -126,7 +126,7 @@ std::optional<bool> ParseYesNo(std::string_view text) {
   return std::nullopt;
 }
 
-// "xmlns" would declare a namespace, and all names that begin so are set apart.
+// "xmlns" would declare a namespace; all names that begin with "xml" are reserved.
 bool CanBeAttribute(const std::string& name) {
   return xmlValidateNCName(reinterpret_cast<const xmlChar*>(name.c_str()), 0) == 0 &&
          !EqualNoCase(Left(name, 3), "xml") && IsValidUtf8(name);

@@ -1,4 +1,4 @@
-// What the writer and the reader of rowset XML must agree on: names, types and the text of values.
+// Shared by the writer and the reader of rowset XML: names, types and the text of values.
 #pragma once
 
 #include <string>
@@ -15,7 +15,7 @@ inline constexpr std::string_view kTypeSpace = "uuid:C2F41010-65B3-11d1-A29F-00A
 inline constexpr std::string_view kRowsetSpace = "urn:schemas-microsoft-com:rowset";
 inline constexpr std::string_view kRowSpace = "#RowsetSchema";
 
-/// The longest text of a field whose schema names no length.
+/// The length of a text field whose schema gives no length.
 inline constexpr int kUnboundedText = 1073741823;
 
 /// An attribute of s:datatype.
@@ -24,20 +24,20 @@ struct TypeAttribute {
   const char* value;
 };
 
-/// The attributes that describe a type, in their order; of a text without its length, which comes
+/// The attributes that describe a type, in their order, without the length of a text, which comes
 /// last.
 const std::vector<TypeAttribute>& TypeAttributes(FieldType type);
 
-/// The type that dt:type and rs:dbtype name. Whole numbers that no field of ours holds become
-/// Double, what is unknown becomes Text, so that its value is kept as it stands.
+/// The type for dt:type and rs:dbtype. Whole numbers too large for our fields become Double, an
+/// unknown type becomes Text, so that the value is kept unchanged.
 FieldType TypeOf(std::string_view dtType, std::string_view dbType);
 
-/// The attribute names under which a row holds its fields: the field's own name where it can be
-/// one, else one made up that no other field has.
+/// The attribute names of a row's fields: the field's own name where XML allows it, otherwise a
+/// generated name that no other field has.
 std::vector<std::string> AttributeNames(const std::vector<FieldInfo>& fields);
 
-/// Appends a value that is not Null as a row's attribute holds it. Throws a Failure with the
-/// field's name for a value that the field cannot hold, as ConvertToField does.
+/// Appends a value that is not Null in the form of a row's attribute. Throws a Failure with the
+/// field's name for a value that the field cannot store, like ConvertToField.
 void AppendValue(std::string& out, const Value& value, const FieldDef& field);
 
 /// The value of a field from the text of a row's attribute. Throws Failure 13.

@@ -34,7 +34,7 @@ bool IsFalse(std::string_view text) {
 
 }  // namespace
 
-// A column as the schema tells it, its attributes in whatever order they came.
+// A column as described by the schema; its attributes may come in any order.
 struct RowsetReader::Column {
   std::string attribute;
   std::optional<std::string> defaultText;
@@ -143,7 +143,7 @@ void RowsetReader::SetType(Column& column) {
   column.field.typed = true;
   if (field.type != FieldType::Text) return;
   field.size = rowset::kUnboundedText;
-  // The length of other types counts bytes, not the characters that stand in the file.
+  // The length of other types counts bytes, not characters in the file.
   if (column.length.empty() || (column.type != "string" && column.type != "char")) return;
   const auto length = ParseInt(column.length);
   if (!length) xml_.Fail(kNotReadable, "not a rowset: the length " + column.length);
@@ -198,7 +198,7 @@ bool RowsetReader::Next(Values& values) {
   return false;
 }
 
-// A changed row tells the fields that changed only; the others are those of the original before it.
+// A changed row has only the fields that changed; the others come from the original before it.
 bool RowsetReader::NextInGroup(Values& values) {
   const int depth = rootDepth_ + 2;
   while (xml_.NextChild(depth)) {
@@ -243,7 +243,7 @@ void RowsetReader::ReadRow(Values& values) {
   }
 }
 
-// Rows mostly hold their values in the order of the schema, so the next column is tried first.
+// Rows usually have their values in the order of the schema, so the next column is tried first.
 std::size_t RowsetReader::FindColumn(std::string_view name, std::size_t expected) {
   if (expected < names_.size() && names_[expected] == name) return expected;
   key_ = name;

@@ -1,4 +1,4 @@
-// Rows read from rowset XML, one after the other.
+// Reads rows from rowset XML, one after the other.
 #pragma once
 
 #include <istream>
@@ -13,27 +13,26 @@
 namespace tevra {
 
 /// Reads the element `xml` with its schema and rows. Prefixes, quotes and the order of attributes
-/// are free, attributes that mean nothing here are passed over. A rowset saved with changes that
-/// were not yet written to their table (rows in rs:insert, rs:update, rs:delete) gives the rows as
-/// changed.
+/// are free; unknown attributes are ignored. A rowset saved with changes that were not yet written
+/// to their table (rows in rs:insert, rs:update, rs:delete) returns the rows with the changes.
 ///
-/// All routines throw, with the file's name and the line, Failure -2147467259 for what is damaged
-/// or is no rowset, and Failure 13 for a value that its field cannot hold.
+/// All routines throw, with the file's name and the line, Failure -2147467259 for a document that
+/// is damaged or no rowset, and Failure 13 for a value that its field cannot store.
 class RowsetReader {
  public:
-  /// Reads a whole document; `name` is the file as failures name it.
+  /// Reads a whole document; `name` is the file's name in failures.
   RowsetReader(std::istream& in, const std::string& name);
 
-  /// Reads the block at the current element of `xml`, which must outlive it and is left at the
-  /// block's end when Next has returned false.
+  /// Reads the block at the current element of `xml`, which must outlive the reader. After Next has
+  /// returned false, `xml` is at the block's end.
   explicit RowsetReader(XmlReader& xml);
 
-  /// The columns, in the order of their rs:number. Required is one that says rs:maybenull='false'
-  /// and is not nullable.
+  /// The columns, in the order of their rs:number. A column is required when it has
+  /// rs:maybenull='false' and is not nullable.
   const std::vector<FieldInfo>& Fields() const { return fields_; }
 
-  /// The next row in the order of Fields; a value left out is the column's default, else Null.
-  /// False behind the last row: then the whole block, or document, was read and found sound.
+  /// The next row in the order of Fields; a missing value is the column's default or Null. False
+  /// after the last row: then the whole block or document was read and found correct.
   bool Next(Values& values);
 
  private:
@@ -58,13 +57,13 @@ class RowsetReader {
   XmlReader& xml_;
   int rootDepth_ = 0;
   bool atEnd_ = false;
-  Group group_ = Group::None;  // the element of changed rows that is being read
+  Group group_ = Group::None;  // the current element of changed rows
 
   std::vector<FieldInfo> fields_;
   std::vector<std::string> names_;  // the attribute of each field
   std::unordered_map<std::string, std::size_t> indexOf_;
   Values defaults_;
-  Values original_;  // the row before the change; empty until it was read
+  Values original_;  // the row before the change; empty until it is read
   std::string key_;
 };
 

@@ -7,7 +7,7 @@ namespace tevra {
 
 namespace {
 
-// One line an element: a person can read it, and a failure names the row's own line.
+// One line for each element, for readers, and so that a failure can name the row's line.
 constexpr const char* kLine = "\n";
 constexpr const char* kIndentedLine = "\n\t";
 constexpr const char* kFieldLine = "\n\t\t";
@@ -74,8 +74,8 @@ void RowsetWriter::WriteField(std::size_t index) {
   xml_.EndElement();
 }
 
-// A row goes out as one piece of markup: the XML writer's bookkeeping of each attribute would take
-// longer than the rest.
+// A row is written as one piece of markup, because the XML writer's work for single attributes
+// would take longer than everything else.
 void RowsetWriter::Row(const Values& values) {
   if (values.size() != fields_.size()) throw ValueFailure(kInvalidArgument);
   row_ = "\t<z:row";

@@ -1,4 +1,4 @@
-// Rows written as rowset XML, one after the other.
+// Writes rows as rowset XML, one after the other.
 #pragma once
 
 #include <memory>
@@ -11,23 +11,23 @@
 
 namespace tevra {
 
-/// Writes the element `xml` with its schema and rows: Begin, Row for each row, End. What it holds
-/// in memory is one row.
+/// Writes the element `xml` with its schema and rows: Begin, Row for each row, End. It holds one
+/// row in memory.
 class RowsetWriter {
  public:
   explicit RowsetWriter(std::ostream& out);
-  /// Writes the block at the place which `xml`, that must outlive it, has reached.
+  /// Writes the block at the current place of `xml`, which must outlive the writer.
   explicit RowsetWriter(XmlWriter& xml);
 
-  /// Writes the schema. Types and sizes are taken from the fields as they are; a field that is not
-  /// required is nullable, a field with a base table can be written.
+  /// Writes the schema. Types and sizes are those of the fields; a field that is not required is
+  /// nullable, a field with a base table is writable.
   void Begin(std::vector<FieldInfo> fields);
 
   /// Writes a row; `values` in the order of the fields, each converted by its field's type. Throws
   /// a Failure with the field's name for a value that does not fit, and Failure 61 for a full disk.
   void Row(const Values& values);
 
-  /// Closes the block and hands it to the stream. Throws Failure 61.
+  /// Closes the block and flushes it to the stream. Throws Failure 61.
   void End();
 
  private:

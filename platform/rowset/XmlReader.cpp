@@ -22,7 +22,7 @@ int ReadStream(void* context, char* buffer, int length) {
   }
 }
 
-// Lines of an element are kept in 16 bits.
+// libxml2 stores an element's line in 16 bits.
 constexpr long kLastKeptLine = 65534;
 
 }  // namespace
@@ -52,7 +52,7 @@ struct XmlReader::Parser {
 
 XmlReader::XmlReader(std::istream& in, std::string name) : parser_(std::make_unique<Parser>()) {
   parser_->name = std::move(name);
-  // Without leave to resolve entities or load document types; the network is closed in any case.
+  // Entities are not resolved and document types not loaded; network access is off in any case.
   parser_->reader = xmlReaderForIO(ReadStream, nullptr, &in, nullptr, nullptr,
                                    XML_PARSE_NONET | XML_PARSE_COMPACT);
   if (!parser_->reader) parser_->Throw(kNotReadable, 1, "the file cannot be read");

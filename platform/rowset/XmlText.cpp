@@ -27,7 +27,7 @@ Treatment TreatmentOf(char c) {
   return kTreatments[static_cast<unsigned char>(c)];
 }
 
-// A reader turns plain line breaks and tabs of an attribute into blanks; as references they stay.
+// A reader turns plain line breaks and tabs of an attribute into blanks, but keeps references.
 const char* ReferenceOf(char c) {
   switch (c) {
     case '&':
@@ -59,7 +59,7 @@ bool IsPlainAscii(char c) {
 
 void CheckBeyondAscii(std::string_view text) {
   if (!IsValidUtf8(text)) ThrowForbidden("not a text");
-  // U+FFFE and U+FFFF are well-formed UTF-8 and no characters.
+  // U+FFFE and U+FFFF are well-formed UTF-8, but not characters.
   if (text.find("\xEF\xBF\xBE") != text.npos || text.find("\xEF\xBF\xBF") != text.npos) {
     ThrowForbidden("a character that no XML file can hold");
   }

@@ -1,4 +1,4 @@
-// Texts as they stand inside an XML document.
+// Escapes texts for an XML document.
 #pragma once
 
 #include <string>
@@ -6,9 +6,9 @@
 
 namespace tevra {
 
-/// Appends `text` to `out` so that it is read back exactly as it is, from an attribute in single or
-/// double quotes or from an element: line breaks and tabs too. Throws Failure -2147217887 for what
-/// no XML document can hold: control characters other than those, and bytes that are no UTF-8.
+/// Appends `text` to `out` so that a reader gets back exactly the same text, line breaks and tabs
+/// included, from an attribute in single or double quotes or from an element. Throws Failure
+/// -2147217887 for other control characters and for invalid UTF-8, which XML cannot represent.
 void AppendXmlText(std::string& out, std::string_view text);
 
 }  // namespace tevra

@@ -9,8 +9,8 @@ namespace tevra {
 
 namespace {
 
-// The stream's own state tells a failure; told to the library, it would complain on the error
-// output.
+// A failure is in the stream's state. It is not returned to the library, which would print it on
+// the error output.
 int WriteStream(void* context, const char* buffer, int length) {
   auto& out = *static_cast<std::ostream*>(context);
   try {
@@ -45,7 +45,7 @@ struct XmlWriter::Output {
     if (written < 0 || !out) throw ValueFailure(kDiskFull);
   }
 
-  // The library leaves the single quote inside an attribute as it is, so the text is escaped here.
+  // The library does not escape the single quote inside an attribute, so it is done here.
   void WriteText(std::string_view text) {
     escaped.clear();
     AppendXmlText(escaped, text);

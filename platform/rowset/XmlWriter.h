@@ -1,4 +1,4 @@
-// An XML document written forwards, without ever being in memory as a whole.
+// Writes an XML document as a stream, without holding it in memory.
 #pragma once
 
 #include <memory>
@@ -8,9 +8,8 @@
 
 namespace tevra {
 
-/// Writes elements as they come, in UTF-8 and without an XML declaration; attributes stand in
-/// single quotes. Every routine throws Failure 61 when the stream takes no more. Line breaks are
-/// the caller's.
+/// Writes elements in UTF-8, without an XML declaration and with attributes in single quotes. Every
+/// routine throws Failure 61 when the stream accepts no more. The caller writes line breaks.
 class XmlWriter {
  public:
   explicit XmlWriter(std::ostream& out);
@@ -19,14 +18,14 @@ class XmlWriter {
   XmlWriter& operator=(const XmlWriter&) = delete;
 
   void StartElement(const std::string& name);
-  /// To the element just started. Throws Failure -2147217887, see AppendXmlText.
+  /// Adds an attribute to the element just started. Throws Failure -2147217887, see AppendXmlText.
   void Attribute(const std::string& name, std::string_view value);
   void Text(std::string_view text);
-  /// Markup that is written as it stands.
+  /// Writes markup unchanged.
   void Raw(std::string_view markup);
   void EndElement();
 
-  /// Hands everything to the stream. Without it a document that failed half-way may lack its end.
+  /// Flushes everything to the stream; without it the end of the document may be missing.
   void Flush();
 
  private:

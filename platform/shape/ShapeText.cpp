@@ -19,8 +19,8 @@ namespace {
 
 constexpr std::size_t kNone = std::string::npos;
 
-// Behind the text, name or comment that begins at `at`; `at` itself where none does. At the end of
-// what is not closed.
+// The end of the text, name or comment that begins at `at`; `at` itself when none begins there; the
+// end of the command when it is not closed.
 std::size_t BehindQuoted(const std::string& text, std::size_t at) {
   const auto behind = [&](const std::string& end, std::size_t from) {
     const std::size_t found = text.find(end, from);
@@ -41,7 +41,7 @@ std::size_t BehindQuoted(const std::string& text, std::size_t at) {
   }
 }
 
-// The brace that closes the one at `open`; one within a text or a name closes nothing.
+// The brace that closes the one at `open`; braces within texts and names do not count.
 std::size_t ClosingBrace(const std::string& text, std::size_t open) {
   std::size_t depth = 0;
   for (std::size_t at = open; at < text.size();) {
@@ -74,7 +74,7 @@ std::string NameIn(const Node& node) {
   return name;
 }
 
-// What stands behind the statement.
+// The part after the statement.
 class ComputeReader {
  public:
   ComputeReader(Nodes nodes, const std::string& command)
@@ -176,7 +176,7 @@ ShapeText ReadShape(const std::string& command) {
 
 namespace {
 
-// Where the columns of GROUP BY stand; empty when there are none.
+// The tokens of the GROUP BY's columns; empty when there is no GROUP BY.
 dialect::Range GroupColumns(const Nodes& nodes, const dialect::SelectClauses& clauses) {
   std::size_t at = clauses.sources.end;
   while (at < clauses.order && !dialect::Is(nodes[at], "GROUP")) ++at;
@@ -200,11 +200,11 @@ dialect::SelectClauses OneWholeSelect(const Nodes& nodes, const std::string& sta
   return *clauses;
 }
 
-// An ORDER BY that grows.
+// Builds an ORDER BY.
 class Ordering {
  public:
-  // The column by its number: a name may be a column of the table and the name of another one's
-  // values.
+  // By number, because a name may be both a column of the table and the alias of another
+  // column.
   explicit Ordering(std::size_t keyColumn)
       : nodes_{dialect::Word("ORDER"),
                dialect::Word("BY"),
@@ -212,7 +212,7 @@ class Ordering {
                dialect::Word("COLLATE"),
                dialect::Word("NOCASE")} {}
 
-  // Columns between commas. One that orders already is left out: the engine would sort longer rows.
+  // Appends columns separated by commas, without repeats, because longer sort rows cost time.
   void Add(const Nodes& columns) {
     for (const dialect::Range column : dialect::SplitAtCommas(columns, 0, columns.size())) {
       if (column.begin == column.end) continue;

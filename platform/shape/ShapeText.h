@@ -1,4 +1,4 @@
-// The words of a grouped command: a statement, the totals of its groups, the field of the group.
+// The text of a grouped command: a statement, the totals of its groups, the field of the groups.
 #pragma once
 
 #include <cstddef>
@@ -14,21 +14,21 @@ struct ShapeTotal {
 };
 
 struct ShapeText {
-  std::string statement;  ///< what stands in braces, word for word
+  std::string statement;  ///< the text in braces, unchanged
   std::string child;      ///< the name of its rows
   std::vector<ShapeTotal> totals;
-  std::string by;  ///< the field of the group
+  std::string by;  ///< the field of the groups
 };
 
 /// Reads "SHAPE {SELECT ..} AS x COMPUTE x, SUM(x.'F') AS T, .. BY 'g'"; the field names in quotes,
-/// in brackets or plain. Throws Failure -2147217900 for anything else, with the words at which it
-/// stopped.
+/// in brackets or plain. Throws Failure -2147217900 for anything else, with the words at which
+/// reading stopped.
 ShapeText ReadShape(const std::string& command);
 
 /// The statement of a command with its rows in the order of a report: by the column `keyColumn`
-/// (from 0; Null first, texts without case), then as it orders them itself, then by the columns of
-/// its GROUP BY, so that a second run gives the same paper. Throws Failure -2147217900 for one that
-/// is not a single SELECT, or whose order decides which rows it has (TOP, LIMIT).
+/// (from 0; Null first, texts without case), then by its own ORDER BY, then by the columns of its
+/// GROUP BY, so that a second run gives the same paper. Throws Failure -2147217900 when it is not a
+/// single SELECT, or when its order determines which rows it returns (TOP, LIMIT).
 std::string InGroupOrder(const std::string& statement, std::size_t keyColumn);
 
 }  // namespace tevra

@@ -9,7 +9,7 @@ namespace tevra {
 
 namespace {
 
-// Null where there was nothing to add.
+// A sum that is Null when nothing was added.
 class NullableSum {
  public:
   void Add(const Value& value) {
@@ -38,7 +38,7 @@ std::vector<FieldInfo> GroupFields(const FieldInfo& key, std::size_t totals) {
   return fields;
 }
 
-// Cuts the rows, which come by key, into groups.
+// Cuts the rows, which are ordered by key, into groups.
 class Grouper {
  public:
   Grouper(std::size_t keyField, std::vector<std::size_t> totalFields, RowSpool& groups)
@@ -82,8 +82,8 @@ class Grouper {
   std::size_t keyField_;
   std::vector<std::size_t> totalFields_;
   RowSpool& groups_;
-  std::vector<NullableSum> grand_;  // of the rows: the groups' totals are rounded already
-  std::vector<NullableSum> sums_;   // of the group that is being read
+  std::vector<NullableSum> grand_;  // added from the rows, because the groups' totals are rounded
+  std::vector<NullableSum> sums_;   // of the current group
   Value key_;
   std::size_t first_ = 0;
   std::size_t row_ = 0;

@@ -10,22 +10,22 @@
 
 namespace tevra {
 
-/// A parent row a group with the child rows, as they were when it was opened: it holds the company
-/// file no longer, and on disk what a page of 64 rows does not need. Copies share the rows.
+/// Has one parent row for each group, and the group's rows, as they were at the opening. It does
+/// not keep the company file open. The rows are on disk except for a page of 64. Copies share the
+/// rows.
 ///
-/// Groups come by key, Null first, then the empty text, texts without case; the first row's
-/// spelling is the group's key. Rows within a group come in the command's order, see InGroupOrder.
-/// Totals are exact to the ban (MoneySum); a Null counts as nothing, and a total of Nulls alone is
-/// Null.
+/// Groups are ordered by key: Null, then the empty text, then texts without case. The group's key
+/// is spelled as in its first row. Rows within a group have the command's order, see InGroupOrder.
+/// Totals are exact to the ban (MoneySum); a Null adds nothing, and a total of Nulls only is Null.
 ///
-/// All routines but IsOpen and Close throw Failure 424 when it is closed.
+/// All routines except IsOpen and Close throw Failure 424 when it is closed.
 class ShapedRecordset {
  public:
   ShapedRecordset() = default;  // closed
 
-  /// Runs a grouped command of the program's dialect (see ReadShape); "?" in it are `params`.
+  /// Runs a grouped command of the program's dialect (see ReadShape) with `params` for its "?".
   /// Throws Failure with the command as its source: -2147217900 for one that cannot be read or run,
-  /// 3265 for a field that its statement does not give, 61 when the temporary files have no room.
+  /// 3265 for a field that its statement does not return, 61 when the disk is full.
   ShapedRecordset(const Connection& connection, const std::string& command,
                   const Values& params = {});
 
@@ -40,20 +40,20 @@ class ShapedRecordset {
   };
   std::size_t GroupCount() const;
   std::size_t RowCount() const;            ///< of all groups
-  Group GroupAt(std::size_t group) const;  ///< throws Failure 3021 for one that is none
+  Group GroupAt(std::size_t group) const;  ///< throws Failure 3021 outside 0 to GroupCount() - 1
 
   /// The columns of the rows.
   const std::vector<FieldInfo>& Fields() const;
 
-  /// Without case, the first of that name. Throws Failure 3265.
+  /// The first column of that name, without case. Throws Failure 3265.
   std::size_t FieldIndex(const std::string& name) const;
   std::size_t TotalIndex(const std::string& name) const;
 
-  /// A value of a row with its field's type. Throws Failure 3021 for a row, 3265 for a field that
-  /// is none.
+  /// A value of a row, in its field's type. Throws Failure 3021 for an unknown row, 3265 for an
+  /// unknown field.
   Value ValueAt(std::size_t row, std::size_t field) const;
 
-  /// The sum over all groups; Null without any. Throws Failure 3265.
+  /// The sum over all groups; Null when there are none. Throws Failure 3265.
   Value GrandTotal(std::size_t total) const;
 
  private:

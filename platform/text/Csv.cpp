@@ -17,12 +17,12 @@ int CsvReader::GetOutsideQuotes() {
   return c == '\r' && in_.peek() == '\n' ? Get() : c;
 }
 
-// A file that breaks off must not pass for a shorter one.
+// A file that cannot be read to its end must not look like a shorter one.
 void CsvReader::RequireReadable() const {
   if (in_.bad()) throw Failure(kDeviceError, "Device I/O error");
 }
 
-// A pipe cannot be read twice: what is no mark is kept for the first cell.
+// A pipe cannot be read twice, so bytes that are no mark are kept for the first cell.
 void CsvReader::SkipByteOrderMark() {
   static const std::string kMark = "\xEF\xBB\xBF";
   started_ = true;
@@ -33,7 +33,7 @@ void CsvReader::SkipByteOrderMark() {
   if (ahead_ == kMark) ahead_.clear();
 }
 
-// Leaves in `end` what stood behind the cell: a comma, a line break, or the end of the file.
+// Sets `end` to the character after the cell: a comma, a line break or the end of the file.
 CsvCell CsvReader::ReadCell(int& end) {
   CsvCell cell;
   int c = GetOutsideQuotes();

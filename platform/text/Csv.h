@@ -1,4 +1,4 @@
-// Comma separated values, read row by row.
+// Reads comma separated values row by row.
 #pragma once
 
 #include <istream>
@@ -10,21 +10,21 @@ namespace tevra {
 
 struct CsvCell {
   std::string text;
-  bool quoted = false;  ///< stood between double quotes, so an empty one is an empty text
+  bool quoted = false;  ///< was in double quotes, so that an empty cell is an empty text
 };
 
-/// Reads rows as they come: cells may be quoted (with "" for a quote) and then hold line breaks as
-/// they stand; LF or CRLF ends a row; a byte order mark at the start is skipped, and so are empty
-/// lines.
+/// Cells may be quoted (with "" for a quote) and may then contain line breaks, which are kept
+/// unchanged. LF or CRLF ends a row. A byte order mark at the start and empty lines are
+/// skipped.
 class CsvReader {
  public:
   explicit CsvReader(std::istream& in) : in_(in) {}
 
-  /// The next row, or nothing at the end. Throws Failure 13 for a quote that is not closed or
-  /// followed by anything but a comma, 57 when the stream cannot be read to its end.
+  /// The next row, or nothing at the end. Throws Failure 13 for a quote that is not closed or is
+  /// not followed by a comma, 57 when the stream cannot be read to its end.
   std::optional<std::vector<CsvCell>> Next();
 
-  /// The line of the file at which the last row began, from 1.
+  /// The line of the file on which the last row began, from 1.
   int Line() const { return rowLine_; }
 
  private:

@@ -48,7 +48,7 @@ std::chrono::year_month_day DateOf(std::int64_t seconds) {
   return std::chrono::year_month_day(kDayZero + std::chrono::days(DayOf(seconds)));
 }
 
-/// The number that the digits from `first` on hold; negative when one of them is no digit.
+/// The number in the digits from `first` on; negative when one of them is not a digit.
 int Digits(const char* first, int count) {
   int number = 0;
   bool valid = true;
@@ -103,7 +103,7 @@ std::optional<DateTime> DateTime::FromIso(std::string_view text) {
 }
 
 DateTime DateTime::FromSerial(double serial) {
-  // Written so that what is no number fails too.
+  // The condition is written so that NaN fails too.
   if (!(serial > static_cast<double>(kFirstDay - 1) &&
         serial < static_cast<double>(kLastDay + 1))) {
     throw ValueFailure(kOverflow);

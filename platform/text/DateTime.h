@@ -1,4 +1,4 @@
-// A calendar date with a time of day, to the second, without time zone: what a date field holds.
+// A calendar date with a time of day, to the second, without time zone: the value of a date field.
 #pragma once
 
 #include <compare>
@@ -15,7 +15,7 @@ class DateTime {
   /// Day 0 of the serial numbers: 30.12.1899 00:00.
   DateTime() = default;
 
-  /// Throws Failure 13 when the calendar has no such day or time.
+  /// Throws Failure 13 when there is no such day or time.
   DateTime(int year, int month, int day, int hour = 0, int minute = 0, int second = 0);
 
   /// Reads "2006-12-31" or "2006-12-31 10:20:30" ("T" for the blank too); nothing else.
@@ -58,7 +58,7 @@ class DateTime {
   std::int64_t seconds_ = 0;  // from 30.12.1899 00:00
 };
 
-/// The number of month boundaries from `a` to `b`: the days play no part. Negative when `b` lies in
+/// The number of month boundaries from `a` to `b`; the days do not count. Negative when `b` is in
 /// an earlier month.
 int DifLuni(const DateTime& a, const DateTime& b);
 

@@ -12,14 +12,14 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-/// Takes the parts of a written date from the front of a text.
+/// Reads the parts of a written date from the front of a text.
 class Reader {
  public:
   explicit Reader(std::string_view text) : rest_(text) {}
 
   bool AtEnd() const { return rest_.empty(); }
 
-  /// The digits at the front, at most `longest`; how many there were is left in Width().
+  /// Reads at most `longest` digits from the front; Width() is their number.
   int Number(std::size_t longest) {
     int number = 0;
     for (width_ = 0; width_ < longest && !rest_.empty() && IsDigit(rest_.front()); ++width_) {

@@ -1,4 +1,4 @@
-// Dates as Romanian users write and read them: 31.12.2006, the day first.
+// Dates in Romanian form: 31.12.2006, the day first.
 #pragma once
 
 #include <optional>
@@ -9,17 +9,17 @@
 
 namespace tevra {
 
-/// True when CDate would take the text.
+/// True when CDate accepts the text.
 bool IsDate(std::string_view text);
 
 /// Reads "31.12.2006", "31/12/2006", "31-12-2006" (day first, one or two digits; a year of two
 /// digits is 1930 to 2029) or "2006-12-31" / "2006/12/31", each with an optional time "10:20" or
-/// "10:20:30"; blanks around it do not count. Throws Failure 13 for anything else, 31.02.2006 among
-/// it.
+/// "10:20:30"; blanks around it are ignored. Throws Failure 13 for anything else, and for days that
+/// do not exist.
 DateTime CDate(std::string_view text);
 
-/// Reads "31.12.2006" or "2006-12-31" with every digit there, and an optional " 10:20:30": for
-/// files and scripts, where 1.2.06 may not mean what it would be taken for. Nothing for any other
+/// Reads "31.12.2006" or "2006-12-31" with all digits, and an optional " 10:20:30". It is meant for
+/// files and scripts, where 1.2.06 may have another meaning. Returns nothing for any other
 /// text.
 std::optional<DateTime> WholeDate(std::string_view text);
 
@@ -29,9 +29,9 @@ std::string ShortDate(const DateTime& date);
 /// The date, followed by " 10:20:30" when it has a time of day.
 std::string CStr(const DateTime& date);
 
-/// By "Short Date" or by a mask of d, dd, m, mm, yy, yyyy, hh, nn, ss and other characters as they
-/// stand ("/" too stands for the Romanian date separator "."); "m" right behind "h" or "hh" and ":"
-/// is the minute. Capitals mean the same: "dd.MM.yyyy".
+/// Formats by "Short Date" or by a mask of d, dd, m, mm, yy, yyyy, hh, nn, ss and other characters,
+/// which are copied ("/" becomes the Romanian date separator "."); "m" right after "h" or "hh" and
+/// ":" is the minute. Capitals mean the same: "dd.MM.yyyy".
 std::string Format(const DateTime& date, std::string_view format);
 
 }  // namespace tevra

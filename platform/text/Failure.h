@@ -1,4 +1,4 @@
-// The one exception of the program: an error as its users know it, by number and description.
+// The program's only exception: an error with a number and a description.
 #pragma once
 
 #include <stdexcept>
@@ -35,7 +35,7 @@ enum ErrorNumber : long {
 /// Thrown by every routine below the screens; caught and shown by a screen's handler or a command.
 class Failure : public std::runtime_error {
  public:
-  /// `number`: see ErrorNumber. `description`: what the message shows behind it.
+  /// `number`: see ErrorNumber. `description`: the text shown after the number.
   /// `source`: the routine, file or statement that failed; may be empty.
   Failure(long number, const std::string& description, std::string source = {})
       : std::runtime_error(description), number_(number), source_(std::move(source)) {}

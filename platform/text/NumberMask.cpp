@@ -17,7 +17,7 @@ bool IsPlace(char c) {
   return c == '0' || c == '#';
 }
 
-/// Whether the mask's number is "#.##0", alone or with decimals behind a ",".
+/// Whether the mask's number is "#.##0", alone or with decimals after a ",".
 bool IsRomanian(std::string_view mask) {
   constexpr std::string_view kNumber = "#.##0";
   const std::size_t at = mask.find_first_of("0#.,");
@@ -137,8 +137,8 @@ void NumberMask::Read(std::string_view mask, char decimalSign, char separator) {
   }
 }
 
-/// What the place with this number, the first being 0, shows of the whole part: the first one also
-/// all the digits for which there are no places.
+/// The digits of the whole part shown at a place of the mask, counted from 0. The first place also
+/// shows all digits that have no place of their own.
 std::string NumberMask::WholePlace(const std::string& whole, std::size_t place, bool always) const {
   const std::size_t from = place == 0 ? std::max(whole.size(), wholePlaces_) : wholePlaces_ - place;
   const std::size_t to = wholePlaces_ - place - 1;

@@ -1,4 +1,4 @@
-// The two halves of showing a number by a mask: its decimal digits, rounded as on paper, and the
+// Formats a number by a mask in two parts: its decimal digits, rounded as on paper, and the parsed
 // mask.
 #pragma once
 
@@ -9,7 +9,7 @@
 
 namespace tevra {
 
-/// A finite number as decimal digits: the shortest ones that read back as the same number.
+/// A finite number as decimal digits: the fewest that read back as the same number.
 class DecimalDigits {
  public:
   explicit DecimalDigits(double value);
@@ -20,13 +20,13 @@ class DecimalDigits {
   /// Moves the decimal sign `places` to the right: 2 makes a fraction a percentage.
   void Shift(int places) { point_ += IsZero() ? 0 : places; }
 
-  /// Keeps `decimals` decimals; half a unit of the last goes away from zero.
+  /// Rounds to `decimals` decimals, a half away from zero.
   void Round(int decimals);
 
   /// The digits before the decimal sign, none when they are 0.
   std::string Whole() const;
 
-  /// The first `count` digits behind the decimal sign, filled up with 0.
+  /// The first `count` digits after the decimal sign, filled up with 0.
   std::string Decimals(int count) const;
 
  private:
@@ -34,11 +34,11 @@ class DecimalDigits {
 
   bool negative_ = false;
   std::string digits_;  // neither first nor last is 0
-  int point_ = 0;       // how many of the digits stand before the decimal sign; may be negative
+  int point_ = 0;       // the number of digits before the decimal sign; may be negative
 };
 
-/// A mask taken apart. "#,##0.00" has the decimal sign "." and the separator ","; a mask that
-/// begins with the number "#.##0" is written the Romanian way and has them the other way round.
+/// A parsed mask. "#,##0.00" has the decimal sign "." and the separator ","; a mask that begins
+/// with the number "#.##0" is in Romanian form and has them exchanged.
 class NumberMask {
  public:
   explicit NumberMask(std::string_view mask);
@@ -61,7 +61,7 @@ class NumberMask {
   std::size_t wholePlaces_ = 0;
   int decimalPlaces_ = 0;
   int decimalsAlways_ = 0;  // decimals up to the last "0"
-  int hundredfold_ = 0;     // how many "%"
+  int hundredfold_ = 0;     // the number of "%"
   bool grouped_ = false;
 };
 

@@ -17,7 +17,7 @@ namespace {
 constexpr std::array<double, 16> kPowersOfTen = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                  1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
-/// The digits that a double can be trusted for.
+/// The number of decimal digits that a double always preserves.
 constexpr int kSignificantDigits = 15;
 
 bool IsDigit(char c) {
@@ -30,8 +30,8 @@ std::string_view Digits(std::string_view text, std::size_t from) {
   return text.substr(from, end - from);
 }
 
-/// Takes the whole part of a number, with or without "." between the groups, from `text` at `at`
-/// and appends its digits. False when the groups are not of three digits.
+/// Reads the whole part of a number, with or without "." between the groups, from `text` at `at`
+/// and appends its digits. False when a group does not have three digits.
 bool TakeWholePart(std::string_view text, std::size_t& at, std::string& digits) {
   const std::string_view first = Digits(text, at);
   digits += first;
@@ -84,7 +84,7 @@ double Parsed(const std::string& number, std::string_view written) {
   double value = 0;
   const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
   if (error == std::errc()) return value;
-  // Out of range is said alike of a number too large and of one so small that it is 0.
+  // from_chars reports "out of range" for numbers that are too large and for those too close to 0.
   std::istringstream stream(number);
   stream.imbue(std::locale::classic());
   stream >> value;
@@ -128,7 +128,7 @@ double RoundTo(double value, int decimals) {
   const double power = kPowersOfTen[static_cast<std::size_t>(decimals)];
   const double scaled = value * power;
   if (!std::isfinite(scaled)) return value;
-  return std::nearbyint(scaled) / power + 0.0;  // + 0.0 makes a negative zero a plain one
+  return std::nearbyint(scaled) / power + 0.0;  // + 0.0 turns -0 into 0
 }
 
 bool IsNumeric(std::string_view text) {

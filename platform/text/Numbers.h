@@ -1,4 +1,4 @@
-// Numbers as Romanian users write and read them (1.234,56), their conversions and roundings.
+// Numbers in Romanian form (1.234,56), their conversions and rounding.
 #pragma once
 
 #include <cstdint>
@@ -11,14 +11,14 @@ namespace tevra {
 double Round0(double value);
 
 /// Rounds to `decimals` decimals (0 to 15), ties to even: scaled by a power of ten in double
-/// precision, rounded, scaled back. The one rounding of the whole program. Throws Failure 5 for
-/// another number of decimals.
+/// precision, rounded, scaled back. All rounding of the program uses this routine. Throws Failure 5
+/// for another number of decimals.
 double RoundTo(double value, int decimals);
 
 /// True for a number in Romanian form: an optional sign, digits, "." only between groups of three
 /// digits, "," before the decimals, an optional exponent ("1e3", "1,5E-2"), blanks around it. So
-/// "1.234,56" is numeric, "0.5" and "1.23" are not; nor is "0.125", which was meant as 0,125: no
-/// grouped number begins with a zero.
+/// "1.234,56" is numeric; "0.5" and "1.23" are not, and neither is "0.125", because a number with
+/// groups cannot begin with a zero.
 bool IsNumeric(std::string_view text);
 
 /// The number that a text in Romanian form holds. Throws Failure 13 when it is not numeric, Failure
@@ -35,7 +35,7 @@ std::uint8_t CByte(double value);
 std::string CStr(double value);
 std::string CStr(std::int64_t value);
 
-/// As CStr but with a decimal point and a blank in the place of the sign of a number that is not
+/// Like CStr but with a decimal point, and with a blank instead of the sign when the number is not
 /// negative: " 120".
 std::string Str(double value);
 
@@ -48,10 +48,10 @@ double Val(std::string_view text);
 /// Named: "General Number", "Standard" (1.234,50), "Fixed" (1234,50), "Percent" (12,50%).
 /// Masks: "0" shows a digit always, "#" only where there is one, "." the decimals, "," between
 /// digits the thousands, "%" a hundredfold; "###,###" and "#.##0" are both whole numbers with
-/// thousands separators, and under "###,###" a zero is blank. A mask may go on behind "#.##0" with
-/// "," and the decimals, as in "#.##0,00". A text in double quotes, or a character behind a "\",
-/// stands as it is. Ties go away from zero, as on paper, on the decimals that the number shows when
-/// written in full: 1.005 with two decimals is 1,01. What rounds to zero has no sign.
+/// thousands separators, and under "###,###" a zero is blank. After "#.##0" a mask may have
+/// "," and the decimals, as in "#.##0,00". A text in double quotes and a character after a "\" are
+/// copied. A half is rounded away from zero, as on paper, based on the number's shortest decimal
+/// form: 1.005 with two decimals is 1,01. A result of zero has no sign.
 std::string Format(double value, std::string_view format);
 
 }  // namespace tevra

@@ -15,7 +15,7 @@ bool IsTail(std::string_view text, std::size_t at) {
   return at < text.size() && (Byte(text, at) & 0xC0) == 0x80;
 }
 
-/// The bytes of the well-formed character at `at`, 0 when there is none.
+/// The length in bytes of the well-formed character at `at`; 0 when there is none.
 std::size_t WellFormedLength(std::string_view text, std::size_t at) {
   const unsigned char lead = Byte(text, at);
   if (lead < 0x80) return 1;
@@ -38,7 +38,7 @@ std::size_t Next(std::string_view text, std::size_t at) {
   return at + std::max<std::size_t>(WellFormedLength(text, at), 1);
 }
 
-/// The byte at which the character with this number, the first being 0, begins.
+/// The byte at which a character begins; characters are counted from 0.
 std::size_t ByteOf(std::string_view text, std::size_t character) {
   std::size_t at = 0;
   while (character > 0 && at < text.size()) {
@@ -56,7 +56,7 @@ bool IsWithin(unsigned letter, unsigned first, unsigned last) {
   return letter >= first && letter <= last;
 }
 
-/// Whether capital and small letter of this range follow each other, the capital on an even number.
+/// Whether in this range capitals have even code points and are followed by their small letters.
 bool IsPairFromEven(unsigned letter) {
   return IsWithin(letter, 0x100, 0x12F) || IsWithin(letter, 0x132, 0x137) ||
          IsWithin(letter, 0x14A, 0x177) || IsWithin(letter, 0x218, 0x21B);
@@ -87,7 +87,7 @@ unsigned LowerOf(unsigned letter) {
   return letter;
 }
 
-/// Every letter that has a case here is written in one or two bytes.
+/// All letters converted here have one or two bytes.
 template <typename Change>
 std::string Changed(std::string_view text, Change change) {
   std::string result;
@@ -177,7 +177,7 @@ bool LikeNoCase(std::string_view text, std::string_view pattern) {
   const auto isRun = [&](std::size_t p) {
     return p < pattern.size() && (pattern[p] == '*' || pattern[p] == '%');
   };
-  // On a mismatch the last run takes one character more; earlier runs need no second look.
+  // On a mismatch the last "*" takes one character more; earlier ones need not be tried again.
   std::size_t t = 0, p = 0, textAfterRun = 0, patternAfterRun = std::string_view::npos;
   while (t < text.size()) {
     if (isRun(p)) {

@@ -12,7 +12,7 @@ namespace tevra {
 std::string UCase(std::string_view text);
 std::string LCase(std::string_view text);
 
-/// The number of characters; a byte that is no UTF-8 counts as one.
+/// The number of characters; an invalid byte counts as one.
 std::size_t Len(std::string_view text);
 
 /// The first, the last `count` characters; the whole text when it has fewer.
