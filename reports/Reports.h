@@ -11,8 +11,8 @@
 
 namespace tevra {
 
-/// The currency for values in lei, in any case; every other one, the empty one too, prints the values
-/// in currency.
+/// The currency for values in lei, in any case; every other one, the empty one too, prints the
+/// values in currency.
 inline constexpr const char* kLei = "LEI";
 
 /// The monthly charges of the last calculation. Month and year are only printed; where assets were
