@@ -40,9 +40,9 @@ class frmPageSetup : public Form {
   std::optional<QPageLayout> chosen_;
 };
 
-/// Asks for the page, starting from the given one, and remembers the choice for the user: for a kind
-/// of document like RememberPageLayout, and also as the general page when the user asks for it.
-/// Returns false and changes nothing when the user cancelled.
+/// Asks for the page, starting from the given one, and remembers the choice for the user: for a
+/// kind of document like RememberPageLayout, and also as the general page when the user asks for
+/// it. Returns false and changes nothing when the user cancelled.
 bool AskPageSetup(QPageLayout& layout, const std::string& kind = {});
 
 }  // namespace tevra
