@@ -17,8 +17,9 @@ namespace fs = std::filesystem;
 
 std::string ReadFile(const fs::path& file) {
   std::ifstream in(file, std::ios::binary);
+  if (!in) throw Failure(kFileNotFound, "File not found: " + file.string());
   std::ostringstream text;
-  if (!(text << in.rdbuf())) throw Failure(kFileNotFound, "File not found: " + file.string());
+  text << in.rdbuf();
   return text.str();
 }
 
