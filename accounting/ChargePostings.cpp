@@ -18,7 +18,7 @@ namespace tevra {
 
 namespace {
 
-// Each asset is a group of its own. The order of the inner statement is no promise to the outer
+// Each asset forms its own group. The order of the inner statement does not bind the outer
 // one.
 std::string ChargesStatement() {
   return std::string(
@@ -34,7 +34,7 @@ std::string ChargesStatement() {
          ") S INNER JOIN I_ConturiIM I ON S.CONT=I.CONT ORDER BY S.NRCRT";
 }
 
-// What all lines of a month have in common.
+// The values that all lines of a month share.
 void SetFixed(cBLLNoteContabile& note, const DateTime& date) {
   note.Cantit = 1;
   note.Doc = ChargeDocument(date);
@@ -60,7 +60,7 @@ class Charges {
         number_(rows_.Column("NRCRT")),
         centre_(rows_.Column("COD_CC")),
         charge_(rows_.Column("VAL_AMOR")),
-        // The statement's name for the depreciation account is the wrong way round.
+        // The statement has the names of the two accounts the wrong way round.
         depreciationAccount_(rows_.Column("ContDebit")),
         expenseAccount_(rows_.Column("ContChelt")) {}
 

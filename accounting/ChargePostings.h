@@ -1,4 +1,4 @@
-// The month's depreciation in the accounting lines.
+// Posts the month's depreciation to the accounting lines.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace tevra {
 
-/// What a posting wrote.
+/// The result of a posting.
 struct ChargesPosted {
   int notes = 0;
   double lei = 0;  ///< the sum of their debits
@@ -17,13 +17,13 @@ struct ChargesPosted {
 /// The document of a month's postings: "IMO07" for July of any year.
 std::string ChargeDocument(const DateTime& date);
 
-/// Writes a note for each asset with a charge, by the rates of the last run: its depreciation
-/// account credited, its expense account debited, rounded to bani. Whatever bears the month's
-/// document goes first, in the same transaction. A charge that rounds to nothing has no note, nor
-/// has an asset whose account is not associated.
+/// Writes a note for each asset with a charge, using the rates of the last run: it credits the
+/// depreciation account and debits the expense account, rounded to bani. All lines with the month's
+/// document are deleted first, in the same transaction. A charge that rounds to 0 has no note, and
+/// neither has an asset whose account is not associated.
 ///
-/// Throws Failure with the old postings still there; where a note was refused its source names the
-/// asset's number.
+/// Throws Failure and keeps the old postings; when a note was refused, the source names the asset's
+/// number.
 ChargesPosted PostCharges(Connection& connection, const DateTime& date);
 
 }  // namespace tevra

@@ -148,7 +148,7 @@ void cBLLNoteContabile::AddNota(const Connection& connection, bool sameNote) {
   writer_->Write(*this);
 }
 
-// On the caller's connection: the notes of his own transaction have their numbers already.
+// On the caller's connection, so that the notes of its own transaction count.
 void cBLLNoteContabile::GetNDI(Writer& writer) {
   NDI = CLng(Nz(writer.greatestNote.QueryValue()).AsDouble() + 1);
 }

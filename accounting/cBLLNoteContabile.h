@@ -1,4 +1,4 @@
-// The one record through which lines of accounting notes are written.
+// Writes the lines of accounting notes; all of them are written through this class.
 #pragma once
 
 #include <cstdint>
@@ -11,9 +11,10 @@
 
 namespace tevra {
 
-/// One line of Kv_Linii: a property for each column, under the column's name but for case. What a
-/// note means (sides, accounts, journal, document) is the caller's. Properties keep their values
-/// from one AddNota to the next: between the lines of a note only what differs is set again.
+/// One line of Kv_Linii, with a property for each column under the column's name, except for case.
+/// The caller decides the note's content (sides, accounts, journal, document). Properties keep
+/// their values after AddNota, so that between the lines of a note only the differences need
+/// setting.
 class cBLLNoteContabile {
  public:
   cBLLNoteContabile();
@@ -28,7 +29,7 @@ class cBLLNoteContabile {
   std::string Cont;          ///< required; account
   std::string Expl;
   double Debit = 0;  ///< lei
-  /// Lei, as text in Romanian form, "0" too. SetCredit throws Failure 13 for what is no number.
+  /// Lei, as a text in Romanian form; "0" is accepted. SetCredit throws Failure 13 for other texts.
   std::string Credit() const;
   double CreditAmount() const { return credit_; }
   void SetCredit(const std::string& text);
@@ -55,15 +56,15 @@ class cBLLNoteContabile {
   std::string CodSucursala;
   std::int32_t ID_Formula = 0;
   std::string DocExplicatie;
-  std::string TipDoc;  ///< kept on the record only: the table has no such column
+  std::string TipDoc;  ///< not stored; the table has no such column
 
-  /// True when nothing required is missing; else `errorText` names what is.
+  /// True when nothing required is missing; otherwise `errorText` names what is missing.
   bool EsteNotaValida(std::string& errorText) const;
 
-  /// Writes a line on the caller's connection, within the caller's transaction. `sameNote`: it goes
-  /// on with the note of the line before, else a new note begins. The due date is a month after
-  /// DataInr. Throws Failure kRefusedNote when something required is missing, 438 when the table
-  /// has a column without a property, else what the engine refuses; then nothing of the line is
+  /// Writes a line on the caller's connection, within the caller's transaction. `sameNote`: the
+  /// line continues the previous line's note; otherwise a new note begins. The due date is a month
+  /// after DataInr. Throws Failure kRefusedNote when something required is missing, 438 when the
+  /// table has a column without a property, and the database's failures; the line is then not
   /// written.
   void AddNota(const Connection& connection, bool sameNote);
 

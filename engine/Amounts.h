@@ -1,4 +1,4 @@
-// What the calculations ask of a parameter and of a result.
+// Checks of the parameters and results of the calculations.
 #pragma once
 
 #include <cmath>
@@ -17,8 +17,8 @@ const T& Need(const std::optional<T>& value, const char* field) {
   return *value;
 }
 
-/// A result that its field can hold, else Failure 6. A zero loses its sign: "-0" would look like a
-/// mistake in a list.
+/// Returns a result that its field can store, otherwise throws Failure 6. -0 becomes 0, because
+/// "-0" would look like a mistake in a list.
 inline double FiniteAmount(double value, const char* field) {
   if (!std::isfinite(value)) throw Failure(kOverflow, std::string("Overflow: ") + field);
   return value == 0 ? 0.0 : value;

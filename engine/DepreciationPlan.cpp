@@ -13,15 +13,15 @@ namespace {
 
 constexpr int kMonths = 12;
 
-// A year of the plan as the formulas see it.
+// A year of the plan: the input of the formulas.
 struct Year {
   int index = 0;        // from 0
-  int months = 0;       // of depreciation in it
-  int firstMonths = 0;  // those of the first calendar year
+  int months = 0;       // months of depreciation in it
+  int firstMonths = 0;  // months of the first calendar year
   bool last = false;
 };
 
-// One kind of money, carried from year to year.
+// The amounts in lei or in currency, carried from year to year.
 class Track {
  public:
   Track(const PlanParameters& asset, double base)
@@ -71,7 +71,7 @@ class Track {
     Set(amounts, depreciation, depreciation + cumulated_);
   }
 
-  // The first twelve months lie in two calendar years.
+  // The first twelve months are in two calendar years.
   void Accelerated(const Year& year, PlanAmounts& amounts) const {
     const double first = base_ * coef_;
     if (year.index == 0) return Uniform(first, year, amounts);
@@ -81,7 +81,7 @@ class Track {
     Set(amounts, restOfFirst + second, restOfFirst + cumulated_ + second);
   }
 
-  // Of what remains until the switch, then in equal parts of what remains at the switch.
+  // A share of the remaining value until the switch, then equal parts of the value at the switch.
   void Degressive(const Year& year, PlanAmounts& amounts) {
     if (year.index == 0) return Uniform(base_ * coef_, year, amounts);
     if (year.index < switch_) return Uniform(remaining_ * coef_, year, amounts);
@@ -102,7 +102,7 @@ class Track {
   double atSwitch_ = 0;
 };
 
-// What every plan reads, whether the asset's state asks for it or not.
+// The parameters that every plan reads, even where the asset's state does not use them.
 void RequireParameters(const PlanParameters& asset) {
   Need(asset.VAL_CUMP, "VAL_CUMP");
   Need(asset.VALCHELEI, "VALCHELEI");
@@ -156,7 +156,7 @@ class Plan {
     return (end_.Year() - start_.Year() - index) * kMonths + end_.Month() - 1;
   }
 
-  // The field's width ends a plan that nothing else would.
+  // The range of the year's field limits a plan that would never end.
   std::int16_t CalendarYear(int index) const {
     const int year = start_.Year() + index;
     if (year > std::numeric_limits<std::int16_t>::max()) throw Failure(kOverflow, "Overflow: AN");

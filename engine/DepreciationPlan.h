@@ -1,6 +1,6 @@
-// The depreciation of one asset projected over the calendar years of its life: a closed function of
-// the asset's parameters. The years carry rounded values from one to the next, so a plan need not
-// agree to the leu with the months that are calculated.
+// The depreciation of one asset projected over the calendar years of its life: a pure function of
+// the asset's parameters. Each year starts from the rounded values of the one before, so a plan may
+// differ by a few lei from the calculated months.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace tevra {
 
-/// What a plan needs of an asset; the members bear the fields' names, an empty one is Null. Values
+/// The parameters of a plan. The members have the fields' names; an empty member is Null. Values
 /// are in lei, those ending in VAL in the asset's currency.
 struct PlanParameters {
   char TIP_AM = '\0';  ///< see MethodCode
@@ -45,14 +45,15 @@ struct PlanAmounts {
 struct PlanYear {
   std::int16_t year = 0;
   PlanAmounts lei;
-  std::optional<PlanAmounts> currency;  ///< nothing where the asset has no value in currency
+  std::optional<PlanAmounts> currency;  ///< empty when the asset has no value in currency
 };
 
-/// The plan, a year for each calendar year until the value is depreciated; the last one takes all
-/// that roundings left. A last year that is no whole number is the one of DATA_SF.
+/// The plan: one element for each calendar year until the value is depreciated. The last year takes
+/// everything that rounding left. When the last year's number is not a whole number, the year of
+/// DATA_SF is the last one.
 ///
-/// Throws Failure 94 "Invalid use of Null: FIELD" where a date, a rate, a duration or a value is
-/// Null that every plan needs, and Failure 6 for years or amounts that their fields cannot hold.
+/// Throws Failure 94 "Invalid use of Null: FIELD" when a date, a rate, a duration or a value that
+/// every plan needs is Null, and Failure 6 for years or amounts that their fields cannot store.
 [[nodiscard]] std::vector<PlanYear> DepreciationPlan(const PlanParameters& asset);
 
 }  // namespace tevra

@@ -15,7 +15,8 @@ namespace {
 
 enum class Variant { kActive, kActiveBlocked, kExitPending, kExitPendingBlocked, kSingle };
 
-// Where the calculations deliberately differ. Base and start follow from BLOCATA in all of them.
+// The deliberate differences between the calculations. In all of them BLOCATA determines base and
+// start.
 struct VariantRules {
   bool linearLessExpense;  // "L": VALCHELEI and VALCHEVAL reduce the base
   bool switchByMonth;      // "A": the whole month of DATA_AMORT belongs to the second phase
@@ -40,7 +41,7 @@ const VariantRules& RulesOf(Variant variant) {
   return kVariants[index];
 }
 
-// An asset may have no value in currency; what is unknown going in is unknown coming out.
+// An asset may have no value in currency; an unknown input gives an unknown result.
 struct Money {
   double lei;
   std::optional<double> currency;
@@ -51,7 +52,7 @@ std::optional<double> Rounded(const std::optional<double>& value, const char* fi
   return RoundedAmount(*value, field);
 }
 
-// What a formula makes of an amount in both kinds of money.
+// Applies a formula to the amounts in lei and in currency.
 template <typename Formula>
 Money Each(const Money& value, Formula formula) {
   Money result{formula(value.lei), std::nullopt};
@@ -65,7 +66,7 @@ Money Less(Money value, const std::optional<double>& lei, const std::optional<do
   return value;
 }
 
-// Asked as "is it False?", so Null goes with the blocked ones.
+// The test is "is it False?", so a Null counts as blocked.
 bool TakenAsBlocked(const AssetParameters& asset) {
   return asset.BLOCATA != false;
 }
@@ -137,7 +138,7 @@ class Calculation {
     SetRemaining(Base());
   }
 
-  // Before the start nothing is frozen yet: the purchase value remains, for a blocked asset too.
+  // Before the start the purchase value remains, for a blocked asset too.
   void NotStarted() {
     fields_.DALUNI = 0;
     fields_.COTAL_LUNARA = 0.0;
@@ -146,7 +147,7 @@ class Calculation {
     SetRemaining(owned ? LessExpense(PurchaseValue()) : Money{0.0, 0.0});
   }
 
-  // Absorbs whatever remainder the rounded formulas of the life left.
+  // Removes the remainder that the rounded formulas left over the asset's life.
   void Ended() {
     fields_.DALUNI = Count(DifLuni(Start(), Need(asset_.DATA_SF, "DATA_SF")));
     fields_.COTAL_LUNARA = 0.0;
@@ -174,7 +175,7 @@ class Calculation {
     return dataCalcul_ < Switch();
   }
 
-  // One annual rate since the start; the months of the start and of the date count whole.
+  // One annual rate since the start; the months of the start and of the date count in full.
   void Uniform(const std::optional<double>& annualRate, const char* rateField, const Money& base) {
     const int n = Count(DifLuni(Start(), dataCalcul_) + 1);
     const double rate = SetMonthlyRate(annualRate, rateField);
@@ -182,7 +183,7 @@ class Calculation {
     StoreInLife(base, [=](double value) { return (value * rate) * n; });
   }
 
-  // The second phase depreciates the first-year amount again, not what remains after it.
+  // The second phase depreciates the first-year amount again, not the value that remains after it.
   void AcceleratedSecondPhase() {
     const int n2 = MonthsOfSecondPhase();
     const double rate = SetMonthlyRate(asset_.COTA_ANUALA, "COTA_ANUALA");

@@ -22,7 +22,7 @@ namespace tevra {
 
 namespace {
 
-// A field of the table and where the rules have it.
+// A field of the table and the member of the rules' structures.
 template <typename Row, typename T>
 struct Place {
   const char* field;
@@ -50,7 +50,7 @@ constexpr Place<AssetParameters, double> kValues[] = {
     {"COEF", &AssetParameters::COEF},
 };
 
-// What the rules write; the run reads it too, since much of it is only written in some branches.
+// The fields that the rules write. The run reads them too, because some branches write only a part.
 enum Written { kDataCalcul, kDaluni, kFirstResult };
 constexpr const char* kWrittenFirst[] = {"DATA_CALCUL", "DALUNI"};
 static_assert(std::size(kWrittenFirst) == kFirstResult);

@@ -1,4 +1,4 @@
-// The calculations over the company's assets: the monthly run and what belongs to it.
+// The calculations of the company's assets: the monthly run and related routines.
 #pragma once
 
 #include <string>
@@ -8,27 +8,27 @@
 
 namespace tevra {
 
-/// Brings every asset of the open company up to `dataCalcul` and shows how many there were. Any
-/// failure shows "Eroare la CALCUL !" and leaves every row as it was.
+/// Calculates every asset of the open company for `dataCalcul` and shows their number. Any failure
+/// shows "Eroare la CALCUL !" and leaves all rows unchanged.
 void CalculLunar(const DateTime& dataCalcul);
 
-/// The run itself: one pass over I_IMO in one transaction of its own on `connection`, which takes
-/// the write lock at once. Returns the number of assets. Throws Failure, its source naming the
-/// asset where one of them was the reason, with all rows as before: also when there are more than
-/// 32767 assets.
+/// The run itself: one pass over I_IMO in its own transaction on `connection`, which takes the
+/// write lock at once. Returns the number of assets. Throws Failure and leaves all rows unchanged,
+/// also when there are more than 32767 assets; if an asset is the reason, the failure's source
+/// names it.
 int RunMonth(Connection& connection, const DateTime& dataCalcul);
 
-/// Brings the first asset of the open company with this COD up to a date, as a disposal needs it:
-/// as if it had not left. What was stored is overwritten; the next monthly run brings it back. A
-/// COD that no asset has changes nothing. Throws Failure with the asset as it was.
+/// Calculates the first asset of the open company with this COD for a date, as a disposal needs it:
+/// as if it had not left. The stored values are replaced until the next monthly run. An unknown COD
+/// changes nothing. Throws Failure and leaves the asset unchanged.
 void CalculImobilizare(const DateTime& dataCalcul, const std::string& cod);
 
-/// The same on a connection, in a transaction of its own; false when no asset has the COD. The
-/// failure's source names the asset.
+/// The same on a connection, in its own transaction; false when no asset has the COD. The failure's
+/// source names the asset.
 [[nodiscard]] bool CalculateAsset(Connection& connection, const DateTime& dataCalcul,
                                   const std::string& cod);
 
-/// The message of a run that was done, and of one that was not.
+/// The message after a successful run and after a failed one.
 std::string MonthDoneText(int assets);
 inline constexpr const char* kMonthFailedText = "Eroare la CALCUL !";
 inline constexpr const char* kMonthFailedTitle = "Salvare";

@@ -1,4 +1,4 @@
-// The depreciation plan of an asset as the work table I_PLANAMO holds it.
+// The depreciation plan of an asset in the work table I_PLANAMO.
 #pragma once
 
 #include <string>
@@ -11,9 +11,9 @@ namespace tevra {
 /// The values are those of the fields.
 const char* PlanRefusal(const Value& iesire, const Value& tipAm);
 
-/// Puts the plan of an asset into I_PLANAMO, in the place of the one before, and returns the number
-/// of its years. One transaction. Throws Failure with the plan before still there: 3021 for an
-/// asset that is not there, and as DepreciationPlan.
+/// Replaces the content of I_PLANAMO by the plan of an asset, in one transaction, and returns the
+/// number of its years. Throws Failure and keeps the previous plan: 3021 for an unknown asset,
+/// otherwise like DepreciationPlan.
 int MakePlan(Connection& connection, const std::string& nrcrt);
 
 /// The same for the open company. A failure is shown ("Eroare la salvare !").

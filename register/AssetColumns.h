@@ -1,4 +1,4 @@
-// The columns of the register.
+// The columns of the list of assets.
 #pragma once
 
 #include <vector>
@@ -7,7 +7,7 @@
 
 namespace tevra {
 
-/// All 65, in their order; those behind the remaining value are at first not on show.
+/// All 65, in their order; those after the remaining value are hidden at first.
 std::vector<GridColumn> AssetColumns();
 
 }  // namespace tevra

@@ -1,4 +1,4 @@
-// The register as a list: its statements and its totals.
+// The statements and totals of the list of assets.
 #pragma once
 
 #include <array>
@@ -9,8 +9,8 @@
 
 namespace tevra {
 
-/// All assets with the names of their location, supplier and cost centre, whether those exist or
-/// not; without an order.
+/// All assets with the names of their location, supplier and cost centre, also when those do not
+/// exist; without an order.
 std::string AssetListStatement();
 
 /// The order at opening: the newest asset first.
@@ -19,10 +19,10 @@ inline constexpr const char* kNewestFirst = "order by A.nrcrt desc ";
 /// The assets whose name begins with the parameter, newest first.
 std::string AssetSearchStatement();
 
-/// The list that an empty search gives: the assets alone, by number.
+/// The list for an empty search: only the assets' own fields, by number.
 inline constexpr const char* kAssetsByNumber = "select * from I_imo ORDER BY nrcrt";
 
-/// The columns with totals, in lei and in currency by turns.
+/// The columns with totals, alternately in lei and in currency.
 inline constexpr std::array<const char*, 6> kTotalledFields{
     "VAL_CUMP",   "VAL_CUMP_VAL",  "VAL_AMOR_CUMULATA", "VAL_AMOR_CUMULATA_VAL",
     "VAL_RAMASA", "VAL_RAMASA_VAL"};

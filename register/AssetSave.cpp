@@ -22,8 +22,8 @@ Value TextOrNull(const std::string& text) {
   return text.empty() ? Value() : Value(text);
 }
 
-/// Writes the fields of one row in their order. What the two paths share stands here, what differs
-/// in the two functions behind it.
+/// Collects the fields of one row in their order. It has what new and changed assets share; the two
+/// functions after it have the differences.
 class RowWriter {
  public:
   RowWriter(const AssetCard& card, const Coefficients& coefficients, const DateTime& today)
@@ -52,7 +52,7 @@ class RowWriter {
   const MethodTraits& Traits() const { return TraitsOf(MethodOf(card_.text[kMethod])); }
   Method Chosen() const { return Traits().method; }
 
-  /// The asset itself, up to the user.
+  /// The fields of the asset itself, up to the user.
   void WriteIdentity() {
     static constexpr const char* kFields[] = {"DENUMIRE", "COD_CC",       "COD_LOC",
                                               "DOCUMENT", "COD_FURNIZOR", "COD_TVA_CUMP",
@@ -125,7 +125,7 @@ class RowWriter {
  private:
   DateTime Date(date::Place box) const { return card_.date[box].Midnight(); }
 
-  // The method's fields again, over the years that are left.
+  // The method's fields again, for the remaining years.
   void WriteYearsLeft(const DateTime& from) {
     const bool wear = Chosen() == kWithWear;
     const bool phases = Traits().degressive;
@@ -154,7 +154,7 @@ class RowWriter {
   AssetRow row_;
 };
 
-// The cumulated depreciation starts at 0. What is not written keeps what the table gives a new row.
+// The cumulated depreciation starts at 0. Fields that are not written get the table's defaults.
 void WriteStart(RowWriter& row) {
   const double value = row.Number(kValue);
   const bool foreign = row.IsNumber(kForeignValue);
@@ -178,7 +178,7 @@ struct SoFar {
   double left;
 };
 
-// By the rate of the linear phase alone, over all months; what went into expense is not
+// Uses only the rate of the linear phase, for all months; the part charged to expense is not
 // depreciated.
 SoFar Estimate(const RowWriter& row, double value, double expensed) {
   if (row.Chosen() == kNoDepreciation) return {0, Round0(value)};
@@ -269,7 +269,7 @@ AssetRow pModificaImobilizare(const AssetCard& card, std::int32_t nrCrt) {
 
 namespace {
 
-/// "4426.19-19": the account and the percentage of a VAT rate as its list shows it.
+/// "4426.19-19": account and percentage of a VAT rate, as its list shows them.
 struct VatRate {
   std::string account;
   std::int16_t percent = 0;

@@ -18,7 +18,7 @@ double RateOrNone(double linearYears) {
   return linearYears < 1 ? 0 : 1 / linearYears;
 }
 
-// The years that moral wear takes off are those of the linear phase.
+// Moral wear shortens the life by the years of the linear phase.
 void DeriveWithWear(double normal, double linearYears, double percent, Derived& derived) {
   derived.real = normal - linearYears;
   derived.rate = Divide(1, linearYears);

@@ -1,5 +1,5 @@
-// What the asset card derives while the user moves through it: from a method, a duration, a value
-// or a date to the rates, shares and dates that follow. Numbers in, numbers out.
+// The values that the asset card derives while the user fills it in: rates, shares and dates from a
+// method, a duration, a value or a date. No widgets, only numbers.
 #pragma once
 
 #include <cstdint>
@@ -19,8 +19,8 @@ struct Coefficients {
   Value upTo10;
   Value above10;
 
-  /// The one for an asset without moral wear, and with it of so many years. Throw Failure 94 for
-  /// one that is Null.
+  /// The coefficient for an asset of so many years without and with moral wear. Throw Failure 94
+  /// when it is Null.
   double WithoutWear() const { return upTo5.AsDouble(); }
   double WithWear(double years) const { return (years <= 10 ? upTo10 : above10).AsDouble(); }
 };
@@ -28,13 +28,13 @@ struct Coefficients {
 /// The coefficients of the first row. Throws Failure 3021 when the table is empty.
 Coefficients ReadCoefficients(Connection& connection);
 
-/// Asked only where a method needs them.
+/// Called only when a method needs the coefficients.
 using CoefficientsReader = std::function<Coefficients()>;
 
-/// What a step of the card changes; what is not set stays as it was. A step that throws has set
-/// what came before.
+/// The changes made by a step of the card; members that are not set do not change. A step that
+/// throws has set the members before the failure.
 struct Derived {
-  bool realIsNormal = false;   ///< the real duration takes over the normal one
+  bool realIsNormal = false;   ///< the real duration becomes the normal one
   std::optional<double> real;  ///< real duration, years
   std::optional<double> rate;  ///< rate of the linear phase, a fraction of 1 a year
   std::optional<double> coef;  ///< share of the first phase, a fraction of 1 a year
@@ -43,27 +43,27 @@ struct Derived {
 /// a / b. Throws Failure 11 for b = 0.
 double Divide(double a, double b);
 
-/// x, the whole years of the linear phase, by a normal duration and a coefficient: rounded to even,
-/// 16 bits. Throws Failure 11 and 6.
+/// x, the whole years of the linear phase: normal duration / coefficient, rounded to even, 16 bits.
+/// Throws Failure 11 and 6.
 std::int16_t LinearYears(double years, double coefficient);
 
-/// A method other than the linear one is picked for an asset of `normal` years. `blocked`: over the
-/// `yearsLeft` where the method looks at them (accelerated). False when the method is not for such
-/// a duration: the card says so and falls back to the linear one. Throws Failure 11, 6 and what the
-/// reader throws.
+/// A method other than the linear one was chosen for an asset of `normal` years. `blocked`: the
+/// accelerated method uses `yearsLeft`. Returns false when the method does not allow the duration:
+/// the card then shows a message and returns to the linear method. Throws Failure 11, 6 and what
+/// the reader throws.
 bool PickMethod(Method method, double normal, bool blocked, std::optional<double> yearsLeft,
                 const CoefficientsReader& coefficients, Derived& derived);
 
-/// The linear method is picked; `normal` may still be missing.
+/// The linear method was chosen; `normal` may still be missing.
 void PickLinear(std::optional<double> normal, Derived& derived);
 
-/// A duration was typed: rates and real duration follow the normal one under the method in force.
-/// Differs from PickMethod on purpose under "without wear": the share becomes a percentage and the
-/// rate 1 / years. False and throws as PickMethod.
+/// A duration was typed: derives rates and real duration from the normal one by the current method.
+/// For the method without wear it differs from PickMethod on purpose: the share is a percentage and
+/// the rate 1 / years. Returns false and throws like PickMethod.
 bool LeaveDuration(Method method, double normal, const CoefficientsReader& coefficients,
                    Derived& derived);
 
-/// What is left of the life at the blocking date, in the two boxes that may disagree: 19 months are
+/// The remaining life at the blocking date, as in the two boxes, which do not add up: 19 months are
 /// 2 years and 7 months.
 struct TimeLeft {
   double years = 0;   ///< rounded to even
@@ -73,7 +73,8 @@ struct TimeLeft {
 /// Throws Failure 6 for more than 16 bits of months.
 TimeLeft TimeLeftAt(const DateTime& blocked, const DateTime& end);
 
-/// The blocking box changed: rates over the years left. False and throws as PickMethod.
+/// The blocking box changed: rates for the remaining years. Returns false and throws like
+/// PickMethod.
 bool Block(Method method, double yearsLeft, const CoefficientsReader& coefficients,
            Derived& derived);
 
@@ -83,16 +84,17 @@ std::string OutOfRangeText(Method method, const std::string& years);
 /// Lei over the rate, 3 decimals; 0 at the rate 0.
 double ValueInCurrency(double lei, double rate);
 
-/// Twenty percent of a value, 2 decimals: what goes into expense directly.
+/// Twenty percent of a value, 2 decimals: the part charged to expense directly.
 double DirectExpense(double value);
 
-/// A calendar month later, on its 1st.
+/// The 1st of the next calendar month.
 DateTime FirstOfNextMonth(const DateTime& date);
 
-/// `start` and so many years on; parts of a year by months, rounded to even.
+/// `start` plus `years`; a part of a year counts in months, rounded to even.
 DateTime EndOfLife(const DateTime& start, double years);
 
-/// `end` in the year in which an asset of so many years ends that began in the year of `start`.
+/// `end` moved to the year in which an asset of so many years that began in the year of `start`
+/// ends.
 DateTime InYearOfEnd(const DateTime& end, const DateTime& start, double years);
 
 }  // namespace tevra

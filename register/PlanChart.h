@@ -1,4 +1,4 @@
-// The depreciation plan of an asset as a picture: what each year takes, and what remains after it.
+// The chart of an asset's depreciation plan: the depreciation of each year and the remaining value.
 #pragma once
 
 #include <QFont>
@@ -17,9 +17,9 @@ struct PlanPoint {
   double remaining;     ///< at its end
 };
 
-/// Paints the chart into the area: a bar a year for its depreciation, a line for what remains. It
-/// reads in black and white. `currency`: stands at the axis; `font`: its size in the painter's
-/// unit, from which everything else is measured.
+/// Paints the chart into the area: a bar for the depreciation of each year and a line for the
+/// remaining value. It is readable in black and white. `currency`: shown at the axis; `font`: the
+/// font size in the painter's unit, to which everything else is proportional.
 void PaintPlanChart(QPainter& painter, const QRectF& area, const std::vector<PlanPoint>& points,
                     const QString& currency, const QFont& font);
 

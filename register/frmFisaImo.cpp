@@ -21,7 +21,7 @@ using enum date::Place;
 
 const DateTime kNewCatalogue(2005, 1, 1);
 
-// The list of classes changed hands a day later than the field that keeps the class.
+// The list of classes changes one day later than the field that stores the class.
 bool OffersNewClasses() {
   return clock::Today() > kNewCatalogue;
 }
@@ -36,14 +36,14 @@ QString TagOf(const QWidget* box) {
 
 }  // namespace
 
-/// A combo of the card, the box that holds what it stands for, and its statements.
+/// A combo of the card, the box with its value, and its statements.
 struct frmFisaImo::ComboSource {
   DataCombo* combo;
   QLineEdit* box;
   const char* boundColumn;
   const char* listField;
   const char* list;
-  const char* text;  ///< gives the combo's text for a value; none where the value is the text
+  const char* text;  ///< returns the combo's text for a value; none when the value is the text
 };
 
 frmFisaImo::frmFisaImo(const AssetToOpen& asset, QWidget* parent)
@@ -223,8 +223,8 @@ std::array<frmFisaImo::ComboSource, 7> frmFisaImo::Combos() const {
   }};
 }
 
-// A code that is no longer in its table leaves its combo empty, and the card is refused until
-// another one is picked.
+// A code that is no longer in its table leaves its combo empty, and the card cannot be saved until
+// another one is chosen.
 void frmFisaImo::LoadCombos() {
   const auto combos = Combos();
   for (std::size_t i = 0; i < combos.size(); ++i) {
@@ -246,7 +246,7 @@ void frmFisaImo::LoadCombos() {
   loaded_ = true;
 }
 
-// Codes that were added meanwhile on other screens come into the lists.
+// Loads codes that were added on other screens in the meantime.
 void frmFisaImo::Form_Activate() {
   static constexpr std::size_t kOrder[] = {1, 6, 3, 0, 2, 5, 4};
   if (!loaded_) return;
@@ -345,7 +345,8 @@ void frmFisaImo::AddNote() {
   });
 }
 
-// The amounts of direct expense and what is left of a blocked asset stay, and so do both ticks.
+// The amounts of direct expense, the remaining duration of a blocked asset and both check boxes
+// keep their values.
 void frmFisaImo::CurataCampuri() {
   for (std::size_t i = 0; i <= kCoef; ++i) txtNumar[i]->SetNumber(std::nullopt);
   for (TextBox* box : txtText) box->SetText("");

@@ -17,13 +17,13 @@ class QGridLayout;
 
 namespace tevra {
 
-/// What the list tells the card to open.
+/// What the card should open.
 struct AssetToOpen {
   bool bAdaugare = true;  ///< a new asset
-  std::string sNrCrt;     ///< else the NRCRT of the asset
+  std::string sNrCrt;     ///< otherwise the NRCRT of the asset
 };
 
-/// The boxes are the record: handlers read and write them, and only the two saves turn them into
+/// The boxes hold the data: handlers read and write them, and only the two saves convert them to
 /// fields.
 class frmFisaImo : public Form {
  public:
@@ -56,8 +56,8 @@ class frmFisaImo : public Form {
   QPushButton* cmdConservare = nullptr;
   QPushButton* cmdIesire = nullptr;
 
-  /// True when the card may be saved; else a message has told why, and the focus stands where it is
-  /// to be mended.
+  /// True when the card may be saved; otherwise a message has said why, and the focus is in the box
+  /// to correct.
   bool EsteFisaValida();
 
  protected:
@@ -139,7 +139,7 @@ class frmFisaImo : public Form {
 
   std::array<QWidget*, 7> frames_{};
   QGridLayout* grid_ = nullptr;
-  int wide_ = 0;  // the least width at which the frames stand in two rows
+  int wide_ = 0;  // the smallest width at which the frames fit into two rows
   bool narrow_ = false;
 };
 

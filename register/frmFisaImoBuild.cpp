@@ -1,4 +1,4 @@
-// The card's boxes and where they stand.
+// The card's boxes and their layout.
 #include <QButtonGroup>
 #include <QFormLayout>
 #include <QGridLayout>
@@ -44,7 +44,7 @@ struct NumberInfo {
   bool money;
 };
 
-// Money shows its thousands and two decimals; rates and durations keep their digits.
+// Money is shown with thousands separators and two decimals; rates and durations with all digits.
 constexpr NumberInfo kNumbers[] = {
     {"Valoare LEI", true},
     {"Curs", false},
@@ -81,7 +81,7 @@ QGroupBox* Frame(const char* name, const char* caption) {
   return frame;
 }
 
-// Pairs of a label and its box, as many rows as there are pairs.
+// Pairs of a label and its box, one pair in each row.
 class Pairs {
  public:
   explicit Pairs(QWidget* frame) : grid_(new QGridLayout(frame)) {
@@ -112,7 +112,7 @@ void frmFisaImo::MakeBoxes() {
     txtText[i] = new TextBox(Indexed("txtText", i).c_str(), this, kTexts[i].longest);
     txtText[i]->setProperty("Tag", kTexts[i].tag);
     if (kTexts[i].tip) txtText[i]->setToolTip(kTexts[i].tip);
-    // The rest hold what a combo or an option stands for.
+    // The other boxes hold the value of a combo or an option.
     if (kTexts[i].longest == 0) txtText[i]->hide();
   }
   for (std::size_t i = 0; i < txtNumar.size(); ++i) {
@@ -288,7 +288,7 @@ void frmFisaImo::Build() {
   whole->addLayout(grid_);
   whole->addLayout(remarks);
   whole->addStretch();
-  // The whole card where there is room; else it scrolls and the buttons stay.
+  // Shows the whole card if there is room; otherwise it scrolls and the buttons stay visible.
   auto* area = new QScrollArea(this);
   area->setWidgetResizable(true);
   area->setFrameShape(QFrame::NoFrame);
@@ -305,7 +305,7 @@ void frmFisaImo::Build() {
   txtText[kCode]->setFocus();
 }
 
-// Two rows of frames side by side, or, where the card is narrow, four of two.
+// Frames in two rows, or in four rows of two when the card is narrow.
 void frmFisaImo::Arrange(bool narrow) {
   struct Place {
     int row, column, columns;
@@ -329,9 +329,9 @@ void frmFisaImo::resizeEvent(QResizeEvent* event) {
   if (narrow_ != (width() < wide_)) Arrange(!narrow_);
 }
 
-// Letters of labels are those that the frame's menu leaves free.
+// The labels' shortcuts are letters that the frame's menu does not use.
 //
-// As one reads: the asset, its purchase, its dates, then how it is depreciated.
+// The tab order is the reading order: the asset, its purchase, its dates, its depreciation.
 void frmFisaImo::SetTabOrder() {
   QWidget* before = nullptr;
   const auto then = [&before](std::initializer_list<QWidget*> boxes) {

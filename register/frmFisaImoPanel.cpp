@@ -1,4 +1,4 @@
-// The card's method panel: the handlers, which move numbers between the boxes and the derivations.
+// The handlers of the card's method panel, which copy numbers between the boxes and MethodPanel.
 #include "platform/system/MessageBox.h"
 #include "platform/text/Numbers.h"
 #include "register/frmFisaImo.h"
@@ -18,7 +18,7 @@ Coefficients CompanyCoefficients() {
   return ReadCoefficients(connection);
 }
 
-// The number in a box that must hold one.
+// The number in a box that must contain one.
 double NumberIn(const NumberBox& box) {
   const std::optional<double> number = box.Number();
   if (!number) throw Failure(kTypeMismatch, "Type mismatch");
@@ -71,7 +71,7 @@ void frmFisaImo::Liniara_Click() {
   txtNumar[kCoef]->setEnabled(false);
 }
 
-// A direct expense stays on a linear asset only.
+// Only a linear asset may have a direct expense.
 void frmFisaImo::MethodClick(Method method) {
   txtText[kMethod]->SetText(std::string(1, static_cast<char>(method)));
   Frame7->setEnabled(false);
@@ -89,7 +89,7 @@ void frmFisaImo::MethodClick(Method method) {
   derived.realIsNormal = method == kAccelerated;
   bool fits = false;
   try {
-    // Only what the method looks at must be a number.
+    // Only the boxes that the method uses must contain numbers.
     const bool byYearsLeft = method == kAccelerated && chkBlocata->isChecked();
     const bool byNormal = method != kNoDepreciation && !byYearsLeft;
     fits = PickMethod(method, byNormal ? NumberIn(*txtNumar[kNormalYears]) : 0, byYearsLeft,
@@ -202,7 +202,7 @@ void frmFisaImo::DeriveFromDuration(bool withReal) {
 
 // ---- Leaving dates ------------------------------------------------------------------------------
 
-// Each lower date follows the one above it: bought, in service, start, end, blocking.
+// Each date derives the ones below it: bought, in service, start, end, blocking.
 void frmFisaImo::DTPicker1_LostFocus(date::Place left) {
   const std::optional<DateTime> bought = DTPicker1[kBought]->Date();
   if (Faraam->isChecked()) {
@@ -233,7 +233,7 @@ void frmFisaImo::chkBlocata_Click() {
   if (Block(method, left.years, CompanyCoefficients, derived)) {
     Apply(derived);
   } else {
-    // Without wear the message speaks of the whole life.
+    // For the method without wear the message names the whole life.
     const NumberBox& years = method == kWithWear ? *txtNumar[kYearsLeft] : *txtNumar[kNormalYears];
     MsgBoxEx(OutOfRangeText(method, years.Text()));
     FallBackToLinear();

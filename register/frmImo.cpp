@@ -19,7 +19,7 @@ namespace tevra {
 
 namespace {
 
-// The asset that is to be opened may not be the one on the current row.
+// The asset to open may differ from the one on the current row.
 bool LacksNewCode(const std::string& nrcrt) {
   const Recordset asset =
       OpenRecordset("SELECT COD_GR_NOU FROM I_IMO WHERE NRCRT = CLng(?)", {nrcrt});

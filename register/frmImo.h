@@ -1,12 +1,12 @@
-// The register of fixed assets.
+// The list of fixed assets.
 #pragma once
 
 #include "platform/screens/ListScreen.h"
 
 namespace tevra {
 
-/// The list of all assets with their totals: search, sort, the way to the card and to the plan,
-/// deleting, listing of the rows that are marked.
+/// The list of all assets with their totals: search, sort, card, plan, deletion, listing of the
+/// selected rows.
 class frmImo : public ListScreen {
  public:
   explicit frmImo(QWidget* parent = nullptr);

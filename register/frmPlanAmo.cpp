@@ -55,7 +55,7 @@ frmPlanAmo::~frmPlanAmo() {
   datPrimaryRS->Close();
 }
 
-// Somebody else may have made a plan meanwhile.
+// Another user may have made a plan in the meantime.
 void frmPlanAmo::Form_Activate() {
   ShowPlan();
 }

@@ -17,7 +17,7 @@ class frmPlanAmo : public Form {
   explicit frmPlanAmo(QWidget* parent = nullptr);
   ~frmPlanAmo() override;
 
-  /// Shows the plan that stands in the company now. Throws Failure.
+  /// Shows the plan that the company file contains now. Throws Failure.
   void ShowPlan();
 
   Adodc* datPrimaryRS;

@@ -1,5 +1,4 @@
-// The files that belong to the program and not to a company's directory, and the directory in which
-// the program keeps companies when the user has chosen none.
+// The program's own files, and the default directory of companies.
 #pragma once
 
 #include <filesystem>
@@ -9,21 +8,21 @@ namespace tevra {
 /// The directory of the running program.
 std::filesystem::path ProgramDirectory();
 
-/// From now on the program is taken to lie there, for tests; the empty path takes that back.
+/// For tests: sets the program's directory; the empty path restores the real one.
 void SetProgramDirectory(const std::filesystem::path& directory);
 
-/// The template company file that came with the program: beside it, or where an installation shares
-/// it. Throws Failure 53 when there is none.
+/// The program's template company file: beside the program or in the installation's shared folder.
+/// Throws Failure 53 when there is none.
 std::filesystem::path TemplatePath();
 
-/// The program's own directory when the template lies there and it can be written, so that all of
-/// it can be carried about; else the folder "tevra" among the user's data, which need not exist
-/// yet.
+/// The program's own directory if it contains the template and is writable, so that program and
+/// data can be moved together; otherwise the folder "tevra" in the user's data directory, which
+/// need not exist yet.
 std::filesystem::path ApplicationDirectory();
 
-/// The template of a directory of companies. A directory that has none gets the program's; one
-/// whose template is of an older structure gets it too, or a new company would lack what this
-/// build's has. Throws Failure 53 when there is none at all, else as CopyCompanyFile and
+/// The template of a directory of companies. When it is missing or has an older structure, it is
+/// replaced by the program's template, so that a new company gets the current structure. Throws
+/// Failure 53 when there is no template at all, otherwise like CopyCompanyFile and
 /// Connection::Open.
 std::filesystem::path TemplateIn(const std::filesystem::path& directory);
 

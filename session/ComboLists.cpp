@@ -11,7 +11,7 @@ namespace tevra {
 namespace {
 
 struct ComboList {
-  std::array<std::string_view, 3> combos;  // those that show it
+  std::array<std::string_view, 3> combos;  // the combos that show it
   const char* statement;
 };
 

@@ -1,4 +1,4 @@
-// What the plain combos of the screens list: a statement for each combo's name.
+// The lists of the screens' plain combos: a statement for each combo's name.
 #pragma once
 
 #include <optional>
@@ -7,7 +7,7 @@
 
 namespace tevra {
 
-/// The statement of a combo's list; nothing for a name that has none.
+/// The statement of a combo's list; nothing for an unknown name.
 std::optional<std::string> ComboStatement(const std::string& comboName);
 
 /// The first field of every row of the combo's list; the single entry "0-Nu exista inregistrari !"

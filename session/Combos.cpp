@@ -38,7 +38,7 @@ void LoadComboBox(QComboBox& combo) {
     for (const std::string& entry : ComboEntries(name)) {
       combo.addItem(QString::fromStdString(entry));
     }
-    // Nothing is chosen before the user chooses.
+    // At first no entry is selected.
     combo.setCurrentIndex(-1);
   } catch (const std::exception&) {
     ShowStandardError(CaughtFailure(procedure), procedure);

@@ -27,7 +27,7 @@ void RequireNobodysDatabase(const CompanyRegistry& registry, const Company& comp
   throw Failure(kFileExists, "Baza de date este a altei societati: " + company.numeBd);
 }
 
-// A file that is damaged cannot be in use: nobody could have opened it.
+// A damaged file cannot be in use, because nobody could have opened it.
 std::optional<SoleUse> AloneWith(const fs::path& file) {
   try {
     return SoleUse(file);
@@ -169,7 +169,7 @@ void Enter(CompanyRegistry& registry, const std::string& directory, Company& com
 void RemoveDatabase(const fs::path& file) {
   std::error_code error;
   if (!fs::remove(file, error) && error) throw FileFailure(kPermissionDenied, file.string());
-  RemoveCompanyFile(file);  // what the engine left beside it
+  RemoveCompanyFile(file);  // with SQLite's side files
 }
 
 }  // namespace
@@ -266,7 +266,7 @@ void StergeSocietate(CompanyRegistry& registry, const std::string& directory,
                      const Company& company) {
   const FolderLock alone(paths::Resolve(directory));
   registry.Refresh();
-  // A code that is none would name the template, or a file of somebody else's.
+  // An invalid code could name the template or another file.
   const bool named = CompanyRegistry::IsCode(company.cod);
   const std::string database = named ? DatabaseOf(company.cod) : std::string();
   const fs::path file = named ? FileIn(directory, database) : fs::path();

@@ -1,4 +1,4 @@
-// Making and deleting a company's database in the directory of a registry.
+// Creates and deletes a company's database in the directory of a registry.
 #pragma once
 
 #include <functional>
@@ -9,7 +9,7 @@
 
 namespace tevra {
 
-/// The database's file name of a company code: "Kelnar", the code in capitals, ".mdb".
+/// The database's file name for a company code: "Kelnar", the code in capitals, ".mdb".
 std::string DatabaseOf(const std::string& code);
 
 /// Copies the template of the directory to the company's database, over a file that is left there,

@@ -38,7 +38,7 @@ std::string WrittenName(const std::string& directory) {
 }
 
 std::filesystem::path FileIn(const std::string& directory) {
-  // Without a directory the name would be one at the top of the disk.
+  // An empty directory would give a file in the root directory.
   if (Trim(directory).empty()) throw ValueFailure(kPathNotFound);
   return paths::Resolve(WrittenName(directory));
 }
@@ -63,12 +63,12 @@ Company CurrentOf(const Recordset& rows) {
           rows.Get(kDatabase).TextOrEmpty()};
 }
 
-// A company is known by its code and its database; its name may change.
+// A company is identified by its code and its database; its name may change.
 bool SameCompany(const Company& one, const Company& other) {
   return EqualNoCase(one.cod, other.cod) && EqualNoCase(one.numeBd, other.numeBd);
 }
 
-// Each of `taken` takes away one of its kind, so that doubled rows stay doubled.
+// Each row of `taken` removes one equal row, so that duplicate rows remain duplicate.
 std::vector<Company> Without(std::vector<Company> all, const std::vector<Company>& taken) {
   for (const Company& company : taken) {
     const auto same = [&](const Company& each) { return SameCompany(each, company); };
@@ -94,7 +94,7 @@ bool FindSame(Recordset& rows, const Company& company) {
   return FindRow(rows, [&](const Company& each) { return SameCompany(each, company); });
 }
 
-// The fields that both have.
+// The fields that both recordsets have.
 void CopyRow(const Recordset& from, Recordset& to) {
   to.AddNew();
   for (std::size_t i = 0; i < to.FieldCount(); ++i) {
@@ -148,7 +148,7 @@ void CompanyRegistry::CheckName(const std::string& name) {
   if (length == 0 || length > kLongestName) {
     throw Failure(kInvalidArgument, "Denumirea societatii are intre 1 si 50 de caractere");
   }
-  // An XML file has no place for them.
+  // XML cannot represent these characters.
   const auto isControl = [](unsigned char c) {
     return c < ' ' && c != '\t' && c != '\n' && c != '\r';
   };
@@ -266,7 +266,7 @@ void CompanyRegistry::Refresh() {
   known_ = there;
 }
 
-// A name that somebody else changed, where it was not changed here.
+// Takes over a name that another program changed, unless it was changed here too.
 void CompanyRegistry::TakeNames(const std::vector<Company>& there) {
   for (const Company& before : known_) {
     const auto renamed = std::find_if(there.begin(), there.end(), [&](const Company& each) {

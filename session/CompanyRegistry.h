@@ -22,17 +22,17 @@ struct Company {
   bool operator==(const Company&) const = default;
 };
 
-/// The companies of one directory, as loaded; changes reach the file at Save. Rows are kept as they
-/// are, also when their database is missing, and so are columns of the file that nobody here knows.
-/// A directory is written with any separators and case, with or without a final one.
+/// The companies of one directory, as loaded; Save writes changes to the file. Rows whose database
+/// is missing and unknown columns of the file are kept. A directory may be written with any
+/// separators, in any case, with or without a final separator.
 class CompanyRegistry {
  public:
-  /// True for one or two letters or digits: a code becomes part of a file's name.
+  /// True for one or two letters or digits, because a code becomes part of a file's name.
   static bool IsCode(const std::string& code);
 
   static bool Exists(const std::string& directory);
 
-  /// Throws Failure 53 when there is none, -2147467259 when the file is damaged or lacks one of the
+  /// Throws Failure 53 when there is no file, -2147467259 when it is damaged or lacks one of the
   /// three fields, 13 for a value that does not fit, with the file's name and the line.
   static CompanyRegistry Load(const std::string& directory);
 
@@ -54,17 +54,17 @@ class CompanyRegistry {
   /// The name of the company 01 in the registry with which a directory begins.
   static constexpr const char* kNoName = "SOCIETATE";
 
-  /// Writes the registry with which a directory begins: the company 01. Throws Failure 58 when
-  /// there is a registry already, else as Save does.
+  /// Writes a directory's first registry, with the company 01. Throws Failure 58 when there is a
+  /// registry already, otherwise like Save.
   static void WriteDefault(const std::string& directory);
 
   /// All companies by code.
   std::vector<Company> Companies() const;
 
-  /// The company of a code, in whatever case it is written.
+  /// The company with a code, without case.
   std::optional<Company> Find(const std::string& code) const;
 
-  /// True when a company has this database, in whatever case it is written.
+  /// True when a company has this database, without case.
   bool Names(const std::string& database) const;
 
   /// Adds a company, its code in capitals, its name without blanks around it; it becomes the
@@ -77,11 +77,11 @@ class CompanyRegistry {
   /// there is no such company, 5 as CheckName.
   void Rename(const std::string& code, const std::string& name);
 
-  /// Takes the company off the list, one row of those that are alike; its database stays. Throws
-  /// Failure 3265 when there is no such row.
+  /// Removes the company from the list (one row, if there are duplicates); its database stays.
+  /// Throws Failure 3265 when there is no such row.
   void Remove(const Company& company);
 
-  /// Puts the row that was removed last back, with all its columns; it becomes the current one.
+  /// Restores the row that was removed last, with all its columns; it becomes the current one.
   void PutBack();
 
   /// Takes in what other programs have written to the file since it was loaded or saved here; names
@@ -96,11 +96,11 @@ class CompanyRegistry {
   /// Writes all rows to the file, whole or not at all. Throws Failure 76, 70 or 61 with its name.
   void Save();
 
-  /// The rows COD, DENUMIRE, NUMEBD by code, for a grid; position and filter are shared with
-  /// whoever else holds them. Companies, Find and Save see all rows, whatever the filter.
+  /// The rows COD, DENUMIRE, NUMEBD by code, for a grid; all copies share position and filter.
+  /// Companies, Find and Save use all rows, whatever the filter.
   Recordset Rows() const { return rows_; }
 
-  /// The file as it is or will be spelled.
+  /// The file's path, in the spelling that it has or will have.
   const std::filesystem::path& File() const { return file_; }
 
  private:
@@ -112,7 +112,7 @@ class CompanyRegistry {
   std::filesystem::path file_;
   Recordset rows_;
   Recordset removed_;           // the row removed last
-  std::vector<Company> known_;  // what stood in the file when it was last read or written here
+  std::vector<Company> known_;  // the content of the file when it was last read or written here
 };
 
 }  // namespace tevra

@@ -25,7 +25,7 @@ bool IsForeign(const fs::path& file) {
 }  // namespace
 
 fs::path FileIn(const std::string& directory, const std::string& name) {
-  // Without a directory the name would be one at the top of the disk.
+  // An empty directory would give a file in the root directory.
   if (Trim(directory).empty()) throw ValueFailure(kPathNotFound);
   return paths::Resolve(directory + "\\" + name);
 }
@@ -36,7 +36,7 @@ void OverwriteWithCopy(const fs::path& source, const fs::path& target,
   paths::ReplaceFile(target, [&](const fs::path& temporary) {
     fs::remove(temporary);
     CopyCompanyFile(source, temporary, prepare);
-    // They would be taken for changes of the new company.
+    // SQLite would take them for changes of the new company.
     for (const char* ending : {"-wal", "-shm", "-journal"}) fs::remove(fs::path(target) += ending);
   });
 }

@@ -1,4 +1,4 @@
-// Files in a directory of companies: found, overwritten, and taken back when a step fails.
+// Finds, overwrites and, when a step fails, removes files in a directory of companies.
 #pragma once
 
 #include <filesystem>
@@ -8,16 +8,17 @@
 
 namespace tevra {
 
-/// The file of a directory, as it is or will be spelled. Throws Failure 76 for the empty directory.
+/// The path of a directory's file, in the spelling that it has or will have. Throws Failure 76 for
+/// the empty directory.
 std::filesystem::path FileIn(const std::string& directory, const std::string& name);
 
-/// CopyCompanyFile, but a plain file that is no company's may be in the way too: it is replaced
-/// like one. A folder is refused by name. Throws Failure as CopyCompanyFile.
+/// Like CopyCompanyFile, but also replaces a file that is no company's. A folder is refused by
+/// name. Throws Failure like CopyCompanyFile.
 void OverwriteWithCopy(const std::filesystem::path& source, const std::filesystem::path& target,
                        const std::function<void(const std::filesystem::path& copy)>& prepare);
 
-/// Removes at its end those of the watched files that were not there when it was told of them,
-/// unless what was made is kept.
+/// On destruction, unless the files are kept, removes those watched files that did not exist when
+/// watching began.
 class FilesMade {
  public:
   FilesMade() = default;

@@ -18,7 +18,7 @@ namespace tevra {
 
 namespace {
 
-// The reader asks for ".dbf" and ".DBF"; a file may be spelled otherwise.
+// The library opens ".dbf" and ".DBF" only; a file may be spelled differently.
 SAFile OpenNoCase(const char* name, const char* access) {
   return reinterpret_cast<SAFile>(std::fopen(paths::Resolve(name).c_str(), access));
 }
@@ -31,8 +31,8 @@ SAHooks QuietHooks() {
   return hooks;
 }
 
-// The code pages in which Romanian tables were written. A table that names none, or only "DOS", was
-// written under DOS; what says only "Windows" was written under the Romanian one.
+// The code pages of Romanian tables. A table that names none, or only "DOS", uses that of DOS; one
+// that says only "Windows" uses the Romanian one.
 const char* CodePage(int languageDriver) {
   constexpr int kWindows = 0x03;
   constexpr int kWindowsAnsi = 0x57;
@@ -114,7 +114,7 @@ void DbfTable::Damaged(const std::string& reason) const {
   throw Failure(kDatabaseNotOpened, file_.filename().string() + ": " + reason, file_.string());
 }
 
-// The reader trusts what the header says of lengths.
+// The library does not check the lengths in the header.
 void DbfTable::CheckMeasures() const {
   const DBFInfo& info = *table_->handle;
   const std::string reason = "tabela este deteriorata";

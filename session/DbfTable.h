@@ -8,11 +8,11 @@
 
 namespace tevra {
 
-/// An open table; the file is only read.
+/// An open table; the file is never written.
 class DbfTable {
  public:
-  /// Throws Failure -2147467259, naming the file, when it is damaged or no table, 70 when it cannot
-  /// be read.
+  /// Throws Failure -2147467259 with the file's name when it is damaged or no table, 70 when it
+  /// cannot be read.
   explicit DbfTable(const std::filesystem::path& file);
 
   int RecordCount() const;
@@ -21,7 +21,7 @@ class DbfTable {
   /// The number of a field, found without case. Throws Failure -2147467259 when there is none.
   int FieldIndex(const std::string& name) const;
 
-  /// The greatest length of a field's text, in bytes of the table.
+  /// The maximum length of a field's text, in bytes of the table.
   int FieldWidth(int field) const;
 
   /// A field's text in UTF-8, without the blanks around it.

@@ -28,7 +28,7 @@ bool LeavesAGap(const Date& end, const Date& next) {
 
 }  // namespace
 
-// The two texts on the period of entry differ by a blank.
+// The two texts about the period of entry differ by a blank.
 std::optional<std::string> ValidateYears(const FinancialYears& d) {
   constexpr const char* kRefused = " ! Salvarea nu se poate efectua !";
   const std::pair<bool, const char*> tests[] = {

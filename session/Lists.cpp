@@ -7,7 +7,7 @@
 
 namespace tevra {
 
-// A user's name may hold what separates the parts of a setting's name.
+// A user's name may contain the separator of a setting's name.
 std::string GridKey(const std::string& grid) {
   const QString user = QString::fromStdString(UCase(CurrentSession().userName));
   return "Coloane/" + QUrl::toPercentEncoding(user).toStdString() + "/" + grid;

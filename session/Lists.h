@@ -1,12 +1,11 @@
-// What the lists of the screens have in common.
+// Shared by the lists of the screens.
 #pragma once
 
 #include <string>
 
 namespace tevra {
 
-/// The name of a setting under which the present user's columns of a list are remembered. `grid`:
-/// "screen.grid".
+/// The name of the setting with the current user's columns of a list. `grid`: "screen.grid".
 std::string GridKey(const std::string& grid);
 
 }  // namespace tevra

@@ -23,7 +23,7 @@ namespace tevra {
 
 namespace {
 
-/// Where a failure came, as its message counts.
+/// The step of a failure, as counted in its message.
 enum Line { kFindRegistry = 1, kOpenRegistry = 2, kChangeDatabases = 3, kMakeFirst = 6 };
 
 std::string WithOneSeparator(const std::string& directory) {
@@ -54,7 +54,8 @@ bool ListsNotAll(const std::optional<CompanyRegistry>& registry, const std::stri
   });
 }
 
-// A ";" would end the path in a connection string: nothing is made where nothing can be opened.
+// A ";" would end the path in a connection string, so nothing is created where nothing could be
+// opened.
 void RequirePlainDirectory(const std::string& directory) {
   if (directory.find(';') == std::string::npos) return;
   throw Failure(kPathNotFound,
@@ -77,7 +78,7 @@ bool HasTemplate(const fs::path& directory) {
   }
 }
 
-/// Runs steps one after another, also behind one that fails; the first failure is kept.
+/// Runs steps one after another, also after one that fails; keeps the first failure.
 class Steps {
  public:
   explicit Steps(LoadedCompanies& loaded) : loaded_(loaded) {}
@@ -120,7 +121,7 @@ bool PrepareFirstStart() {
   fs::create_directories(directory, error);
   if (error) throw FileFailure(kPermissionDenied, directory.string());
   {
-    // A start that fails here is a first start again.
+    // A start that fails here will be a first start again.
     const FolderLock alone(directory);
     TemplateIn(directory);
     MakeFirstCompany(directory.string());
@@ -132,7 +133,7 @@ bool PrepareFirstStart() {
 LoadedCompanies LoadSocietati(const std::string& directory) {
   LoadedCompanies loaded;
   Steps steps(loaded);
-  // Two programs that start at once must not both convert what is older.
+  // Two programs that start at once must not both convert older databases.
   std::optional<FolderLock> alone;
   bool isNew = false;
   steps.Run(kFindRegistry, [&] {

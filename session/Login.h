@@ -1,4 +1,4 @@
-// What a login checks and does, without its window.
+// The login's checks and steps, without its window.
 #pragma once
 
 #include <optional>
@@ -10,18 +10,18 @@
 
 namespace tevra {
 
-/// The directory of the databases that the user chose last, with one separator at its end; empty at
-/// the first start.
+/// The databases' directory that the user chose last, with one separator at its end; empty at the
+/// first start.
 std::string GetDatabasesPath();
-/// Keeps it, and makes it the session's. Throws Failure 70.
+/// Stores it and sets it in the session. Throws Failure 70.
 void SaveDatabasesPath(const std::string& directory);
 
-/// The first start: the application's directory becomes that of the databases and gets its company
-/// 01. False, and nothing done, when no template is there. Throws Failure.
+/// The first start: the application's directory becomes the databases' directory and gets the
+/// company 01. Returns false and does nothing when there is no template. Throws Failure.
 bool PrepareFirstStart();
 
-/// The registry of a directory as the login lists it. Steps that fail are skipped; the first
-/// failure is told with the statement at which it came.
+/// The registry of a directory, as the login lists it. A failed step is skipped; the first failure
+/// is reported with its line number.
 struct LoadedCompanies {
   std::optional<CompanyRegistry> registry;
   std::optional<Failure> failure;
@@ -31,9 +31,9 @@ struct LoadedCompanies {
   bool rebuildable = false;
 };
 
-/// Lists the companies of a directory: writes the registry where there is none (from the older
-/// Societat.DBF, else the default one), brings databases of the older naming to today's, makes
-/// company 01 where its database is missing.
+/// Lists the companies of a directory. Creates the registry if there is none (from the older
+/// Societat.DBF, otherwise the default one), converts databases with older names, and creates
+/// company 01 if its database is missing.
 LoadedCompanies LoadSocietati(const std::string& directory);
 
 // What a login asks, of the session's company or of one that is open already.
@@ -41,7 +41,7 @@ LoadedCompanies LoadSocietati(const std::string& directory);
 /// True when the company has a user of that name, without case. Throws Failure.
 bool ExistaUtilizator(const std::string& user);
 bool ExistaUtilizator(Connection& company, const std::string& user);
-/// True when name and password, both as typed, belong to a user; without case. Throws Failure.
+/// True when a user has this name and password, both untrimmed, without case. Throws Failure.
 bool ParolaValida(const std::string& user, const std::string& password);
 bool ParolaValida(Connection& company, const std::string& user, const std::string& password);
 
@@ -49,7 +49,7 @@ bool ParolaValida(Connection& company, const std::string& user, const std::strin
 bool StructuraDiferita();
 bool StructuraDiferita(Connection& company);
 
-/// Writes this build's structure version into a database of the directory of the databases. Throws
+/// Writes this build's structure version into a database in the databases' directory. Throws
 /// Failure.
 void SetVersiune(const std::string& database);
 /// The same in an open company.

@@ -10,7 +10,7 @@ namespace tevra {
 enum class MenuAction {
   kSeparator,
   kNone,    ///< has no action: shown disabled
-  kScreen,  ///< opens a screen or starts work that the program hands in
+  kScreen,  ///< opens a screen or starts work, by a function that the program sets
   kFrame,   ///< work of the frame itself
 };
 
@@ -30,7 +30,7 @@ struct MenuTop {
 
 const std::vector<MenuTop>& MenuTable();
 
-/// The names of the items and menus that a user of a type (0, 1, 2; any other as 2) does not reach.
+/// The names of the items and menus that a user type may not use (0, 1, 2; other types as 2).
 std::vector<std::string> ForbiddenItems(int userType);
 
 }  // namespace tevra

@@ -157,7 +157,7 @@ bool ExistaInTabela(const std::string& value, const std::string& key) {
   }
   const std::string statement = known->second;
   const bool takesValue = statement.find('?') != std::string::npos;
-  // One row answers; a code in use may stand in a million lines.
+  // One row is enough; a code in use may occur in a million lines.
   Connection connection(CurrentSession().connectionString);
   return !connection.QueryValue(statement, takesValue ? Values{value} : Values{}).IsNull();
 }

@@ -1,5 +1,5 @@
-// The shared road to the company database and to the user. Every routine opens what it needs and
-// lets it go; nothing stays open between calls.
+// Shared routines for access to the company database and for messages. Each routine opens its own
+// connection and closes it; nothing stays open between calls.
 #pragma once
 
 #include <array>
@@ -16,30 +16,30 @@ std::string CompanyConnectionString(const std::string& databasesPath, const std:
 /// The file password of company databases.
 inline constexpr const char* kFilePassword = "QXT2746";
 
-/// The path behind "Data Source=", in capitals; empty when the string has none.
+/// The path after "Data Source=", in capitals; empty when the string has none.
 std::string getDataSource(const std::string& connectionString);
 
-/// The company code of the open database: what stands between "Kelnar" and the extension of its
-/// name.
+/// The company code of the open database: the part of its name between "Kelnar" and the
+/// extension.
 std::string GetCodSocietate();
 
-/// The company string made fit for grouped report commands.
+/// The company's connection string in the form for grouped report commands.
 std::string GetShapeConnection();
 
-/// An open recordset on a connection of its own, which lives as long as the recordset. "?" in the
-/// statement are `params`. Throws Failure.
+/// An open recordset on its own connection, which lives as long as the recordset. `params` are the
+/// values of the statement's "?". Throws Failure.
 Recordset OpenRecordset(const std::string& sql, const Values& params = {});
 
 /// Runs a statement that returns no rows on a connection of its own; returns the rows affected.
 /// Throws Failure.
 std::int64_t ExecuteSQL(const std::string& sql, const Values& params = {});
 
-/// A recordset cut from its connection. A failure shows the standard message and returns a closed
-/// one.
+/// A recordset without a connection. A failure shows the standard message and returns a closed
+/// recordset.
 Recordset getDisconectedRecordset(const std::string& sql, bool shape = false,
                                   const Values& params = {});
 
-/// Opens the company on a connection that is not open. Throws Failure as Connection::Open.
+/// Opens the company on a closed connection. Throws Failure like Connection::Open.
 void OpenConnection(Connection& connection);
 void CloseConnection(Connection& connection);
 void CloseRecordset(Recordset& recordset);
@@ -60,12 +60,12 @@ std::string GetTextDataCombo(const std::string& sql, const Values& params = {});
 /// table name is compared with case. Throws Failure.
 long GetNextNumber(const std::string& table);
 
-/// True when the table that the key stands for has the value. A key that nobody knows is told
-/// ("EROARE") and gives false. Throws Failure.
+/// True when the table that belongs to the key has the value. An unknown key shows a message
+/// ("EROARE") and returns false. Throws Failure.
 bool ExistaInTabela(const std::string& value, const std::string& key);
 
-/// The type of a user; 2, the least rights, for one without a type and a name that is not there.
-/// Throws Failure when it cannot be read: 0 would open every right.
+/// The type of a user; 2, the fewest rights, for a user without a type and for an unknown name.
+/// Throws Failure when it cannot be read, because 0 would grant all rights.
 int TipUtilizator(const std::string& user);
 int TipUtilizator(Connection& company, const std::string& user);
 

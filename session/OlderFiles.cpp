@@ -30,7 +30,7 @@ Connection OpenAlone(const fs::path& file, const char* password) {
   return Connection("Data Source=" + file.string() + ";Mode=Share Exclusive;PWD=" + password);
 }
 
-// The copy may have today's password already, when it was made from a restored backup.
+// A copy made from a restored backup may already have the current password.
 Connection OpenOlder(const fs::path& copy) {
   try {
     return OpenAlone(copy, kOlderPassword);
@@ -48,11 +48,11 @@ std::string CodeOf(const std::string& olderName) {
   return Mid(olderName, kWord + 1, length - kWord - kExtension);
 }
 
-/// Makes today's database of an older one; returns its name.
+/// Converts an older database to the current naming; returns the new name.
 std::string ChangeDatabase(const CompanyRegistry& registry, const std::string& directory,
                            const std::string& olderName) {
   const std::string code = CodeOf(olderName);
-  // Anything longer could be a way out of the directory, and no code at all the template's name.
+  // A longer code could lead out of the directory, and an empty one would name the template.
   if (!CompanyRegistry::IsCode(code)) {
     throw Failure(kInvalidArgument, "Numele bazei de date nu are un cod de societate");
   }
@@ -150,8 +150,8 @@ std::optional<Failure> pChangeDatabases(CompanyRegistry& registry, const std::st
     registry.Save();
   } catch (const std::exception&) {
     told("Societat.XML", CaughtFailure());
-    // Who worked in a new database that the file does not name would lose his work to the next
-    // start, which makes it anew.
+    // If the registry did not name the new database, the next start would convert the old one again
+    // and replace the work done meanwhile.
     for (const Renamed& company : renamed) Rename(rows, company.row, company.before);
   }
   return first;

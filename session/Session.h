@@ -1,4 +1,4 @@
-// What a login leaves behind and every screen and command relies on: the session's values.
+// The session's values, set by the login and used by all screens and commands.
 #pragma once
 
 #include <string>
@@ -23,11 +23,11 @@ struct Session {
   DateTime dataSn;
   std::string versionText;     ///< major and minor number of the program, two digits each
   unsigned toolTipColour = 0;  ///< the desktop's, as 0xRRGGBB
-  bool esteCentru = false;     ///< for the header of an exchange; nothing sets it
+  bool esteCentru = false;     ///< for the header of an exchange; not set yet
   int tipPlanCont = 0;         ///< likewise
 };
 
-/// The one session of the program.
+/// The program's session.
 Session& CurrentSession();
 
 }  // namespace tevra

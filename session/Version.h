@@ -1,4 +1,4 @@
-// Which build this is.
+// The version of this build.
 #pragma once
 
 namespace tevra {
@@ -6,8 +6,8 @@ namespace tevra {
 inline constexpr int kVersionMajor = 1;
 inline constexpr int kVersionMinor = 0;
 
-/// The structure version that this build's template has, and that a company file's VERSIUNE must
-/// equal. Every change of the template raises it.
+/// The structure version of this build's template, which a company file's VERSIUNE must equal.
+/// Every change of the template raises it.
 inline constexpr int kRevision = 1;
 
 inline constexpr const char* kApplicationTitle = "Kelnar Tevra";

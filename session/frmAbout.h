@@ -1,4 +1,4 @@
-// What this program is, and which build.
+// The window with the program's name and version.
 #pragma once
 
 #include <QLabel>

@@ -24,10 +24,10 @@ namespace tevra {
 
 namespace {
 
-// Longer than any name: what is pasted is not cut down to one that exists.
+// Longer than any name, so that a pasted text is not cut to a name that exists.
 constexpr int kLongestTyped = 255;
 
-// The key left of "1", whatever is printed on it.
+// The key left of "1", whatever character it has.
 bool IsUpgradeKey(const QKeyEvent& event) {
   constexpr quint32 kLeftOfOne = 49;
   if (event.nativeScanCode() != 0) return event.nativeScanCode() == kLeftOfOne;
@@ -141,11 +141,11 @@ void frmLogin::Form_Load() {
   });
 }
 
-// A long path keeps its beginning and its end.
+// A long path is shortened in the middle.
 void frmLogin::ShowDirectory() {
   const QString path = QString::fromStdString(CurrentSession().databasesPath);
   Label1->setText(Label1->fontMetrics().elidedText(path, Qt::ElideMiddle, Label1->width()));
-  // A tip reads markup where it finds some.
+  // A tool tip interprets markup.
   Label1->setToolTip(Qt::mightBeRichText(path) ? "<span>" + path.toHtmlEscaped() + "</span>"
                                                : path);
 }
@@ -238,7 +238,7 @@ void frmLogin::cmdCauta_Click() {
 
 // ---- Login --------------------------------------------------------------------------------------
 
-// Nothing where the question could not be asked; the user was told why.
+// Nothing when the query failed; a message has said why.
 std::optional<bool> frmLogin::Asked(const char* procedure, const std::function<bool()>& question) {
   std::optional<bool> answer;
   Run(procedure, [&](Procedure& running) {
@@ -276,7 +276,7 @@ void frmLogin::cmdOK_Click() {
   Run("cmdOK_Click", [this](Procedure& procedure) { CompleteLogin(procedure); });
 }
 
-// A step of the shared module, whose failures bear its own name.
+// A step of Module1; its failures have its name.
 bool frmLogin::RunOfModule(const char* name, const std::function<void()>& step) {
   try {
     step();

@@ -1,4 +1,4 @@
-// The choice of a company and the login into it.
+// The window for choosing a company and logging in.
 #pragma once
 
 #include <QGroupBox>

@@ -30,11 +30,11 @@ namespace tevra {
 
 namespace {
 
-constexpr int kTwips = 15;           // of a logical pixel
-constexpr QSize kDecoration(8, 32);  // what a desktop puts around a window
+constexpr int kTwips = 15;           // in a logical pixel
+constexpr QSize kDecoration(8, 32);  // the desktop's window frame
 constexpr const char* kMaximised = "Settings/MainMaximized";
 
-// A setting that is missing or damaged gives the default.
+// A missing or damaged setting gives the default.
 int Pixels(const char* name, float twips) {
   const auto kept = Settings().Get(std::string("Settings/") + name);
   if (kept) {
@@ -189,7 +189,7 @@ void frmMain::MDIForm_Load() {
   Panel1->setText("Utilizator:" + QString::fromStdString(CurrentSession().userName));
 }
 
-// Never so small that the menu is cut, and never outside the screens there are now.
+// Never smaller than the menu, and never outside the current screens.
 void frmMain::Place() {
   setMinimumSize(std::max(menuBar()->sizeHint().width() + 8, 480), 320);
   PlaceOnScreen({Pixels("MainLeft", 1000), Pixels("MainTop", 1000), Pixels("MainWidth", 6500),
@@ -272,7 +272,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
   try {
     MDIForm_Unload();
   } catch (const std::exception&) {
-    // A place that cannot be kept is no reason to stay open.
+    // A window position that cannot be stored must not prevent closing.
     ShowStandardError(CaughtFailure(), {"MDIForm_Unload", "Form", "frmMain"});
   }
   event->accept();

@@ -1,4 +1,4 @@
-// The main frame: menu, status bar and the screens among which a user works.
+// The main frame: menu, status bar and the open screens.
 #pragma once
 
 #include <QAction>
@@ -76,7 +76,7 @@ class frmMain : public QMainWindow {
   std::map<std::string, QAction*> items_;
   std::map<std::string, std::function<void()>> openers_;
   QMenu* windowMenu_ = nullptr;
-  QPointer<QMdiSubWindow> front_;  // the child that came to the front last
+  QPointer<QMdiSubWindow> front_;  // the child that was brought to the front last
   QRect placed_;                   // where the program itself put it last
   bool opensMaximised_ = false;
   bool asking_ = false;  // whether the screens' changes may be lost

@@ -36,7 +36,7 @@ const char* PictureOfIcon(long word) {
   }
 }
 
-// By the set of buttons, the pictures of the first two.
+// The pictures of the first two buttons, by the set of buttons.
 std::pair<const char*, const char*> PicturesOfButtons(long word) {
   constexpr const char* kOkPicture = "\\BMP\\OK.bmp";
   constexpr const char* kLeavePicture = "\\BMP\\Iesire.bmp";
@@ -54,7 +54,7 @@ std::pair<const char*, const char*> PicturesOfButtons(long word) {
   }
 }
 
-// A name without a blank must not make the box wider than the screen: places to break it.
+// Adds places to break a name without blanks, so that the box is not wider than the screen.
 QString Breakable(const QString& text) {
   constexpr int kLongestWord = 40;
   constexpr QChar kBreakHere(0x200B);
@@ -92,7 +92,7 @@ frmMsgBox::frmMsgBox(const MessageRequest& request, QWidget* parent)
   pressed_ = HarmlessAnswer(request.buttons);
 }
 
-// A text longer than the screen scrolls; no text is read as markup.
+// A text longer than the screen scrolls; texts are never interpreted as markup.
 QWidget* frmMsgBox::BuildText(const QString& text) {
   lblMsg = new QLabel;
   lblMsg->setObjectName("lblMsg");
@@ -155,7 +155,7 @@ void frmMsgBox::Arrange(QWidget* text) {
   all->setSpacing(kMargin);
   all->addLayout(message, 1);
   all->addLayout(buttons);
-  // The title must not be cut between the window's own buttons.
+  // The box is wide enough for its title beside the window's buttons.
   constexpr int kNarrowest = 220;
   constexpr int kBesideTitle = 140;
   QFont bold = font();
@@ -170,7 +170,7 @@ void frmMsgBox::cmdBtn_Click(int index) {
   const long code = cmdBtn[static_cast<std::size_t>(index)]->property("Tag").toLongLong();
   if (code == kHelp) {
     QKeyEvent help(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
-    // The box itself has no help: the window behind it does.
+    // The box itself has no help; the window behind it shows it.
     QWidget* behind = parentWidget() ? parentWidget()->window() : this;
     QApplication::sendEvent(behind, &help);
     return;
@@ -188,7 +188,7 @@ void frmMsgBox::keyPressEvent(QKeyEvent* event) {
     close();
     return;
   }
-  // A letter presses the one button that begins with it, so D and N answer Da and Nu.
+  // A letter presses the only button that begins with it, so D and N answer Da and Nu.
   QPushButton* named = nullptr;
   for (QPushButton* button : cmdBtn) {
     const bool begins =
@@ -201,7 +201,7 @@ void frmMsgBox::keyPressEvent(QKeyEvent* event) {
 }
 
 long ShowMsgBox(const MessageRequest& request) {
-  // A message in the middle of long work must not stand under the hourglass.
+  // A message during long work must not show the hourglass cursor.
   const bool busy = QApplication::overrideCursor();
   if (busy) QApplication::setOverrideCursor(Qt::ArrowCursor);
   frmMsgBox box(request, QApplication::activeWindow());

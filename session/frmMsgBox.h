@@ -1,4 +1,4 @@
-// The box in which every message of the program stands.
+// The box that shows every message of the program.
 #pragma once
 
 #include <QLabel>
@@ -10,8 +10,8 @@
 
 namespace tevra {
 
-/// Modal. Escape, and closing it by its frame, mean the button that changes nothing: Anulare, else
-/// Nu, else the last.
+/// Modal. Escape and closing the window press the button that changes nothing: Anulare, otherwise
+/// Nu, otherwise the last one.
 class frmMsgBox : public Form {
  public:
   explicit frmMsgBox(const MessageRequest& request, QWidget* parent = nullptr);
@@ -20,7 +20,7 @@ class frmMsgBox : public Form {
   QLabel* imgMsg;
   QLabel* lblMsg;
 
-  /// How many buttons there are.
+  /// The number of buttons.
   int nButtons() const { return static_cast<int>(cmdBtn.size()); }
   /// The code of the button pressed.
   long BtnPressed() const { return pressed_; }

@@ -47,7 +47,7 @@ frmParamSoc::~frmParamSoc() {
 
 // ---- Leaving boxes ------------------------------------------------------------------------------
 
-// A box that is empty and was not changed may be passed: a new company has many of them.
+// An empty box that was not changed may be left, because a new company has many of them.
 void frmParamSoc::CheckOnLeaving() {
   const auto numeric = [this](const char* field, const char* message) {
     QLineEdit* box = txtInfo.at(field);
@@ -133,7 +133,7 @@ void frmParamSoc::Form_Load() {
     };
     procedure.line = 1;
     LoadAccountCombos();
-    // One save writes both.
+    // Both are written by one save.
     const Connection configuration(CurrentSession().connectionString);
     adoCoefAD->SetConnection(configuration);
     adoConfigurari->SetConnection(configuration);
@@ -192,14 +192,14 @@ void frmParamSoc::cmdSalvare_Click(Procedure& procedure) {
   ShowSaved();
 }
 
-// Two tabs write the one row of kv_par: where there was none, the other tab may have made it.
+// Two tabs write the single row of kv_par; if there was none, the other tab may have created it.
 void frmParamSoc::UpdateParameters(Adodc& source) {
   if (!source.HasRow()) source.Recordset().Requery();
   source.UpdateRow();
 }
 
 // Coefficients and accounts are saved together or not at all. After a failure the boxes of both
-// hold what was typed.
+// keep what was typed.
 void frmParamSoc::SaveConfiguration() {
   const std::optional<DateTime> start = dtpInceput->Date();
   std::array<std::string, 3> typed;

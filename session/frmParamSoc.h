@@ -30,16 +30,17 @@ class frmParamSoc : public Form {
   Adodc* adoCoefAD;
   Adodc* adoConfigurari;
 
-  std::map<std::string, QLineEdit*> txtInfo;  ///< by field of kv_info; named "txt" and the field
+  std::map<std::string, QLineEdit*>
+      txtInfo;  ///< by field of kv_info; the names are "txt" and the field
   std::array<DateBox*, 6> DTPicker1;
   DateBox* dtpInceput;
   std::array<NumberBox*, 3> txtCoefDeg;
   std::array<DataCombo*, 3> cboCont;
-  std::array<TextBox*, 3> txtConfig;  ///< the accounts; not on show
+  std::array<TextBox*, 3> txtConfig;  ///< the accounts; hidden
   DataCombo* cboDeviza;
   QPushButton* cmdSalvare;
   QPushButton* cmdCancel;
-  QLabel* lblStare;  ///< what the last save did
+  QLabel* lblStare;  ///< the result of the last save
 
  private:
   struct InfoField;

@@ -117,7 +117,7 @@ void frmSocietati::cmdAdauga_Click() {
   GiveFocus(txtCod);
 }
 
-// What other programs entered or took away meanwhile has come into the list too.
+// The list now also has the changes that other programs made meanwhile.
 void frmSocietati::ShowRegistry(const std::string& code) {
   if (!registry_) return;
   Recordset& rows = datPrimaryRS->Recordset();

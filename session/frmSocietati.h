@@ -1,4 +1,4 @@
-// The registry of companies: adding and deleting them.
+// The list of companies, with adding and deleting.
 #pragma once
 
 #include <QGroupBox>

@@ -10,7 +10,7 @@ class frmSplash : public QWidget {
  public:
   frmSplash();
 
-  /// Shows it, painted before the program goes on.
+  /// Shows and paints it before the program continues.
   void ShowAtOnce();
 
  protected:

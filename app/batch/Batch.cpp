@@ -17,7 +17,7 @@ namespace tevra::batch {
 namespace {
 
 void RunOnCompany(const CommandLine& line, const Streams& streams) {
-  // Before anybody types a password.
+  // Checked before the user types a password.
   const bool dated = line.command == Command::Calculate || line.command == Command::Asset;
   const DateTime date = dated ? ParseDate(line.date) : DateTime();
   for (const std::string* day : {&line.date, &line.from, &line.to}) {
@@ -54,7 +54,7 @@ void Run(const CommandLine& line, const Streams& streams) {
   } else {
     RunOnCompany(line, streams);
   }
-  // A reader that went away or a full disk shows only here.
+  // A closed pipe or a full disk is noticed only here.
   streams.out.flush();
   if (!streams.out) throw Refusal("Rezultatul nu poate fi scris !");
 }

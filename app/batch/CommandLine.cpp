@@ -41,7 +41,7 @@ std::string PaperHelp() {
   return "Hartia: " + PaperNames() + " (implicit " + Papers().front().name + ")";
 }
 
-// The library's messages begin with the name that they are about.
+// The library's messages begin with the name of the argument.
 std::string Until(const std::string& text, char end) {
   return text.substr(0, text.find(end));
 }

@@ -1,4 +1,4 @@
-// What stands on the command line, read and checked for form.
+// Reads the command line and checks its form.
 #pragma once
 
 #include <optional>
@@ -22,8 +22,8 @@ enum class Command {
   Report
 };
 
-/// What the assets are grouped by in the list of charges; inventory objects have a person in the
-/// place of a class. In the order of the reports' own codes.
+/// The grouping of charges; inventory objects have a person instead of a class. The values are the
+/// reports' codes.
 enum class Grouping { Account, Class, Location, Centre };
 
 enum class ReportKind { Charges, Purchases, Inventory };
@@ -37,7 +37,7 @@ struct CommandLine {
   std::string directory = ".";
   std::string company = "01";
   std::string user;                         ///< not empty when the command logs in
-  std::optional<std::string> passwordFile;  ///< without one the password is asked for
+  std::optional<std::string> passwordFile;  ///< without one the program asks for the password
 
   std::string code;  ///< of the company to create, or the COD of the asset
   std::string name;  ///< of the company to create
@@ -45,12 +45,12 @@ struct CommandLine {
   std::string file;                               ///< CSV to load, "-" for the standard input
   std::string table;                              ///< to load into
   std::string date;                               ///< of the calculation, as written
-  bool post = false;  ///< the month's charges go into the accounting lines, too
-  std::string nrcrt;  ///< of the asset to plan, as written
+  bool post = false;                              ///< also posts the month's charges
+  std::string nrcrt;                              ///< of the asset to plan, as written
   Grouping grouping = Grouping::Account;
   ReportKind report = ReportKind::Charges;
   std::string currency = "LEI";
-  bool detail = true;  ///< of a report of charges; else groups and totals alone
+  bool detail = true;  ///< of a report of charges; otherwise only groups and totals
   std::string from;    ///< first and last day of a report of purchases or inventory, as written
   std::string to;
   std::string paper = "A4";  ///< of a report: one of Papers(), in any case
@@ -59,7 +59,7 @@ struct CommandLine {
   bool csv = false;
 };
 
-/// A command line that cannot be meant; what() tells why.
+/// A wrong command line; what() says why.
 class UsageError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

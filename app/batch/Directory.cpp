@@ -11,7 +11,7 @@ namespace tevra::batch {
 
 fs::path CompanyDirectory(const std::string& written) {
   if (!paths::FolderExists(written)) throw Refusal("Directorul \"" + written + "\" nu exista !");
-  // It would end the path in a connection string.
+  // A ";" would end the path in a connection string.
   if (written.find(';') != std::string::npos) {
     throw Refusal("Directorul \"" + written + "\" nu poate avea \";\" in nume !");
   }

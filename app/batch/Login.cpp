@@ -15,7 +15,7 @@ namespace tevra::batch {
 
 namespace {
 
-// What is typed does not show on the terminal during its life.
+// While it lives, the terminal does not show what is typed.
 class HiddenTyping {
  public:
   explicit HiddenTyping(const std::istream& in) {
@@ -62,8 +62,8 @@ void RequireUser(Connection& company, const std::string& user, const std::string
   if (!ParolaValida(company, user, password)) throw Refusal("Parola nu este corecta !");
 }
 
-// The structure is brought up to date by the window, which can ask; a script's data stay as they
-// are.
+// Only the window updates the structure, because it can ask first; a script must not change the
+// data.
 void RequireVersion(Connection& company, const std::string& database) {
   if (StructuraDiferita(company)) {
     throw Refusal("Structura bazei de date " + database + " trebuie actualizata !");

@@ -1,4 +1,4 @@
-// Opens a company as the login window does.
+// Opens a company like the login window.
 #pragma once
 
 #include <optional>

@@ -1,4 +1,4 @@
-// How a command says no, and in which words a failure is told.
+// Refusals of commands, and the texts of failures on the command line.
 #pragma once
 
 #include <optional>
@@ -9,7 +9,7 @@
 
 namespace tevra::batch {
 
-/// A command that was not done; what() is the whole message. The program ends with kRefused.
+/// A refused command; what() is the whole message. The program ends with kRefused.
 class Refusal : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

@@ -1,4 +1,4 @@
-// Where a command reads and writes: the terminal, or a test's strings.
+// The streams of a command: the terminal, or strings in tests.
 #pragma once
 
 #include <fstream>
@@ -13,8 +13,8 @@ struct Streams {
   std::ostream& err;  ///< messages and questions
 };
 
-/// Opens a file that the user named; its name is found without case. Throws Refusal naming it when
-/// it is not there or cannot be read.
+/// Opens a file given by the user; its name is found without case. Throws Refusal with its name
+/// when it does not exist or cannot be read.
 std::ifstream OpenInput(const std::string& file);
 
 }  // namespace tevra::batch

@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* kGap = "  ";
 
-// A line break or an escape in a name would tear the columns apart.
+// A line break or an escape character in a name would break the columns.
 std::string OnOneLine(std::string text) {
   constexpr unsigned char kDelete = 127;
   std::replace_if(

@@ -1,4 +1,4 @@
-// Results as rows: laid out in columns for the eye, or as CSV for other programs.
+// Prints results as rows: in columns for people, or as CSV for other programs.
 #pragma once
 
 #include <functional>
@@ -10,8 +10,8 @@
 
 namespace tevra::batch {
 
-/// Columns as wide as their content. Numbers with decimals are shown as money (1.234,50), dates as
-/// 31.12.2006, Null blank. Nothing is written before Write, since the last row may be the widest.
+/// Columns are as wide as their content. Numbers with decimals are shown as money (1.234,50), dates
+/// as 31.12.2006, Null as blank. Write prints everything, because the last row may be the widest.
 class TextTable {
  public:
   struct Column {
@@ -27,7 +27,7 @@ class TextTable {
   static void WriteInTwoPasses(std::vector<Column> columns, std::ostream& out,
                                const std::function<void(TextTable& table)>& give);
 
-  void AddRow(const Values& values);         ///< a value a column
+  void AddRow(const Values& values);         ///< one value for each column
   void AddHeading(const std::string& text);  ///< across all columns
   void AddRule();
   void Write(std::ostream& out) const;
@@ -52,7 +52,7 @@ class TextTable {
 };
 
 /// Writes each row at once: numbers with a decimal point and all their digits, dates as 2006-12-31,
-/// Null empty, texts quoted where they must be.
+/// Null as an empty cell, texts quoted where necessary.
 class CsvWriter {
  public:
   explicit CsvWriter(std::ostream& out) : out_(out) {}

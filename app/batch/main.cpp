@@ -7,8 +7,8 @@
 
 namespace {
 
-// Nobody can press a button here: what is asked is not agreed to, and the last button is the one
-// that agrees to nothing.
+// Nobody can press a button here, so the last button answers, because it never agrees to
+// anything.
 long TellMessage(const tevra::MessageRequest& request) {
   std::cerr << request.prompt << '\n';
   return tevra::HarmlessAnswer(request.buttons);
@@ -17,8 +17,8 @@ long TellMessage(const tevra::MessageRequest& request) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  // A limit of file size and a reader that went away are then errors of the write, as a full disk
-  // is.
+  // A file size limit and a closed pipe then are errors of the write call, like a full
+  // disk.
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
   std::ios::sync_with_stdio(false);

@@ -19,7 +19,7 @@ namespace tevra {
 
 namespace {
 
-// "KELNAR.MDB|*MDB" in the toolkit's words; names match without case.
+// "KELNAR.MDB|*MDB" as a Qt filter; names match without case.
 QString NameFilter(const std::string& written) {
   QStringList filters;
   const QStringList parts = QString::fromStdString(written).split('|');
@@ -41,7 +41,8 @@ QString Typed(const QString& name, const QString& extension) {
   return QFileInfo(name).suffix().isEmpty() ? name + "." + extension : name;
 }
 
-// The dialog's own question is in the desktop's language; ours is asked for the name as completed.
+// The dialog's own question is in the desktop's language, so ours is asked, with the completed
+// name.
 bool MayReplace(const QString& file) {
   if (!QFileInfo::exists(file)) return true;
   const QString question =
@@ -50,7 +51,7 @@ bool MayReplace(const QString& file) {
          kYes;
 }
 
-// The folder of the last file saved; the first time that of the user's documents.
+// The folder of the last saved file; at first the user's documents.
 QString& SavingFolder() {
   const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
   static QString folder = QFileInfo(documents).isDir() ? documents : QDir::homePath();
@@ -78,7 +79,7 @@ std::optional<std::string> ChooseNewFile(const SaveFileRequest& request) {
   return std::nullopt;
 }
 
-// The program that the desktop has for a kind of files; empty when it has none.
+// The desktop's program for a kind of files; empty when there is none.
 QString ViewerOf(const QString& kind) {
   QProcess query;
   query.start("xdg-mime", {"query", "default", kind});

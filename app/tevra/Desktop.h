@@ -1,9 +1,9 @@
-// The desktop's own dialogs and programs, for the program to ask.
+// Uses the desktop's dialogs and viewers.
 #pragma once
 
 namespace tevra {
 
-/// Messages, the choice of a file and the viewing of one go to the desktop from now on.
+/// From now on messages, file dialogs and viewers are those of the desktop.
 void UseDesktop();
 
 }  // namespace tevra

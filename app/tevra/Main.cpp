@@ -30,7 +30,7 @@ std::string TwoDigits(int number) {
   return (number < 10 ? "0" : "") + std::to_string(number);
 }
 
-// The last net: a failure that no screen told is told here, and the program goes on.
+// Shows a failure that no screen has shown; the program goes on.
 class Application : public FormsApplication {
  public:
   using FormsApplication::FormsApplication;
@@ -58,7 +58,7 @@ void PrepareApplication() {
   UseDesktop();
 }
 
-// From the start to the main frame; false when nobody logged in.
+// From the start to the main frame; false when the user did not log in.
 bool Login() {
   {
     frmSplash splash;
@@ -70,7 +70,7 @@ bool Login() {
   return login.LoginSucceeded();
 }
 
-// The fonts of the machine are read beside the toolkit's own start: the first text would wait for
+// The machine's fonts are read in a thread while Qt starts; otherwise the first text would wait for
 // them.
 std::jthread StartReadingFonts() {
   return std::jthread([] { FcInit(); });
@@ -79,12 +79,13 @@ std::jthread StartReadingFonts() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  // A file size limit is an error of the write, as a full disk is, and no reason to die.
+  // A file size limit then is an error of the write call, like a full disk, and does not end the
+  // program.
   std::signal(SIGXFSZ, SIG_IGN);
   const std::jthread fonts = StartReadingFonts();
   Application application(argc, argv);
   PrepareApplication();
-  // The login's window closing is not the program's end.
+  // Closing the login window must not end the program.
   QApplication::setQuitOnLastWindowClosed(false);
   if (!Login()) return 0;
   CurrentSession().toolTipColour =

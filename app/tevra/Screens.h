@@ -1,4 +1,4 @@
-// Which screen each item of the menu opens.
+// The screens that the menu's items open.
 #pragma once
 
 #include "session/frmMain.h"

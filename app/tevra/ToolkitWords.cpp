@@ -6,7 +6,7 @@ namespace tevra {
 
 namespace {
 
-// By their English text, whichever part of the toolkit shows them.
+// Found by their English text, in whatever part of Qt it appears.
 const QHash<QString, QString>& Words() {
   static const QHash<QString, QString> kWords{{"Name", "Nume"},
                                               {"Size", "Marime"},

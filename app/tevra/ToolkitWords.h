@@ -1,4 +1,4 @@
-// The toolkit's own words in Romanian, where it shows any: file dialogs, menus of text boxes.
+// Qt's own texts in Romanian: file dialogs, menus of text boxes.
 #pragma once
 
 #include <QTranslator>

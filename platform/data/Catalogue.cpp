@@ -52,7 +52,7 @@ void ReadFields(detail::Database& database, TableDef& table) {
 }
 
 void ReadIndexes(detail::Database& database, TableDef& table) {
-  // "c": made by a statement of its own; the key has been read already.
+  // "c": created by CREATE INDEX; the key has been read already.
   Statement list(
       database,
       "SELECT name, \"unique\" FROM pragma_index_list(?) WHERE origin = 'c' ORDER BY name");

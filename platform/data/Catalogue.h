@@ -1,4 +1,4 @@
-// What a company file consists of: tables, their fields and indexes, saved queries.
+// The structure of a company file: tables, their fields and indexes, saved queries.
 #pragma once
 
 #include <string>
@@ -21,7 +21,7 @@ struct IndexDef {
 
 struct TableDef {
   std::string name;
-  bool system = false;  ///< the engine's own tables and the password's
+  bool system = false;  ///< SQLite's own tables and that of the password
   std::vector<FieldDef> fields;
   std::vector<IndexDef> indexes;  ///< the key first
 
@@ -33,8 +33,8 @@ struct QueryDef {
   std::string sql;  ///< its SELECT
 };
 
-/// Reads the catalogue at each call; changes write through the connection, each whole or not at
-/// all. A table that is not there throws Failure 3265, naming it.
+/// Each call reads the catalogue. Each change is written at once, whole or not at all. An unknown
+/// table throws Failure 3265 with its name.
 class Catalogue {
  public:
   explicit Catalogue(Connection connection) : connection_(std::move(connection)) {}
@@ -49,25 +49,25 @@ class Catalogue {
   void CreateIndex(const std::string& table, const IndexDef& index);
   void DropIndex(const std::string& table, const std::string& index);
 
-  /// The fields become the table's primary key and required; the rows stay. Throws Failure
-  /// -2147217900 when it has one already.
+  /// Makes the fields the table's primary key and required; the rows are kept. Throws Failure
+  /// -2147217900 when the table has a key.
   void CreatePrimaryKey(const std::string& table, const std::vector<std::string>& fields);
-  /// A key that numbered itself no longer does. Throws Failure 3265 when there is none.
+  /// A self-numbering key loses its numbering. Throws Failure 3265 when there is no key.
   void DropPrimaryKey(const std::string& table);
 
   void AddField(const std::string& table, const FieldDef& field);
   void DropField(const std::string& table, const std::string& field);
   void RenameField(const std::string& table, const std::string& from, const std::string& to);
 
-  /// Gives the field of the same name the properties of `field`; its values are converted by type
-  /// and must all convert. Throws Failure 13, 6 or -2147217887 and changes nothing else.
+  /// Gives the field of the same name the properties of `field` and converts its values. Throws
+  /// Failure 13, 6 or -2147217887 when one cannot be converted, and then changes nothing.
   void AlterField(const std::string& table, const FieldDef& field);
 
  private:
   Connection connection_;
 };
 
-/// The CREATE TABLE statement of a table, with the checks that hold what its types promise.
+/// The CREATE TABLE statement of a table, with the checks that enforce its types.
 std::string CreateTableSql(const TableDef& table);
 
 }  // namespace tevra

@@ -21,7 +21,7 @@ std::string RangeCheck(const std::string& name, const char* least, const char* g
          " = CAST(" + name + " AS INTEGER))";
 }
 
-// A day that the calendar lacks comes back as another day once the engine counts with it. The years
+// SQLite's date arithmetic turns a day that does not exist into another day. The years
 // -999 to -1, which the engine writes as it reads them, have no fixed width elsewhere.
 std::string MomentCheck(const std::string& name) {
   return " CHECK (" + name + " IS datetime(" + name + ", '+0 days') AND " + name +
@@ -72,8 +72,8 @@ bool NumbersItself(const TableDef& table) {
                      [](const FieldDef& field) { return field.autoNumber; });
 }
 
-// The engine numbers rows from where the old table stopped, so that no number comes back, be the
-// table empty by now.
+// New rows are numbered from where the old table stopped, so that no number is used again, even
+// when the table is empty.
 void KeepSequence(Database& database, const TableDef& from, const TableDef& to) {
   if (!NumbersItself(from) || !NumbersItself(to)) return;
   Statement erase(database, "DELETE FROM sqlite_sequence WHERE name = ?");
@@ -94,7 +94,7 @@ bool IsKeyField(const TableDef& table, const FieldDef& field) {
   });
 }
 
-// A key of one Long is the row's id itself; else the id is kept beside the fields.
+// A key of one Long is the row id itself; otherwise the row id is kept besides the fields.
 bool HasOwnRowId(const TableDef& table) {
   for (const IndexDef& index : table.indexes) {
     if (!index.primary || index.fields.size() != 1) continue;
@@ -104,7 +104,7 @@ bool HasOwnRowId(const TableDef& table) {
   return !NumbersItself(table);
 }
 
-// Row ids stay, so that a recordset left open does not speak of another row afterwards.
+// Row ids are kept, so that an open recordset still refers to the same rows afterwards.
 void CopyRows(Database& database, const TableDef& old, const TableDef& changed) {
   std::string marks = "?";
   std::vector<std::string> names;
@@ -142,7 +142,7 @@ std::int64_t CountOf(Database& database, const TableDef& table) {
   return count.Column(0).Whole();
 }
 
-// While a table is away, the saved queries over it must not hinder the renaming of its successor.
+// While the old table is missing, saved queries on it must not prevent the renaming of the new one.
 class LegacyAlter {
  public:
   explicit LegacyAlter(Database& database) : database_(database) {

@@ -1,4 +1,4 @@
-// A statement prepared once and run many times, with other parameters each time.
+// A statement that is prepared once and run many times with different parameters.
 #pragma once
 
 #include <memory>
@@ -8,8 +8,8 @@
 
 namespace tevra {
 
-/// For work on many rows, where preparing the statement anew would cost more than running it. Keeps
-/// the file open; nothing of it stays open in the engine between two runs.
+/// For work on many rows, where preparing the statement each time would cost more than running it.
+/// Keeps the file open, but no read or write between two runs.
 class Command {
  public:
   /// A statement of the program's dialect. Throws Failure -2147217900.
@@ -18,7 +18,7 @@ class Command {
   Command(Command&&) noexcept;
   Command& operator=(Command&&) noexcept;
 
-  /// Runs a statement that returns no rows. Throws Failure as Connection::Execute.
+  /// Runs a statement that returns no rows. Throws Failure like Connection::Execute.
   void Execute(const Values& params = {});
 
   /// The first field of the first row; Null when there is no row.

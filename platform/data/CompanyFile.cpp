@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kBusyMilliseconds = 2000;
 
-// While changes wait in the side file, the header may speak of pages that are still there.
+// While changes are in the side file, the header may count pages that are only there.
 bool HasWaitingChanges(const fs::path& file) {
   std::error_code error;
   const auto size = fs::file_size(fs::path(file) += "-wal", error);
@@ -27,7 +27,7 @@ void CheckLength(const fs::path& file, const detail::FileStart& start) {
   constexpr std::size_t kChangeCounter = 24, kPageCount = 28, kCountValidFor = 92;
   if (HasWaitingChanges(file)) return;
   if (start.Number(kChangeCounter) != start.Number(kCountValidFor)) return;
-  // Measured again: another program may have moved its waiting changes into the file just now.
+  // Measured again, because another program may just have moved its changes into the file.
   std::error_code ignored;
   if (fs::file_size(file, ignored) < std::uintmax_t{start.PageSize()} * start.Number(kPageCount)) {
     throw Failure(kDatabaseNotOpened,
@@ -35,7 +35,7 @@ void CheckLength(const fs::path& file, const detail::FileStart& start) {
   }
 }
 
-// What a file of this name left behind would be taken for changes of the new one.
+// SQLite would take the side files of an earlier file of this name for changes of the new one.
 void RemoveSideFiles(const fs::path& file) {
   for (const char* ending : {"-wal", "-shm", "-journal"}) {
     std::error_code ignored;
@@ -48,8 +48,8 @@ bool IsBusy(const detail::EngineHandle& db) {
   return code == SQLITE_BUSY || code == SQLITE_LOCKED;
 }
 
-// The engine gives up the side file only when nobody else is connected. Asked again under the lock:
-// somebody may have come in between.
+// SQLite removes the side file only when nobody else is connected. This is checked again under the
+// lock, because another program may have connected in between.
 bool TakeAlone(const detail::EngineHandle& db, const fs::path& file) {
   try {
     if (detail::QueryOn(db.get(), "PRAGMA journal_mode=DELETE", file) != "delete") return false;
@@ -81,7 +81,7 @@ void CopyPages(const fs::path& source, const fs::path& copy, const fs::path& tar
     throw detail::EngineFailure(code, sqlite3_errmsg(to.get()), (full ? target : source).string(),
                                 {});
   }
-  // Failures of the copy are the source's, whose name the user knows.
+  // Failures of the copy are reported with the source's name, which the user knows.
   if (detail::QueryOn(to.get(), "PRAGMA journal_mode=DELETE", source) != "delete" ||
       detail::QueryOn(to.get(), "PRAGMA integrity_check", source) != "ok" ||
       detail::QueryOn(to.get(), "PRAGMA application_id", source) !=

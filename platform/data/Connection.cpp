@@ -22,8 +22,8 @@ namespace tevra {
 
 namespace {
 
-// Reading goes on beside writing only with the side file. Where another tool holds the file without
-// it, the switch would need the file alone; the work goes on all the same, the one waiting for the
+// Only with the side file can one program read while another writes. If another tool has the file
+// open without it, the switch fails; work is still possible, but programs wait for each
 // other.
 void PreferSideFile(detail::Database& database, int lockTimeout) {
   sqlite3_busy_timeout(database.db, 0);
@@ -94,7 +94,7 @@ void Connection::Open(const std::string& connectionString) {
   if (!detail::FilePasswordFits(*database, parts.password)) {
     throw Failure(kDatabaseNotOpened, "Not a valid password.", file.string());
   }
-  // Somebody restored a copy while this waited for him: what was opened is the file of before.
+  // Another program replaced the file while this one waited, so the opened file is the old one.
   if (detail::HasBeenReplaced(database->db)) {
     throw detail::EngineFailure(SQLITE_BUSY, {}, file.string(), {});
   }
@@ -137,7 +137,7 @@ std::int64_t Connection::Execute(const std::string& sql, const Values& params) {
   const auto before = sqlite3_total_changes64(database.db);
   while (statement.Step()) {
   }
-  // The engine's own count stays that of the last change when a statement changes no rows.
+  // SQLite's count is not reset by a statement that changes no rows.
   return sqlite3_total_changes64(database.db) == before ? 0 : sqlite3_changes64(database.db);
 }
 
@@ -178,7 +178,7 @@ Transaction::~Transaction() {
   try {
     connection_.RollbackTrans();
   } catch (const Failure&) {
-    // The engine rolls back when the connection closes; a destructor has nobody to tell.
+    // SQLite rolls back when the connection closes; a destructor cannot report a failure.
   }
 }
 

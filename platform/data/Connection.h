@@ -16,7 +16,7 @@ struct Database;  // the open file, shared by the connection and the recordsets 
 const std::shared_ptr<Database>& DatabaseOf(const Connection& connection);
 }  // namespace detail
 
-/// The parts of a connection string that matter: "Data Source", "Mode", the database password.
+/// The used parts of a connection string: "Data Source", "Mode", the database password.
 struct ConnectionString {
   std::string dataSource;
   std::string password;
@@ -28,36 +28,35 @@ struct ConnectionString {
   static ConnectionString Parse(const std::string& text);
 };
 
-/// Copies share the open file; it is closed when the last copy and the last recordset on it are
-/// gone.
+/// Copies share the open file, which is closed with the last copy and the last recordset on
+/// it.
 class Connection {
  public:
   Connection() = default;
   explicit Connection(const std::string& connectionString) { Open(connectionString); }
 
-  /// Opens the file named by the string. It is never created. Throws Failure -2147467259, its text
-  /// naming the file, when it is missing, no company database, truncated, of another password
-  /// ("Not a valid password.") or in use by one who wants it alone.
-  /// A file that is write-protected opens for reading.
+  /// Opens the file named by the string and never creates it. Throws Failure -2147467259 with the
+  /// file's name when it is missing, no company database, truncated, has another password ("Not a
+  /// valid password.") or is used exclusively by another program.
+  /// A write-protected file is opened for reading.
   void Open(const std::string& connectionString);
   void Close();
   [[nodiscard]] bool IsOpen() const { return db_ != nullptr; }
 
-  /// The path of the open file, as the machine writes it.
+  /// The path of the open file, in the machine's form.
   const std::string& Path() const;
 
-  /// Runs a statement of the program's dialect that returns no rows; "?" are the parameters in
-  /// order. Returns the number of rows affected. Throws Failure -2147217900 with the engine's
-  /// reason, or the number of the reason where it has one of its own (file locked, disk full, value
-  /// refused).
+  /// Runs a statement of the program's dialect that returns no rows, with the parameters for its
+  /// "?" in order. Returns the number of rows affected. Throws Failure -2147217900 with SQLite's
+  /// message, or the reason's own number where it has one (file locked, disk full, value refused).
   std::int64_t Execute(const std::string& sql, const Values& params = {});
 
   /// A static recordset over a statement of the program's dialect; see Recordset.
   Recordset OpenRecordset(const std::string& sql, const Values& params = {});
 
-  /// The same rows, fetched as they are looked at: what is held of each is where to find it. For
-  /// lists that may be long. Static after all where no table of the statement tells its rows apart
-  /// (groups, unions, subqueries as sources). See Recordset for how it differs from a static one.
+  /// The same rows, read when they are looked at; only their row ids are held in memory. For lists
+  /// that may be long. The recordset is static when no table of the statement identifies its rows
+  /// (groups, unions, subqueries as sources). See Recordset for the differences.
   /// `totalled`: fields of numbers that are added up in the same pass, see Recordset::Total.
   Recordset OpenKeyset(const std::string& sql, const Values& params = {},
                        const std::vector<std::string>& totalled = {});
@@ -65,8 +64,8 @@ class Connection {
   /// The first field of the first row; Null when there is no row.
   Value QueryValue(const std::string& sql, const Values& params = {});
 
-  /// Transactions nest. The outermost takes the write lock at once, so that what is read in it
-  /// stays true until it is committed.
+  /// Transactions nest. The outermost one takes the write lock at once, so that what is read in it
+  /// cannot change until the commit.
   void BeginTrans();
   void CommitTrans();
   void RollbackTrans();

@@ -12,7 +12,7 @@ namespace tevra::detail {
 
 namespace {
 
-// Reads the small language of criteria from left to right.
+// Parses criteria from left to right.
 class Reader {
  public:
   explicit Reader(const std::string& text) : text_(text) {}
@@ -80,7 +80,7 @@ class Reader {
     while (at_ < text_.size() && (text_[at_] == ' ' || text_[at_] == '\t')) ++at_;
   }
 
-  // From the mark under the reader to its partner; a doubled partner stands for itself.
+  // From the opening mark to the closing one; a doubled closing mark is one character.
   std::string Enclosed(char close) {
     std::string inside;
     for (++at_; at_ < text_.size(); ++at_) {
@@ -134,7 +134,7 @@ bool Criteria::Holds(const Test& test, const Value& value) {
                                            : false;
   }
   if (test.op == Operator::Like) return LikeNoCase(value.AsText(), test.value.AsText());
-  // A date or number is met by its text too, as a user would write it in quotes.
+  // A date or number also matches its text, as a user would write it in quotes.
   Value wanted = test.value;
   if (wanted.IsText()) {
     if (value.GetKind() == Value::Kind::DateTime) {

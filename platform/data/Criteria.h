@@ -1,4 +1,4 @@
-// Filter, find and sort texts of a recordset, read once and then asked row by row.
+// The filter, find and sort texts of a recordset, parsed once and evaluated row by row.
 #pragma once
 
 #include <functional>
@@ -11,7 +11,7 @@ namespace tevra::detail {
 
 /// The number of a field by its name; throws Failure 3265.
 using FieldFinder = std::function<std::size_t(const std::string& name)>;
-/// The value of a field in the row asked about.
+/// The value of a field in the row being tested.
 using ValueOf = std::function<const Value&(std::size_t field)>;
 
 /// "FIELD op value AND ..."; see Recordset::SetFilter.
@@ -21,7 +21,7 @@ class Criteria {
   Criteria(const std::string& text, const FieldFinder& find);
   bool Empty() const { return tests_.empty(); }
   bool Met(const ValueOf& valueOf) const;
-  std::vector<std::size_t> Fields() const;  ///< those asked about
+  std::vector<std::size_t> Fields() const;  ///< the fields used
 
  private:
   enum class Operator { Equal, NotEqual, Less, LessEqual, Greater, GreaterEqual, Like };

@@ -12,7 +12,7 @@ namespace {
 // In full, never as 3e+05: a spreadsheet or a script may take that for a text.
 std::string Invariant(double number) {
   char text[400];  // more than the smallest and the greatest number take
-  // Adding 0 takes the sign from a negative zero.
+  // Adding 0 turns -0 into 0.
   const auto [end, error] =
       std::to_chars(std::begin(text), std::end(text), number + 0.0, std::chars_format::fixed);
   return {text, end};

@@ -8,7 +8,7 @@ namespace tevra::detail {
 
 namespace {
 
-// The field of a refused check stands first in its expression, between double quotes.
+// The expression of a refused check begins with its field in double quotes.
 std::string RefusedField(const std::string& message) {
   const auto first = message.find('"');
   const auto last = first == std::string::npos ? first : message.find('"', first + 1);
@@ -33,7 +33,7 @@ Failure ConstraintFailure(int extended, const std::string& message, const std::s
   }
 }
 
-// Only an expression's text needs this: a field of the table says itself that it is a date.
+// Only for expressions; a field of a table has its type.
 bool LooksLikeStoredDate(std::string_view text) {
   return text.size() == 19 && text[4] == '-' && text[7] == '-' && text[10] == ' ' &&
          text[13] == ':';
@@ -77,7 +77,7 @@ Failure EngineFailure(int code, const std::string& message, const std::string& p
     case SQLITE_NOTADB:
       return {kDatabaseNotOpened, "Baza de date este deteriorata: " + path, statement};
     case SQLITE_IOERR:
-      // The side file's index could not be made longer: there is no room for it.
+      // The side file's index could not grow, because the disk is full.
       if (code == SQLITE_IOERR_SHMSIZE) return {kDiskFull, "Disk full: " + path, statement};
       return {kDatabaseNotOpened, "Baza de date nu poate fi citita sau scrisa: " + path, statement};
     case SQLITE_CONSTRAINT:

@@ -1,4 +1,4 @@
-// The open file behind a connection: the engine's handle, statements, and its errors as failures.
+// The open file of a connection: SQLite's handle, statements, and its errors as failures.
 // For the data layer's own sources only.
 #pragma once
 
@@ -67,22 +67,22 @@ struct Database {
   void Commit();
   void Rollback();
 
-  /// Runs words of the engine's own, without parameters or result.
+  /// Runs SQL that is not rewritten, without parameters or result.
   void Run(const std::string& sql);
 
-  /// Throws when a transaction is open of which the engine no longer knows: after a full disk it
-  /// takes everything back by itself, and what came next would be written piece by piece.
+  /// Throws when SQLite has ended the open transaction: after a full disk it rolls everything back,
+  /// and the following statements would be written one by one.
   void RequireTransaction(const std::string& statement) const;
 
-  /// Throws the failure of the engine's last error; `statement` tells where.
+  /// Throws the failure of SQLite's last error, with `statement` as its source.
   [[noreturn]] void Throw(int code, const std::string& statement);
 };
 
-/// The failure of an engine's code; used also before there is a Database.
+/// The failure of an SQLite error code; also used before there is a Database.
 Failure EngineFailure(int code, const std::string& message, const std::string& path,
                       const std::string& statement);
 
-/// What `call` gives; a failure that names no source gets the statement.
+/// Returns the result of `call`; a failure without a source gets the statement.
 template <typename Call>
 auto OfStatement(const std::string& sql, Call call) {
   try {
@@ -93,16 +93,16 @@ auto OfStatement(const std::string& sql, Call call) {
   }
 }
 
-/// A value as the engine holds it; `field`, when known, says what it means.
+/// A value read from SQLite, in the type of `field` if that is known.
 Value WholeValue(std::int64_t whole, const FieldDef* field);
 Value TextValue(std::string_view text, const FieldDef* field);
 
 /// A prepared statement.
 class Statement {
  public:
-  /// Words of the engine's own.
+  /// SQL that is not rewritten.
   Statement(Database& database, const std::string& sql);
-  /// A statement of the dialect; `rewritten` gets what became of it.
+  /// A statement of the dialect; `rewritten` receives the rewritten one.
   Statement(Database& database, const std::string& sql, dialect::Options options,
             dialect::Rewritten& rewritten);
   Statement(const Statement&) = delete;
@@ -129,7 +129,7 @@ class Statement {
   std::string sql_;  // as given, for failures
 };
 
-/// Resets a statement that is kept, whatever happens: until then it holds the file.
+/// Resets a kept statement at the end of its scope, because an unfinished one locks the file.
 struct ResetAtEnd {
   Statement& statement;
   ~ResetAtEnd() { statement.Reset(); }
@@ -138,7 +138,7 @@ struct ResetAtEnd {
 /// The column of a table that is the row's own number, a key of one whole number; "" without one.
 std::string RowKeyOf(Database& database, const std::string& table);
 
-/// A name between double quotes.
+/// A name in double quotes.
 std::string Quoted(std::string_view name);
 
 }  // namespace tevra::detail

@@ -60,8 +60,8 @@ EngineHandle OpenToWrite(const fs::path& file, int flags, int busyMilliseconds) 
   return db;
 }
 
-// The engine needs side files even to read, unless it is told that nobody writes. That holds for a
-// file which is write-protected for all, and where the side files cannot be made at all.
+// SQLite needs side files even for reading, unless it is told that nobody writes. This is true for
+// a file that is write-protected for all, and where side files cannot be created.
 EngineHandle OpenToRead(const fs::path& file, int busyMilliseconds) {
   EngineHandle db = Open(file.string(), SQLITE_OPEN_READONLY, file);
   const std::string sideFile = SideFileOf(db.get());

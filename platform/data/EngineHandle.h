@@ -1,4 +1,4 @@
-// The engine's handle of a file, and what is asked of it before or without a connection.
+// SQLite's handle of a file, and queries before or without a connection.
 // For the data layer's own sources only.
 #pragma once
 
@@ -32,21 +32,21 @@ using EngineHandle = std::unique_ptr<sqlite3, CloseHandle>;
 [[nodiscard]] EngineHandle OpenToWrite(const std::filesystem::path& file, int flags,
                                        int busyMilliseconds);
 
-/// Opens a file without changing it, where it lies in a folder that cannot be written too.
+/// Opens a file without changing it, also in a folder that cannot be written.
 [[nodiscard]] EngineHandle OpenToRead(const std::filesystem::path& file, int busyMilliseconds);
 
-/// Runs words of the engine's own; Query gives the first field of the first row, "" without one.
+/// Run SQL that is not rewritten; Query returns the first field of the first row, "" without a row.
 void RunOn(sqlite3* db, const char* sql, const std::filesystem::path& file);
 std::string QueryOn(sqlite3* db, const char* sql, const std::filesystem::path& file);
 
-/// True when another file stands under the name by now: what is open has been replaced.
+/// True when the open file has been replaced by another file of its name.
 [[nodiscard]] bool HasBeenReplaced(sqlite3* db);
 
 /// Tells the user that it has.
 [[nodiscard]] Failure ReplacedFile(const std::string& path);
 
-/// The beginning of any regular file. Read through the engine: were the file opened and closed
-/// beside it, the system would drop the locks by which our open connections hold the file.
+/// The beginning of any regular file. It is read through SQLite: opening and closing the file
+/// directly would release the locks of our open connections.
 [[nodiscard]] FileStart ReadStart(const std::filesystem::path& file);
 
 }  // namespace tevra::detail

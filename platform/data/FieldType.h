@@ -7,7 +7,7 @@
 
 namespace tevra {
 
-/// The numbers are the engine's type codes, which the structure upgrade compares.
+/// The numbers are stored type codes, which the structure upgrade compares.
 enum class FieldType {
   YesNo = 1,     ///< -1 or 0
   Byte = 2,      ///< 0 to 255
@@ -15,7 +15,7 @@ enum class FieldType {
   Long = 4,      ///< 32-bit signed
   Double = 7,    ///< IEEE 64-bit
   DateTime = 8,  ///< date and time
-  Text = 10,     ///< with a longest length in characters
+  Text = 10,     ///< with a maximum length in characters
 };
 
 /// One field of a table: the seven properties that the catalogue knows.
@@ -26,7 +26,7 @@ struct FieldDef {
   bool required = false;        ///< Null is refused
   bool allowZeroLength = true;  ///< Text: the empty text is accepted
   bool autoNumber = false;      ///< Attributes: the table numbers the row itself
-  std::string defaultValue;     ///< as it stands in the schema ("0", "'LEI'"); empty for none
+  std::string defaultValue;     ///< as in the schema ("0", "'LEI'"); empty for none
 
   bool operator==(const FieldDef&) const = default;
 };
@@ -34,15 +34,15 @@ struct FieldDef {
 /// The size in bytes of a type other than Text.
 int SizeOf(FieldType type);
 
-/// The declared type as it stands in the schema: "TEXT(20)", "INTEGER", "SMALLINT", "TINYINT",
-/// "DOUBLE", "DATETIME", "YESNO".
+/// The declared type as in the schema: "TEXT(20)", "INTEGER", "SMALLINT", "TINYINT", "DOUBLE",
+/// "DATETIME", "YESNO".
 std::string DeclaredType(const FieldDef& field);
 
 /// Reads a declared type back into `field`'s type and size. False when it is none of ours.
 bool ParseDeclaredType(const std::string& declared, FieldDef& field);
 
-/// Converts a value to what a field of this type stores: text by Romanian number and date forms, a
-/// number to a date and back. Null stays Null. Throws Failure 13 for a text that does not convert,
+/// Converts a value to the field's type: text in Romanian number and date form, a number to a date
+/// and back. Null stays Null. Throws Failure 13 for a text that cannot be converted,
 /// 6 outside the type's range, -2147217887 for a text longer than the field, each with the field's
 /// name.
 Value ConvertToField(const Value& value, const FieldDef& field);

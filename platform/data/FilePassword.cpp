@@ -14,7 +14,7 @@ namespace tevra {
 namespace {
 
 constexpr int kIterations = 20000;
-constexpr int kMostIterations = 1000000;  // a file that asks for more wants to keep us busy
+constexpr int kMostIterations = 1000000;  // a larger number in a file would only waste time
 
 std::string Hex(const unsigned char* bytes, std::size_t size) {
   static constexpr char kDigits[] = "0123456789abcdef";
@@ -74,7 +74,7 @@ bool FilePasswordFits(Database& database, const std::string& password) {
   const std::string expected = select.Column(2).TextOrEmpty();
   const double iterations = select.Column(1).AsDouble();
   if (!(iterations >= 1 && iterations <= kMostIterations)) return false;
-  // Every routine opens its own connection: a password that fitted once is not computed again.
+  // Every routine opens its own connection, so the result of a correct password is remembered.
   static std::set<std::string> fitted;
   const std::string key = salt + '\n' + expected + '\n' + password;
   if (fitted.count(key) != 0) return true;

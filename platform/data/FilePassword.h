@@ -1,5 +1,5 @@
-// The password of a company file: a salted hash in the file, asked at every open. A lock on the
-// door of the program, no encryption of what is in the file.
+// The password of a company file: a salted hash in the file, checked at every opening. It is not
+// encryption.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@ namespace tevra {
 /// The table that holds the hash; it counts as a system table.
 inline constexpr const char* kPasswordTable = "sys_parola";
 
-/// Gives the open file this password; the empty one takes the lock away.
+/// Sets the password of the open file; the empty one removes it.
 void SetFilePassword(Connection& connection, const std::string& password);
 
 namespace detail {

@@ -14,8 +14,8 @@ namespace tevra {
 
 namespace {
 
-// Rows come in the order of their ids: read along an index on a written column, a row would meet
-// the reading again where its new value stands.
+// Rows are read in the order of their ids. Along an index on a written column, a row would be read
+// again at the place of its new value.
 std::string InRowOrder(const std::string& sql) {
   dialect::Nodes nodes = detail::OfStatement(sql, [&] { return dialect::ReadTree(sql); });
   if (!nodes.empty() && dialect::IsSymbol(nodes.back(), ";")) nodes.pop_back();
@@ -37,7 +37,7 @@ struct ForwardCursor::Impl {
   bool onRow = false;
   bool ended = false;
   std::string sql;
-  // A bound text must live until the row is written: one buffer a written column.
+  // A bound text must live until the row is written, so each written column has a buffer.
   std::vector<std::array<char, 20>> dates;
 
   static dialect::Options Selection(const std::vector<std::string>& read) {
@@ -83,7 +83,7 @@ ForwardCursor::~ForwardCursor() = default;
 
 bool ForwardCursor::Next() {
   Impl& impl = *impl_;
-  if (impl.ended) return false;  // the engine would begin anew
+  if (impl.ended) return false;  // SQLite would start again
   impl.onRow = false;
   impl.onRow = impl.select.Step();
   impl.ended = !impl.onRow;

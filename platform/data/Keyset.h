@@ -1,4 +1,4 @@
-// Where the rows of a long list are found: row ids, and the rows themselves a page at a time.
+// The rows of a long list: their row ids, and the rows themselves a page at a time.
 // For the data layer's own sources only.
 #pragma once
 
@@ -19,14 +19,14 @@ struct FieldInfo;
 
 namespace tevra::detail {
 
-/// The statement is run once for the row ids of one of its tables; rows are then fetched by id. No
-/// statement stays open between two calls, so that others can write.
+/// Runs the statement once for the row ids of one of its tables; rows are then read by id. No
+/// statement stays open between two calls, so that other programs can write.
 class Keyset {
  public:
   static constexpr std::size_t kPageRows = 64;
 
-  /// Nothing when no source of the statement tells its rows apart (a join that repeats the rows of
-  /// every table). `rewritten`: the statement with the row ids of `sources` behind its list.
+  /// Nothing when no source of the statement identifies its rows (a join that repeats the rows of
+  /// every table). `rewritten`: the statement with the row ids of `sources` at the end of its list.
   /// `totalled`: fields that are added up in the same pass.
   static std::unique_ptr<Keyset> Open(const std::shared_ptr<Database>& database,
                                       const std::string& rewritten, const Values& params,
@@ -39,14 +39,14 @@ class Keyset {
   /// The sums of the totalled fields when it was opened, in their order.
   const std::vector<MoneySum>& Totals() const { return totals_; }
 
-  /// The values of up to kPageRows rows, the row ids behind them. One that is no longer there has
-  /// Nulls but for its own id.
+  /// The values of up to kPageRows rows, followed by the row ids. A deleted row has Nulls except
+  /// for its own id.
   std::vector<Values> Fetch(const std::vector<std::size_t>& rows);
 
-  /// These fields of all rows, in one pass; Nulls for those no longer there.
+  /// These fields of all rows, read in one pass; Nulls for deleted rows.
   std::vector<Values> Scan(const std::vector<std::size_t>& fields);
 
-  /// A row written by us: a new one gets the next number.
+  /// Registers a row that was written here; a new one gets the next number.
   void Append(const Values& values);
   void Follow(std::size_t row, const Values& values);
 
@@ -64,8 +64,8 @@ class Keyset {
   std::vector<FieldDef> defs_;  // of the fields, then those of the row ids
   std::vector<bool> typed_;
   std::size_t fieldCount_ = 0;
-  std::size_t source_ = 0;         // whose row ids tell the rows apart
-  std::vector<std::int64_t> ids_;  // by row number; 0 for a row that only its writer knows
+  std::size_t source_ = 0;         // its row ids identify the rows
+  std::vector<std::int64_t> ids_;  // by row number; 0 for a row without a known id
   std::vector<MoneySum> totals_;
   std::unique_ptr<Statement> page_;  // reset between calls
 };

@@ -12,7 +12,7 @@ void MoneySum::Add(const Value& value) {
 
 double MoneySum::Total() const {
   constexpr int kDecimals = 4;
-  constexpr double kExactUpTo = 9e11;  // beyond, a double has no such decimals
+  constexpr double kExactUpTo = 9e11;  // above this a double has no such decimals
   const auto total = static_cast<double>(sum_);
   return std::abs(total) < kExactUpTo ? RoundTo(total, kDecimals) : total;
 }

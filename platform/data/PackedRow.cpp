@@ -10,7 +10,7 @@ namespace tevra::detail {
 
 namespace {
 
-// As the engine holds values; what they mean their fields know.
+// Values in SQLite's storage form; their fields determine the types.
 enum class Packed : char { Null, Whole, Double, Text };
 
 template <typename Number>

@@ -11,11 +11,11 @@ struct sqlite3_stmt;
 
 namespace tevra::detail {
 
-/// Puts a row behind `bytes`: the one that a statement stands on, or its values.
+/// Appends a row to `bytes`: a statement's current row, or values.
 void PackRow(sqlite3_stmt* row, std::string& bytes);
 void PackRow(const Values& values, std::string& bytes);
 
-/// Takes the row of these fields at the start of `bytes` off it.
+/// Removes the row of these fields from the start of `bytes` and returns it.
 Values UnpackRow(const std::vector<FieldInfo>& fields, std::string_view& bytes);
 
 }  // namespace tevra::detail

@@ -20,19 +20,19 @@ struct Recordset::Rows : RowStore {};
 
 struct Recordset::State {
   std::shared_ptr<Rows> rows;
-  std::vector<std::size_t> order;  // the rows under the filter, as sorted
-  std::size_t at = 0;              // in `order`; order.size() is behind the last
+  std::vector<std::size_t> order;  // the filtered rows in their order
+  std::size_t at = 0;              // in `order`; order.size() is after the last
   bool before = false;             // before the first
   std::string filter;
   std::string sort;
   std::size_t loads = 0;  // of the rows when `order` was made
   std::size_t changes = 0;
 
-  // The current row's edits; a new row has no place in `order` until it is written.
+  // The edits of the current row; a new row is not in `order` until it is written.
   std::map<std::size_t, Value> edits;
   bool adding = false;
 
-  // The current row as it was first read here: what a change of it is held against.
+  // The current row as first read here; changes are compared with it.
   detail::RowValues held;
   std::size_t heldRow = 0;
   std::size_t heldLoads = 0;
@@ -92,7 +92,7 @@ struct Recordset::State {
     return arranged;
   }
 
-  // All or nothing: a text that cannot be read leaves the rows as they stand.
+  // A text that cannot be parsed changes nothing.
   void Arrange(const std::string& filterText, const std::string& sortText) {
     order = Arranged(filterText, sortText);
     filter = filterText;
@@ -107,7 +107,7 @@ struct Recordset::State {
     changes = rows->changes;
   }
 
-  // What a clone of this recordset did to the common rows shows here too.
+  // Takes over changes that a clone of this recordset made to the shared rows.
   void Follow() {
     if (loads != rows->loads) {
       edits.clear();
@@ -216,7 +216,7 @@ std::size_t Recordset::RecordCount() const {
   return S().order.size();
 }
 
-// Leaving a row drops what was typed into it and not written, as a screen's cancel would.
+// Leaving a row drops its unwritten edits.
 void Recordset::MoveFirst() {
   CancelUpdate();
   S().at = 0;

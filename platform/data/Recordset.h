@@ -1,4 +1,4 @@
-// A recordset: the rows of a statement with a current row, static or fetched as they are looked at.
+// A recordset: the rows of a statement with a current row, static or read when looked at.
 #pragma once
 
 #include <cstddef>
@@ -17,19 +17,19 @@ struct FieldInfo {
   FieldDef def;           ///< name in the recordset, type, size
   std::string baseTable;  ///< empty for an expression
   std::string baseColumn;
-  bool typed = false;  ///< def comes from a table (or a rowset file); else from the values
+  bool typed = false;  ///< def comes from a table (or a rowset file), otherwise from the values
 };
 
 /// Reads with a current row, edits row by row, sorts and filters in memory. Copies share rows and
-/// position (a reference to one recordset); Clone shares the rows with a position of its own.
+/// position; Clone shares the rows and has its own position.
 ///
 /// A static one has the rows as they were when it was opened. One of Connection::OpenKeyset has the
-/// same rows in the same order, each as it is when it is looked at; one deleted meanwhile shows
+/// same rows in the same order, each with its values when it is looked at; a deleted row shows
 /// Nulls. It sorts, filters and finds by the values of that moment. Disconnected it is static.
 ///
-/// A row is written with the fields that changed only, found by hidden row ids, so that tables
+/// Only the changed fields of a row are written. The row is found by hidden row ids, so that tables
 /// without a key and joins can be updated. All routines that need a current row throw Failure 3021
-/// without one; a field name or number that is not there throws Failure 3265.
+/// without one; an unknown field name or number throws Failure 3265.
 class Recordset {
  public:
   Recordset() = default;
@@ -53,39 +53,39 @@ class Recordset {
   // Position.
   bool Bof() const;
   bool Eof() const;
-  std::size_t RecordCount() const;  ///< rows under the filter
+  std::size_t RecordCount() const;  ///< filtered rows
   void MoveFirst();
   void MoveLast();
   void MoveNext();
   void MovePrevious();
-  std::size_t Bookmark() const;  ///< stays with the row until Requery
+  std::size_t Bookmark() const;  ///< identifies the row until Requery
   void SetBookmark(std::size_t bookmark);
-  /// The place of the current row among the rows under the filter, as sorted, from 0.
+  /// The place of the current row among the filtered and sorted rows, from 0.
   std::size_t Position() const;
   void SetPosition(std::size_t position);
-  /// A value of the row at a place, without going there; edits that wait for their Update are not
-  /// in it. Throws Failure 3021 for a place that is none.
+  /// A value of the row at a place, without moving there and without edits that wait for Update.
+  /// Throws Failure 3021 for an unknown place.
   Value ValueAt(std::size_t position, std::size_t field) const;
 
   // Values of the current row, edits included.
   const Value& Get(const std::string& field) const;
   const Value& Get(std::size_t field) const;
 
-  /// Sets a field of the current row; converted by the field's type, see ConvertToField. Nothing is
-  /// written until Update.
+  /// Sets a field of the current row, converted to the field's type (see ConvertToField). Update
+  /// writes it.
   void Set(const std::string& field, const Value& value);
   void Set(std::size_t field, const Value& value);
 
-  /// Starts a new row; it becomes the current one. Fields not set take the table's default.
+  /// Starts a new row, which becomes the current one. Fields not set get the table's default.
   void AddNew();
 
-  /// Writes the edits of the current row: to the file when connected, else to memory. A row that
-  /// another user changed in the same fields or deleted meanwhile throws Failure -2147217864. After
-  /// a failure the edits are still there to be mended or cancelled.
+  /// Writes the edits of the current row: to the file when connected, otherwise to memory. Throws
+  /// Failure -2147217864 when another user changed the same fields or deleted the row. After a
+  /// failure the edits remain and can be corrected or cancelled.
   void Update();
   void CancelUpdate();
   bool IsEditing() const;
-  bool IsAdding() const;  ///< a new row waits for its Update
+  bool IsAdding() const;  ///< a new row waits for Update
 
   /// Deletes the current row. The position moves to the next one.
   void Delete();
@@ -93,17 +93,17 @@ class Recordset {
   /// Runs the statement again, with the same parameters; filter and sort are kept.
   void Requery();
 
-  /// Cuts the recordset from the connection: it is walked and changed in memory from now on.
+  /// Separates the recordset from the connection: from now on it is used and changed in memory.
   void Disconnect();
   bool IsConnected() const;
   Connection GetConnection() const;
 
-  /// Writes the changes made since Disconnect through `connection` as one transaction; when one of
-  /// them is refused none is written and all are still there.
+  /// Writes the changes made since Disconnect through `connection` in one transaction; when one is
+  /// refused, none is written and all remain in memory.
   void UpdateBatch(Connection& connection);
 
   /// "FIELD op value" joined by AND: op is =, <>, <, <=, >, >= or Like; value a number, 'text' or
-  /// #date#. The empty text clears it. Throws Failure 3001 for what it cannot read.
+  /// #date#. The empty text removes the filter. Throws Failure 3001 for other texts.
   void SetFilter(const std::string& criteria);
 
   /// "FIELD [ASC|DESC], ..."; the empty text restores the statement's order.

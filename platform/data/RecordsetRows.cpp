@@ -152,7 +152,7 @@ RowValues RowStore::ValuesOf(std::size_t row) {
   return rows[row].values;
 }
 
-// The rows of a page that are not held, as numbers.
+// The numbers of a page's rows that are not loaded.
 std::vector<std::size_t> RowStore::MissingOf(std::size_t page) const {
   const std::size_t first = page * Keyset::kPageRows;
   std::vector<std::size_t> missing;
@@ -186,7 +186,7 @@ void RowStore::Disconnect() {
   connection.Close();
 }
 
-// A table that apare de doua ori in a statement leaves open which of its rows is meant.
+// When a table occurs twice in a statement, it is unclear which of its rows is meant.
 std::size_t RowStore::SourceOf(std::size_t field) const {
   const auto isIts = [&](const dialect::Source& source) {
     return EqualNoCase(source.table, fields[field].baseTable);
@@ -199,7 +199,7 @@ std::size_t RowStore::SourceOf(std::size_t field) const {
                                        ": campul nu poate fi modificat aici");
 }
 
-// The table may have numbered the row and filled defaults: what is shown is what was stored.
+// The table may have numbered the row and set defaults, so the stored row is read back.
 void RowStore::Reread(Connection& target, Values& values, std::size_t source) {
   std::string list;
   const std::vector<std::size_t> wanted = FieldsOf(source);
@@ -256,8 +256,8 @@ std::vector<std::size_t> RowStore::FieldsOf(std::size_t source) const {
   return found;
 }
 
-// The fields of the table's key; none where the list lacks one of them. They tell whether a row is
-// the one that the user saw: a row id is given anew once its row is gone.
+// The fields of the table's key; none when the list lacks one of them. They identify the row that
+// the user saw, because the row id of a deleted row may be used again.
 std::vector<std::size_t> RowStore::KeyOf(Connection& target, std::size_t source) const {
   Statement select(*detail::DatabaseOf(target),
                    "SELECT name FROM pragma_table_info(?) WHERE pk > 0");
@@ -275,7 +275,7 @@ std::vector<std::size_t> RowStore::KeyOf(Connection& target, std::size_t source)
   return key;
 }
 
-// One statement a table; what the user saw in the changed fields must still be there.
+// One statement for each table; the changed fields must still have the values that the user saw.
 Values RowStore::UpdateIn(Connection& target, const Values& before, const Edits& edits) {
   std::map<std::size_t, std::vector<std::size_t>> bySource;
   for (const auto& [field, value] : edits) {

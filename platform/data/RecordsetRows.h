@@ -1,4 +1,4 @@
-// The rows behind recordsets, and how they are read from and written to the file.
+// The rows of recordsets, and reading them from and writing them to the file.
 #pragma once
 
 #include <deque>
@@ -15,7 +15,7 @@ struct sqlite3_stmt;
 
 namespace tevra::detail {
 
-/// The columns of a statement but for the last `hidden` ones.
+/// The columns of a statement without the last `hidden` ones.
 std::vector<FieldInfo> ReadFields(sqlite3_stmt* stmt, std::size_t hidden);
 
 enum class RowState {
@@ -26,40 +26,40 @@ enum class RowState {
   Gone,     // deleted everywhere
 };
 
-/// The fields' values, then a hidden row id a source.
+/// The fields' values, then a hidden row id for each source.
 using RowValues = std::shared_ptr<const Values>;
 
 struct Row {
-  RowValues values;  // none while a row of a long list has not been looked at
+  RowValues values;  // empty until a row of a long list is looked at
   RowValues before;
   RowState state = RowState::Stored;
-  bool kept = false;  // written by this program: its list may no longer have it
+  bool kept = false;  // written here; the statement may no longer return it
 };
 
 using Edits = std::map<std::size_t, Value>;
 
-/// Connected, every change is written at once; else it waits for WriteBatch.
+/// When connected every change is written at once, otherwise by WriteBatch.
 class RowStore {
  public:
   Connection connection;  // not open when the recordset is disconnected
   std::string sql;
   Values params;
-  bool byPages = false;  // rows are fetched as they are looked at, where the statement allows it
+  bool byPages = false;               // rows are read when looked at, if the statement allows it
   std::vector<std::string> totalled;  // fields that are added up when the rows are read
   std::vector<double> totals;         // their sums
   std::vector<FieldInfo> fields;
   std::vector<Row> rows;
-  std::size_t loads = 0;    // how often the rows were read; their numbers last until the next time
-  std::size_t changes = 0;  // how often rows came or went
+  std::size_t loads = 0;  // how often the rows were read; row numbers are valid until the next time
+  std::size_t changes = 0;  // how often rows were added or removed
   std::size_t writes = 0;   // how often a row's values changed
 
-  /// Throws and leaves the rows as they were when the statement fails.
+  /// Throws when the statement fails, and then keeps the rows.
   void Load();
-  /// A row's values; they stay as they are while the caller holds them.
+  /// A row's values; they do not change while the caller holds them.
   RowValues ValuesOf(std::size_t row);
   void Disconnect();
   std::size_t Add(const Edits& edits);
-  /// `seen`: the row as its user had it before him.
+  /// `seen`: the row as the user saw it.
   void Change(std::size_t row, const Values& seen, const Edits& edits);
   void Remove(std::size_t row);
   void WriteBatch(Connection& target);
@@ -79,12 +79,12 @@ class RowStore {
   void FollowRowId(Connection& target, Values& values, const Values& before,
                    std::size_t field) const;
 
-  std::vector<dialect::Source> sources_;  // with hidden row ids; none when rows cannot be written
+  std::vector<dialect::Source> sources_;  // with hidden row ids; empty when rows cannot be written
   std::unique_ptr<Keyset> keyset_;        // of a long list
-  std::deque<std::size_t> pages_;         // fetched ones, the oldest first
+  std::deque<std::size_t> pages_;         // loaded pages, the oldest first
 };
 
-/// Some fields of all rows, for sorting and searching: those of a long list are read in one pass.
+/// Some fields of all rows, for sorting and searching; for a long list they are read in one pass.
 class FieldReader {
  public:
   FieldReader(RowStore& store, const std::vector<std::size_t>& fields);
@@ -93,7 +93,7 @@ class FieldReader {
  private:
   const RowStore& store_;
   std::vector<std::size_t> columnOf_;  // by field
-  std::vector<Values> scanned_;        // none of a store that holds its rows
+  std::vector<Values> scanned_;        // empty when all rows are in memory
 };
 
 }  // namespace tevra::detail

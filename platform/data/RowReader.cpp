@@ -38,7 +38,7 @@ int RowReader::Column(const std::string& name) const {
 }
 
 bool RowReader::Next() {
-  if (impl_->ended) return false;  // the engine would begin anew
+  if (impl_->ended) return false;  // SQLite would start again
   impl_->ended = !impl_->statement.Step();
   return !impl_->ended;
 }

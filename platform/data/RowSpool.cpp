@@ -23,9 +23,9 @@ std::vector<FieldInfo> FieldsOf(const detail::Statement& select, const std::stri
   return fields;
 }
 
-// A file without a name is the engine's own temporary one, on disk and gone with the handle. Nobody
-// else reads it and nothing of it must outlast a failure, so it needs no journal. What does not fit
-// into half a megabyte of cache is written.
+// A file without a name is a temporary file of SQLite, which is on disk and deleted with the
+// handle. It needs no journal, because nobody else reads it and nothing of it must survive a
+// failure. Only what exceeds half a megabyte of cache is written.
 void OpenTemporary(detail::Database& database) {
   database.path = "fisierele temporare";
   database.db = detail::OpenToWrite({}, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, 0).release();
@@ -55,7 +55,7 @@ struct RowSpool::Impl {
         std::make_unique<detail::Statement>(database, "SELECT rows FROM pages WHERE number = ?");
   }
 
-  // Behind a row that was packed into `filling`.
+  // Called after a row was packed into `filling`.
   void CountRow() {
     ++count;
     if (count % kPageRows != 0) return;
@@ -101,7 +101,7 @@ struct RowSpool::Impl {
   std::unique_ptr<detail::Statement> select;
   std::size_t count = 0;
   std::string filling;     // the rows of the page that is not full
-  std::deque<Page> pages;  // looked at last, the oldest first
+  std::deque<Page> pages;  // recently used, the oldest first
 };
 
 RowSpool::RowSpool(std::vector<FieldInfo> fields)

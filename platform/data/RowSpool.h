@@ -1,4 +1,4 @@
-// Rows put down on disk once and looked at by their place, however many they are.
+// Stores any number of rows on disk and reads them by position.
 #pragma once
 
 #include <cstddef>
@@ -11,25 +11,25 @@
 
 namespace tevra {
 
-/// The columns that a statement of the dialect gives, without running it. Throws Failure
-/// -2147217900, also for a statement that returns no rows.
+/// The columns of a statement of the dialect, without running it. Throws Failure -2147217900, also
+/// for a statement that returns no rows.
 std::vector<FieldInfo> StatementFields(const Connection& connection, const std::string& sql);
 
-/// A snapshot in a temporary file of its own, which goes with it: it holds neither the company file
-/// nor, but for a few pages, memory. A disk without room throws Failure 61.
+/// A snapshot in its own temporary file, which is deleted with it. It does not keep the company
+/// file open and holds only a few pages in memory. A full disk throws Failure 61.
 class RowSpool {
  public:
-  /// Without rows; they come by Append.
+  /// An empty spool; Append adds rows.
   explicit RowSpool(std::vector<FieldInfo> fields);
   ~RowSpool();
   RowSpool(RowSpool&&) noexcept;
   RowSpool& operator=(RowSpool&&) noexcept;
 
-  /// A value of the row just taken in, by its field.
+  /// A value of the row just read, by its field.
   using ValueOf = std::function<Value(std::size_t field)>;
 
-  /// Runs a statement and takes in its rows in their order, telling each to `taken`; "?" in it are
-  /// `params`. Afterwards nothing of it is open. Throws Failure as Connection::Execute.
+  /// Runs a statement with `params` and stores its rows in their order; calls `taken` for each.
+  /// Afterwards the statement is closed. Throws Failure like Connection::Execute.
   RowSpool(const Connection& connection, const std::string& sql, const Values& params,
            const std::function<void(const ValueOf& valueOf)>& taken);
 
@@ -39,7 +39,7 @@ class RowSpool {
   std::size_t RowCount() const;
   const std::vector<FieldInfo>& Fields() const;
 
-  /// Throws Failure 3021 for a row, 3265 for a field that is none.
+  /// Throws Failure 3021 for an unknown row, 3265 for an unknown field.
   Value At(std::size_t row, std::size_t field) const;
 
  private:

@@ -27,8 +27,8 @@ double InvariantNumber(const std::string& text) {
   return number;
 }
 
-// A whole number is not rounded on its way in: 2.5 years in a field of whole years is a mistake of
-// the file, not ours to settle.
+// Fractions are not rounded: 2.5 in a field of whole years is a mistake in the file, which the user
+// must correct.
 double WholeNumber(const std::string& text) {
   const double number = InvariantNumber(text);
   if (number != std::floor(number)) throw ValueFailure(kTypeMismatch, text);
@@ -51,7 +51,7 @@ Value InvariantYesNo(const std::string& text) {
   return Value::YesNo(number != 0);
 }
 
-// The file's own forms; what the field makes of the value comes after.
+// Reads the file's forms; the conversion to the field's type follows.
 Value InvariantValue(const std::string& text, const FieldDef& field) {
   try {
     switch (field.type) {
@@ -71,7 +71,7 @@ Value InvariantValue(const std::string& text, const FieldDef& field) {
 
 Value CellValue(const CsvCell& cell, const FieldDef& field, bool quotedEmptyIsText) {
   if (cell.text.empty()) {
-    // Yes/no knows no Null: what was not said is no.
+    // Yes/no has no Null; a missing value is no.
     if (field.type == FieldType::YesNo) return Value::YesNo(false);
     const bool text = quotedEmptyIsText && cell.quoted && field.type == FieldType::Text;
     return text ? Value("") : Value();
@@ -175,7 +175,7 @@ class Loader {
                   "Valoare neacceptata: " + field.name + ": valoarea este obligatorie");
   }
 
-  // The engine would number a key by itself where the file brings none.
+  // SQLite would number a key itself if the file had none.
   void RequireAbsent() const {
     for (const FieldDef& field : table_.fields) {
       if (!field.defaultValue.empty()) continue;

@@ -1,4 +1,4 @@
-// Rows of a CSV file into a table: all of them or none.
+// Loads the rows of a CSV file into a table, all or none.
 #pragma once
 
 #include <istream>
@@ -20,10 +20,10 @@ struct LoadResult {
 };
 
 /// Reads a header row with the fields' names and then the rows. Numbers have a decimal point, dates
-/// are 2006-12-31 or 31.12.2006, yes/no is -1 or 0 (1, Da, Nu, True, False too). An absent column
-/// takes the field's default, an empty cell is Null (`quotedEmptyIsText`: a quoted one is the empty
-/// text). Throws Failure 3265 for a table or column that is not there, -2147217887 for a column
-/// named twice or a file without a header, and the file's own failures.
+/// are 2006-12-31 or 31.12.2006, yes/no is -1 or 0 (1, Da, Nu, True, False too). A missing column
+/// gets the field's default, an empty cell is Null (`quotedEmptyIsText`: a quoted one is the empty
+/// text). Throws Failure 3265 for an unknown table or column, -2147217887 for a repeated column or
+/// a file without a header, and the failures of reading.
 LoadResult LoadTable(Connection& connection, std::istream& csv, const std::string& table,
                      bool quotedEmptyIsText = false);
 

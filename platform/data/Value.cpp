@@ -22,7 +22,7 @@ bool ParseYesNo(const std::string& text) {
   return CDbl(text) != 0;
 }
 
-// Null sorts before everything, numbers (dates and yes/no among them) before texts.
+// Null sorts first, then numbers (including dates and yes/no), then texts.
 int Rank(const Value& value) {
   return value.IsNull() ? 0 : value.IsText() ? 2 : 1;
 }

@@ -12,8 +12,8 @@
 
 namespace tevra {
 
-/// Converts as the statements' engine does; see the single routines. Comparison with == is of type
-/// and content (texts with case); CompareValues orders as the company file does.
+/// Converts by the rules of the statements' dialect; see the single routines. == compares type and
+/// content (texts with case); CompareValues orders like the company file.
 class Value {
  public:
   enum class Kind { Null, Whole, Double, Text, DateTime, YesNo };
@@ -36,7 +36,7 @@ class Value {
   /// 94 for Null, 13 for text that is not numeric.
   double AsDouble() const;
 
-  /// As AsDouble, rounded to even to a 32-bit whole number; throws Failure 6 outside its range.
+  /// Like AsDouble, rounded to even to a 32-bit whole number; throws Failure 6 outside its range.
   std::int32_t AsLong() const;
 
   /// As a date; a text by CDate, a number as a serial day. Throws Failure 94, 13 or 6.
@@ -45,17 +45,17 @@ class Value {
   /// True unless 0 or no; a text "True", "Da", "False", "Nu" or a number. Throws Failure 94 or 13.
   bool AsBool() const;
 
-  /// As the user would read it: numbers by CStr, dates short, yes/no as "True" and "False". Throws
+  /// As text for the user: numbers by CStr, short dates, yes/no as "True" and "False". Throws
   /// Failure 94 for Null.
   std::string AsText() const;
 
-  /// AsText, and the empty text for Null.
+  /// AsText, but the empty text for Null.
   std::string TextOrEmpty() const { return IsNull() ? std::string() : AsText(); }
 
   /// The stored text without a copy; only for Kind::Text.
   const std::string& Text() const { return std::get<std::string>(v_); }
 
-  /// The stored whole number in full; only for Kind::Whole.
+  /// The stored whole number with 64 bits; only for Kind::Whole.
   std::int64_t Whole() const { return std::get<std::int64_t>(v_); }
 
   bool operator==(const Value& other) const = default;
@@ -69,8 +69,8 @@ class Value {
 
 using Values = std::vector<Value>;
 
-/// Order of two values as the company file sorts: Null first, then by number, date or text without
-/// case. Negative, 0 or positive.
+/// Compares two values in the company file's order: Null first, then by number, date or text
+/// without case. Returns a negative number, 0 or a positive number.
 int CompareValues(const Value& a, const Value& b);
 
 }  // namespace tevra

@@ -15,7 +15,7 @@ namespace tevra::dialect {
 
 namespace {
 
-// Longer chains than any statement has; the engine's own limit of a call's arguments comes first.
+// Longer than the chains of any statement; SQLite's limit of arguments is reached first.
 constexpr std::size_t kLongestChain = 500;
 
 struct NoCase {
@@ -23,7 +23,7 @@ struct NoCase {
 };
 using Words = std::set<std::string_view, NoCase>;
 
-// Their results are texts, or may be: they compare without case, as the columns do.
+// Functions whose result is or may be a text; they compare without case, like the columns.
 const Words kTextFunctions = {"left",  "right", "mid",   "ucase", "lcase", "upper",
                               "lower", "trim",  "ltrim", "rtrim", "cstr",  "iif"};
 
@@ -34,7 +34,7 @@ const Words kNumbers = {"clng",  "cint", "cdbl", "len",   "round", "int",
                         "fix",   "abs",  "val",  "year",  "month", "day",
                         "count", "sum",  "avg",  "minus", "ratio", "number_of"};
 
-// --- The runs of operands and arithmetic operators in a list of tokens
+// --- Chains of operands and arithmetic operators in a list of tokens
 
 bool IsAny(const Node& node, std::initializer_list<std::string_view> symbols) {
   return node.kind == Kind::Symbol &&
@@ -49,8 +49,8 @@ bool IsComparison(const Node& node) {
   return IsAny(node, {"=", "<>", "<", ">", "<=", ">=", "!=", "=="});
 }
 
-// The end of the single value that begins at `at`: signs, a literal, a call, a group or a name with
-// its qualifiers. `at` itself when none begins there.
+// The end of the value that begins at `at`: signs, a literal, a call, a group or a name with its
+// qualifiers. `at` itself when no value begins there.
 std::size_t ValueEnd(const Nodes& nodes, std::size_t at) {
   const std::size_t begin = at;
   while (at < nodes.size() && IsAny(nodes[at], {"+", "-", "~"})) ++at;
@@ -66,7 +66,7 @@ std::size_t ValueEnd(const Nodes& nodes, std::size_t at) {
   return at;
 }
 
-// "||" binds closer than any arithmetic: what it joins is one operand.
+// "||" binds closer than arithmetic, so its texts form one operand.
 std::size_t OperandEnd(const Nodes& nodes, std::size_t at) {
   std::size_t end = ValueEnd(nodes, at);
   while (end > at && end < nodes.size() && IsSymbol(nodes[end], "||")) {
@@ -79,7 +79,7 @@ std::size_t OperandEnd(const Nodes& nodes, std::size_t at) {
 
 struct Chain {
   std::vector<Nodes> operands;
-  std::vector<Node> operators;  // one fewer
+  std::vector<Node> operators;  // one fewer than operands
   std::size_t end = 0;
 };
 
@@ -102,7 +102,7 @@ Chain ReadChain(const Nodes& nodes, std::size_t begin) {
   }
 }
 
-// --- Arithmetic: each level of binding is folded from the left
+// --- Arithmetic: each level of precedence is folded from the left
 
 Nodes Call(const std::string& function, Nodes arguments) {
   Node group = Group(std::move(arguments));
@@ -114,7 +114,7 @@ bool IsCallOf(const Nodes& nodes, std::string_view function) {
   return nodes.size() == 2 && Is(nodes[0], function) && nodes[1].kind == Kind::Group;
 }
 
-// f(a, b); and with a third c, f(a, b, c): the helpers take as many as come.
+// f(a, b), and with a third operand f(a, b, c): the helpers accept any number of arguments.
 Nodes Combine(const std::string& function, Nodes left, Nodes right) {
   Nodes arguments = IsCallOf(left, function) ? std::move(left[1].items) : std::move(left);
   Node comma = Symbol(",");
@@ -229,13 +229,13 @@ bool IsNumber(Nature nature) {
   return nature == Nature::Number || nature == Nature::NumberFunction;
 }
 
-// A parameter may be bound as text, which the engine would never find equal to a number.
+// A parameter may be bound as text, which SQLite never treats as equal to a number.
 bool NeedsNumber(Nature side, Nature other) {
   return (side == Nature::Text && IsNumber(other)) ||
          (side == Nature::Parameter && other == Nature::NumberFunction);
 }
 
-// The ranges of one list that are to become numbers.
+// The ranges of one list that must be converted to numbers.
 class Comparisons {
  public:
   explicit Comparisons(Nodes& nodes) : nodes_(nodes) {}
@@ -250,7 +250,7 @@ class Comparisons {
   }
 
  private:
-  // `left` is a whole chain; what it is compared with stands behind it.
+  // `left` is a whole chain; the operand that it is compared with follows.
   void Compare(Range left) {
     std::size_t at = left.end;
     if (at < nodes_.size() && Is(nodes_[at], "NOT")) ++at;
@@ -308,8 +308,8 @@ class Comparisons {
 
 // --- Words
 
-// Yes is -1; Left and Right in front of an argument list are functions, never joins; texts that a
-// function makes compare without case.
+// Yes is -1; Left and Right before an argument list are functions, never joins; texts returned by
+// functions compare without case.
 Nodes WithWords(Nodes nodes) {
   Nodes result;
   for (std::size_t at = 0; at < nodes.size(); ++at) {

@@ -23,7 +23,7 @@ namespace tevra::dialect {
 namespace {
 
 struct Null {};
-// Also what a function gives back. A text in the stored form of a date is a date.
+// Used for results too. A text in the stored form of a date is a date.
 using Argument = std::variant<Null, std::int64_t, double, std::string, DateTime>;
 using Arguments = std::vector<Argument>;
 
@@ -105,7 +105,7 @@ std::size_t ToCount(const Argument& argument) {
   return static_cast<std::size_t>(count);
 }
 
-// --- The functions; they see no Null
+// --- The functions; they are never called with Null
 
 Argument CDateOf(const Arguments& a) {
   return ToDate(a[0]);
@@ -176,7 +176,7 @@ Argument FixOf(const Arguments& a) {
 
 // --- The rewriting's own helpers
 
-// Null for a text that is no number.
+// Null for a text that is not a number.
 Argument NumberOf(const Argument& argument) {
   if (IsNull(argument) || IsNumber(argument)) return argument;
   if (const auto* text = std::get_if<std::string>(&argument); text && !IsNumeric(*text))
@@ -221,7 +221,7 @@ Argument Add(const Argument& left, const Argument& right) {
   return SumOf(a, b, 1);
 }
 
-// The days between two dates, the date some days before another, or the difference of two numbers.
+// The days between two dates, the date some days before a date, or the difference of two numbers.
 Argument Subtract(const Argument& left, const Argument& right) {
   const Argument a = NumberOf(left);
   const Argument b = NumberOf(right);
@@ -285,7 +285,7 @@ constexpr Function kFunctions[] = {
     {"ratio", 2, kMany, true, FromTheLeft<Divide>},
 };
 
-// What the database hands to every call; it frees it when it is closed.
+// The data passed to every call; the database frees it when it is closed.
 struct Registration {
   const Function* function;
   std::optional<Failure>* pending;

@@ -11,7 +11,7 @@ namespace {
 
 using Sources = std::vector<JoinedSource>;
 
-// The kind of the join that begins at `at`, such as "LEFT JOIN", and where its source begins.
+// The kind of the join that begins at `at`, such as "LEFT JOIN", and the begin of its source.
 struct JoinWords {
   std::string kind;
   std::size_t end;
@@ -60,7 +60,7 @@ class Reader {
     return Slice(nodes_, begin, at_);
   }
 
-  // A table or statement with its alias, or the joins within parentheses.
+  // A table or statement with its alias, or joins in parentheses.
   std::optional<Sources> ReadSource() {
     if (AtEnd()) return std::nullopt;
     const std::size_t begin = at_;

@@ -1,4 +1,4 @@
-// The sources of a FROM or an UPDATE: joins in any direction and nesting, laid out flat.
+// The sources of a FROM or an UPDATE: flattens joins of any direction and nesting.
 #pragma once
 
 #include <optional>
@@ -9,18 +9,18 @@
 
 namespace tevra::dialect {
 
-/// One source: a table or a statement in parentheses, as it stands with its alias.
+/// One source: a table or a statement in parentheses, with its alias.
 struct JoinedSource {
   Nodes nodes;
   std::string table;  ///< empty for a statement in parentheses
-  std::string alias;  ///< the table's own name when it has no other
-  std::string kind;   ///< how it joins those before it: "", ",", "INNER JOIN", "LEFT JOIN", ...
-  Nodes condition;    ///< what stood behind ON; may be empty
+  std::string alias;  ///< the table's name when it has no alias
+  std::string kind;   ///< the join to the previous sources: "", ",", "INNER JOIN", "LEFT JOIN", ...
+  Nodes condition;    ///< the condition after ON; may be empty
 };
 
 /// Reads [begin, end) as joined sources. RIGHT JOIN becomes LEFT JOIN from the table whose rows are
-/// all kept, and parentheses go wherever the meaning stays. Nothing when it is written otherwise
-/// than a join; then it is better left as it stands.
+/// all kept; parentheses are removed where the meaning does not change. Returns nothing when it is
+/// not a join, and the text is then left unchanged.
 std::optional<std::vector<JoinedSource>> ReadJoins(const Nodes& nodes, std::size_t begin,
                                                    std::size_t end);
 

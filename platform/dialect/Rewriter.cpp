@@ -34,8 +34,8 @@ void Replace(Nodes& nodes, Range range, Nodes by) {
   Insert(nodes, range.begin, std::move(by));
 }
 
-// Definitions of tables, indexes and saved queries stay word for word: they are kept in the file,
-// where only the engine's own functions may stand.
+// Definitions of tables, indexes and saved queries are not changed: they are stored in the file,
+// where only SQLite's own functions are allowed.
 bool IsRewritten(const Nodes& nodes) {
   if (nodes.empty()) return false;
   for (const char* word : {"SELECT", "INSERT", "UPDATE", "DELETE", "REPLACE", "WITH", "EXPLAIN"}) {
@@ -44,9 +44,9 @@ bool IsRewritten(const Nodes& nodes) {
   return false;
 }
 
-// --- Rules for a SELECT, wherever it stands
+// --- Rules for every SELECT
 
-// "SELECT TOP n .." gives its n rows by a LIMIT at the end.
+// "SELECT TOP n .." becomes a LIMIT at the end.
 void TopBecomesLimit(Nodes& nodes) {
   const auto clauses = FindSelect(nodes);
   if (!clauses) return;
@@ -77,8 +77,8 @@ bool IsPlainColumn(const Nodes& nodes, Range definition, const std::string& name
   return path && IsName(nodes[last]) && EqualNoCase(PlainName(nodes[last]), name);
 }
 
-// The engine orders by the alias where a name is both alias and column. Behind a sign it looks for
-// the column first, as it does everywhere else.
+// Where a name is both alias and column, SQLite orders by the alias. After a sign it looks for the
+// column first, as everywhere else.
 void OrderByColumnsFirst(Nodes& nodes) {
   const auto clauses = FindSelect(nodes);
   if (!clauses || IsCompound(nodes) || clauses->order + 2 >= clauses->end) return;
@@ -153,9 +153,9 @@ void AddRowIds(Nodes& nodes, const std::vector<Source>& sources) {
   if (!ids.empty()) Insert(nodes, FindSelect(nodes)->list.end, std::move(ids));
 }
 
-// --- Rules for what changes rows
+// --- Rules for statements that change rows
 
-// "DELETE * FROM", "DELETE t.* FROM": the list says nothing.
+// "DELETE * FROM", "DELETE t.* FROM": the list has no meaning.
 void DropDeleteList(Nodes& nodes) {
   if (!Is(nodes.front(), "DELETE")) return;
   const std::size_t from = Find(nodes, "FROM");
@@ -178,8 +178,8 @@ std::vector<Assignment> ReadAssignments(const Nodes& nodes, Range set) {
   return assignments;
 }
 
-// The source that the assignments' qualifiers name; the only one needs no qualifier. Nothing when
-// they name none or several, or when a row of it may lack its partner.
+// The source named by the assignments' qualifiers; a single source needs no qualifier. Nothing when
+// they name none or several, or when an outer join may leave its row empty.
 std::optional<std::size_t> FindTarget(const std::vector<JoinedSource>& sources,
                                       const std::vector<Assignment>& assignments) {
   if (sources.size() == 1 && sources[0].nodes.size() == 1 && assignments[0].qualifier.empty()) {

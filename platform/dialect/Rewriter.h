@@ -1,4 +1,4 @@
-// The statements' dialect made understood: a statement's words stay, its tokens are rewritten.
+// Rewrites statements of the program's dialect for SQLite, token by token.
 #pragma once
 
 #include <functional>
@@ -10,25 +10,25 @@
 
 namespace tevra::dialect {
 
-/// A table that a statement reads from at its outermost FROM.
+/// A table in a statement's outermost FROM.
 struct Source {
   std::string table;
-  std::string alias;  ///< the name by which the statement speaks of it
+  std::string alias;  ///< the name that the statement uses for it
 };
 
-/// What becomes of a statement.
+/// A rewritten statement.
 struct Rewritten {
   std::string sql;
-  /// For a SELECT whose rows are rows of its tables (no grouping, aggregate, DISTINCT or UNION, no
-  /// subquery as a source): its sources, the kept table of outer joins first. Else empty.
+  /// The sources of a SELECT whose rows are rows of its tables (no grouping, aggregate, DISTINCT or
+  /// UNION, no subquery as a source), the kept table of outer joins first; otherwise empty.
   std::vector<Source> sources;
 };
 
 struct Options {
-  /// Put the hidden row id of every source behind the list, as "__row1", "__row2", ... in the order
+  /// Append the hidden row id of every source to the list, as "__row1", "__row2", ... in the order
   /// of `sources`.
   bool addRowIds = false;
-  /// In the place of a list that is "*" alone: these columns of the only source.
+  /// Columns of the only source that replace a list of "*" alone.
   std::vector<std::string> columnsForStar;
   /// Aliases of the outermost list that are replaced by what they stand for where another item of
   /// the same list uses them, see AliasesToExpand.
@@ -38,8 +38,8 @@ struct Options {
   RowKeyOf rowKeyOf;
 };
 
-/// Rewrites one statement. What it does not know passes through as it stands. Throws Failure
-/// -2147217900 for an unclosed text or bracket.
+/// Rewrites one statement. Unknown constructs pass unchanged. Throws Failure -2147217900 for an
+/// unclosed text or bracket.
 Rewritten Rewrite(const std::string& sql, const Options& options = {});
 
 /// The names of the columns that a SELECT of the dialect gives; none where it cannot be run.
@@ -49,13 +49,13 @@ using ColumnsOf = std::function<std::vector<std::string>(const std::string& sele
 /// that are no column of what the list reads.
 std::vector<std::string> AliasesToExpand(const std::string& sql, const ColumnsOf& columnsOf);
 
-/// What "CREATE INDEX PrimaryKey ON table (fields) WITH PRIMARY" asks for.
+/// A statement "CREATE INDEX PrimaryKey ON table (fields) WITH PRIMARY".
 struct PrimaryKeyStatement {
   std::string table;
   std::vector<std::string> fields;
 };
 
-/// Nothing when the statement is another one; Rewrite passes it through as it stands.
+/// Nothing when it is another statement; Rewrite passes this one unchanged.
 std::optional<PrimaryKeyStatement> AsPrimaryKeyStatement(const std::string& sql);
 
 }  // namespace tevra::dialect

@@ -11,7 +11,7 @@ namespace tevra::dialect {
 
 namespace {
 
-constexpr int kDeepestAlias = 16;      // aliases that stand for aliases
+constexpr int kDeepestAlias = 16;      // aliases defined by aliases
 constexpr int kMostExpansions = 2000;  // in one list
 
 bool EndsSelect(const Node& node) {
@@ -50,7 +50,7 @@ bool Uses(const Nodes& nodes, const std::string& name) {
   return false;
 }
 
-// What the aliases of one list stand for.
+// The definitions of the aliases of one list.
 class Expansion {
  public:
   Expansion(const Nodes& nodes, const std::vector<ListItem>& items,
@@ -67,7 +67,7 @@ class Expansion {
 
   bool IsEmpty() const { return definitions_.empty(); }
 
-  // The nodes with every alias replaced but those on the way to them.
+  // The nodes with all aliases replaced except those being expanded.
   Nodes Expanded(const Nodes& nodes, const std::vector<std::string>& within) {
     Nodes result;
     for (std::size_t at = 0; at < nodes.size(); ++at) {

@@ -9,19 +9,19 @@
 
 namespace tevra::dialect {
 
-/// Where the clauses of one SELECT lie in a list of nodes, itself not among a subquery's.
+/// The places of the clauses of one SELECT in a list of nodes, without its subqueries.
 struct SelectClauses {
   std::size_t select = 0;  ///< the word SELECT
-  Range list{0, 0};        ///< behind DISTINCT and the like
+  Range list{0, 0};        ///< after DISTINCT and the like
   std::size_t from = 0;    ///< the word FROM; `end` when there is none
-  Range sources{0, 0};     ///< behind FROM
+  Range sources{0, 0};     ///< after FROM
   std::size_t order = 0;   ///< the word ORDER; `end` when there is none
   std::size_t end = 0;     ///< UNION, ";" or the end of the nodes
   bool distinct = false;
   bool grouped = false;
 };
 
-/// The first SELECT at or behind `at`; nothing when there is none on this level.
+/// The first SELECT at or after `at`; nothing when there is none on this level.
 std::optional<SelectClauses> FindSelect(const Nodes& nodes, std::size_t at = 0);
 
 /// True when several SELECTs are joined by UNION and the like.
@@ -44,8 +44,8 @@ struct UsedAlias {
 /// Those of all lists, of subqueries too.
 std::vector<UsedAlias> FindUsedAliases(const Nodes& nodes);
 
-/// Replaces these aliases by what they stand for wherever another item of the same list uses them.
-/// Throws Failure -2147217900 when that would never end or grow beyond measure.
+/// Replaces these aliases by their definitions in other items of the same list. Throws Failure
+/// -2147217900 when definitions are circular or the list grows too much.
 void ExpandAliases(Nodes& nodes, const std::vector<std::string>& aliases);
 
 }  // namespace tevra::dialect

@@ -12,7 +12,7 @@ namespace tevra::dialect {
 
 namespace {
 
-// The engine's own parser gives up at about this depth.
+// SQLite's parser fails at about this depth.
 constexpr std::size_t kDeepestNesting = 100;
 
 constexpr std::array<std::string_view, 10> kLongSymbols = {
@@ -123,7 +123,7 @@ class Tokenizer {
     return std::string(sql_.substr(begin, at_ - begin));
   }
 
-  // Whichever quote it had, the engine gets single ones.
+  // SQLite gets single quotes, whichever the text had.
   std::string ReadText(char quote) {
     std::string text = "'";
     for (++at_; at_ < sql_.size(); ++at_) {
@@ -192,7 +192,7 @@ bool IsWordLike(char c) {
   return IsWordPart(c) || c == '\'' || c == '[' || c == ']';
 }
 
-// Tokens that came to stand side by side must not become one, nor open a comment.
+// Tokens that have become neighbours must not merge or open a comment.
 bool MustPart(char last, char first) {
   return (IsWordLike(last) && IsWordLike(first)) || (last == '-' && first == '-') ||
          (last == '/' && first == '*');

@@ -1,4 +1,4 @@
-// A statement as a list of tokens, parenthesised groups as trees of them: what the rewriting works
+// Splits a statement into a list of tokens, with parentheses as trees, which the rewriting works
 // on.
 #pragma once
 
@@ -15,19 +15,19 @@ enum class Kind {
   Number,
   Parameter,  ///< "?1", "?2", ... in the order of the statement as given
   Symbol,     ///< an operator, comma, point or semicolon
-  Group,      ///< what stands within a pair of parentheses
+  Group,      ///< the content of a pair of parentheses
 };
 
 struct Node {
   Kind kind = Kind::Word;
   std::string text;
-  bool spaced = true;  ///< a blank stands before it
+  bool spaced = true;  ///< preceded by a blank
   std::vector<Node> items;
 };
 
 using Nodes = std::vector<Node>;
 
-/// Reads a statement. Comments become blanks, texts in double quotes become texts in single ones,
+/// Reads a statement. Comments become blanks, texts in double quotes become texts in single quotes,
 /// and parameters are numbered, so that a rule may move or repeat them. Throws Failure -2147217900
 /// for an unclosed text, bracket, comment or parenthesis, for parentheses nested too deep and for a
 /// NUL.
@@ -40,23 +40,23 @@ Node Word(std::string text);
 Node Symbol(std::string text);
 Node Group(Nodes items);
 
-/// Is it this keyword or plain name, this symbol? Without case.
+/// True when it is this keyword or plain name, or this symbol; without case.
 bool Is(const Node& node, std::string_view word);
 bool IsSymbol(const Node& node, std::string_view symbol);
 
-/// Is it a plain name or one in brackets? A keyword is a plain name too.
+/// True when it is a name, plain or in brackets; a keyword is a plain name too.
 bool IsName(const Node& node);
 
 /// A name without its brackets.
 std::string PlainName(const Node& node);
 
-/// A name in brackets, for the engine.
+/// A name in brackets, for SQLite.
 Node QuotedName(const std::string& name);
 
 /// A copy of the nodes [begin, end).
 Nodes Slice(const Nodes& nodes, std::size_t begin, std::size_t end);
 
-/// Puts `more` behind `nodes`.
+/// Appends `more` to `nodes`.
 void Append(Nodes& nodes, Nodes more);
 
 /// The parts between the commas of [begin, end), as ranges.

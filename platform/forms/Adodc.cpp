@@ -11,8 +11,8 @@
 
 namespace tevra {
 
-// The strip itself: four buttons around the place of the current row. What was typed into the row
-// is written before it is left, and keeps the row on show while it cannot be.
+// The navigation strip: four buttons around the current row's place. Edits are written before the
+// row is left; when that fails, the row stays visible.
 class Adodc::Strip {
  public:
   explicit Strip(Adodc* owner) : owner_(*owner) {
@@ -88,7 +88,7 @@ Adodc::Adodc(const char* name, QWidget* parent) : QWidget(parent) {
 
 Adodc::~Adodc() = default;
 
-// Most sources are never seen: their buttons would only cost the screen time at its opening.
+// Most sources are invisible, and their buttons would slow down the opening of the screen.
 void Adodc::showEvent(QShowEvent* event) {
   if (!strip_) {
     strip_ = std::make_unique<Strip>(this);
@@ -179,7 +179,7 @@ void Adodc::UpdateRow() {
     recordset_.CancelUpdate();
     throw;
   }
-  // A first row, or a place of its own among the others.
+  // The first row, or a new row among the others.
   const bool more = recordset_.RecordCount() != before;
   more ? Notify() : NotifyRow();
 }

@@ -1,5 +1,5 @@
-// The data source of a screen: a recordset that boxes and grids are bound to, with a strip of
-// buttons to walk it.
+// The data source of a screen: a recordset to which boxes and grids are bound, with a navigation
+// strip.
 #pragma once
 
 #include <QWidget>
@@ -13,9 +13,9 @@
 
 namespace tevra {
 
-/// Bound controls show the current row and hand in what was typed when the row is written. The
-/// strip (first, previous, "3 din 120", next, last) is shown only where a screen puts it into its
-/// layout.
+/// Bound controls show the current row, and their contents are collected when the row is written.
+/// The strip (first, previous, "3 din 120", next, last) is visible only when a screen puts it into
+/// its layout.
 class Adodc : public QWidget {
   Q_OBJECT
 
@@ -24,36 +24,36 @@ class Adodc : public QWidget {
   ~Adodc() override;
 
   void SetConnectionString(const std::string& connectionString);
-  /// Takes the rows over a connection that is open already, so that one transaction may span the
-  /// rows of several sources.
+  /// Uses a connection that is open already, so that one transaction can cover the rows of several
+  /// sources.
   void SetConnection(const Connection& connection);
-  /// The statement of the rows; "?" in it are `params`. Takes effect at Refresh.
+  /// The statement of the rows, with `params` for its "?". Takes effect at Refresh.
   void SetRecordSource(const std::string& sql, const Values& params = {});
   const std::string& RecordSource() const { return sql_; }
   /// Fields that are added up while the rows are read: their sums are the recordset's Total.
   void SetTotalledFields(std::vector<std::string> fields) { totalled_ = std::move(fields); }
 
-  /// Runs the statement anew on a connection that stays open; the rows are fetched as they come on
-  /// show. The first row becomes the current one. What was typed and not written is dropped.
-  /// `arrange`: sorts the rows and finds a place in them before they come on show. Throws Failure
-  /// and then keeps the rows it had.
+  /// Runs the statement on a connection that stays open; rows are read when they become visible.
+  /// The first row becomes the current one. Unwritten edits are dropped. `arrange`: sorts the rows
+  /// and finds a place in them before they are shown. Throws Failure and then keeps the previous
+  /// rows.
   void Refresh(const std::function<void(tevra::Recordset& rows)>& arrange = {});
 
-  /// Takes a recordset made elsewhere, such as one in memory.
+  /// Uses an existing recordset, such as one in memory.
   void SetRecordset(const tevra::Recordset& recordset);
 
-  /// The rows with their position; closed before the first Refresh. Who changes rows or position
-  /// here calls Notify afterwards.
+  /// The rows with their position; closed before the first Refresh. After changing rows or position
+  /// through it, call Notify.
   tevra::Recordset& Recordset() { return recordset_; }
   /// The connection of the rows; not open before the first Refresh.
   Connection& GetConnection() { return connection_; }
 
-  /// Bound controls show what the recordset now holds, and where it stands.
+  /// Updates bound controls from the recordset's rows and position.
   void Notify();
   /// The same where only values of the current row changed.
   void NotifyRow();
 
-  bool HasRow() const;  ///< neither at the end nor at the beginning marker
+  bool HasRow() const;  ///< false at the markers before the first and after the last row
   void MoveFirst();
   void MovePrevious();
   void MoveNext();
@@ -61,22 +61,22 @@ class Adodc : public QWidget {
   /// To the row at a place of the recordset, from 0, as sorted.
   void MoveTo(std::size_t position);
 
-  /// Takes in what was typed into bound boxes and writes the current row; a table without rows gets
-  /// its first one. Throws Failure; what was typed stays in the boxes.
+  /// Collects the bound boxes' contents and writes the current row; a table without rows gets its
+  /// first one. Throws Failure and then keeps what was typed in the boxes.
   void UpdateRow();
-  /// Drops what was typed: the boxes show the row again.
+  /// Drops the edits; the boxes show the row again.
   void CancelRow();
 
   /// Drops the rows and the connection; bound controls become empty.
   void Close();
 
-  /// What the boxes hand in, and the first failure among them.
+  /// The collected contents of the boxes, and the first failure.
   class Collected {
    public:
     explicit Collected(Adodc& source) : source_(source) {}
     /// Sets a field of the current row, or of the first one that a table gets.
     void Set(const std::string& field, const Value& value);
-    /// Runs a box's handing in; a failure is kept, not thrown.
+    /// Runs the collecting of a box; stores a failure instead of throwing it.
     template <class HandIn>
     void Try(HandIn handIn) {
       try {
@@ -96,8 +96,8 @@ class Adodc : public QWidget {
  signals:
   void RowsChanged();   ///< other rows, or another recordset; a MoveComplete follows
   void MoveComplete();  ///< another current row, or other values in it
-  void MovedByUser();   ///< by the strip; behind its MoveComplete
-  void Collecting(tevra::Adodc::Collected& collected);  ///< bound boxes hand in what was typed
+  void MovedByUser();   ///< by the strip; emitted after MoveComplete
+  void Collecting(tevra::Adodc::Collected& collected);  ///< asks bound boxes for their contents
 
  protected:
   void showEvent(QShowEvent* event) override;

@@ -19,7 +19,7 @@ void Binding::Bind(Adodc* source, const std::string& field) {
   Load();
 }
 
-// A field that the rows do not have leaves its box empty, as a row that is not there does.
+// A box is empty when the rows lack its field, or when there is no row.
 void Binding::Load() {
   Recordset& rows = source_->Recordset();
   const bool there = source_->HasRow() && rows.FindField(field_);

@@ -1,4 +1,4 @@
-// What ties a box to a field of a data source.
+// Binds a box to a field of a data source.
 #pragma once
 
 #include <QObject>
@@ -10,12 +10,12 @@
 
 namespace tevra {
 
-/// Lives as long as its box. Loads the field into the box when the current row changes, and hands
-/// in what the user changed when the row is written.
+/// Lives as long as its box. Loads the field into the box when the current row changes, and passes
+/// the user's change on when the row is written.
 class Binding : public QObject {
  public:
-  /// How the box takes and gives values. `store`: nothing where the user changed nothing; may
-  /// throw. `fit`, if there: called with the field when the rows change.
+  /// The box's functions for values. `store`: returns nothing when the user changed nothing; may
+  /// throw. `fit`, if set: called with the field when the rows change.
   struct Box {
     std::function<void(const Value& value)> load;
     std::function<std::optional<Value>()> store;
@@ -24,7 +24,7 @@ class Binding : public QObject {
 
   Binding(QObject* owner, Box box) : QObject(owner), box_(std::move(box)) {}
 
-  /// No source cuts the box loose; it keeps what it shows.
+  /// nullptr unbinds the box, which keeps its contents.
   void Bind(Adodc* source, const std::string& field);
   const std::string& Field() const { return field_; }
 

@@ -46,7 +46,7 @@ NumberBox::NumberBox(const char* name, const std::string& format, QWidget* paren
     : QLineEdit(parent), format_(format) {
   setObjectName(name);
   setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  // Typed over, also with the text that stood there, it is what was typed.
+  // A retyped text counts as typed, even when it is the same.
   connect(this, &QLineEdit::textEdited, this, [this] {
     number_.reset();
     shown_.clear();
@@ -97,7 +97,7 @@ void NumberBox::SetText(const std::string& text) {
   setText(QString::fromStdString(text));
 }
 
-// A text that is no number stays as typed, for the screen's own check to name.
+// A text that is no number stays as typed, so that the screen's check can name it.
 void NumberBox::SettleTyping() {
   if (text() != shown_ && IsNumeric()) Show(Number());
 }

@@ -14,7 +14,8 @@
 
 namespace tevra {
 
-/// A box for a text. Bound, it takes no more characters than its field; empty, it writes Null.
+/// A box for a text. When bound, it accepts no more characters than its field; when empty, it
+/// writes Null.
 class TextBox : public QLineEdit {
   Q_OBJECT
 
@@ -26,7 +27,7 @@ class TextBox : public QLineEdit {
   /// Every letter typed becomes a capital.
   void SetUpperCase();
 
-  /// Binds the box; no data source cuts it loose and leaves its text.
+  /// Binds the box; nullptr unbinds it and keeps its text.
   void SetDataField(Adodc* source, const std::string& field = {});
   const std::string& DataField() const { return binding_->Field(); }
 
@@ -35,8 +36,8 @@ class TextBox : public QLineEdit {
   QString loaded_;
 };
 
-/// A box for a number, which it holds in full beside the text that it shows: what nobody typed over
-/// stays to the last bit. What is typed settles into the format when the box is left.
+/// A box for a number. It keeps the exact number beside the text shown, so that a number that
+/// nobody retyped does not change. A typed number is formatted when the box is left.
 class NumberBox : public QLineEdit, public SettlesTyping {
   Q_OBJECT
 
@@ -46,12 +47,12 @@ class NumberBox : public QLineEdit, public SettlesTyping {
 
   std::string Text() const { return text().toStdString(); }
   bool IsEmpty() const;
-  /// True for a number in Romanian form; an empty box holds none.
+  /// True for a number in Romanian form; false for an empty box.
   bool IsNumeric() const;
   /// The number in the box; nothing when it is empty. Throws Failure 13 for any other text.
   std::optional<double> Number() const;
   void SetNumber(std::optional<double> number);
-  /// Puts a text in as if it had been typed; it settles when the box is left.
+  /// Sets a text as if it had been typed; it is formatted when the box is left.
   void SetText(const std::string& text);
   void SettleTyping() override;
 
@@ -65,7 +66,7 @@ class NumberBox : public QLineEdit, public SettlesTyping {
 
   std::string format_;
   std::optional<double> number_;
-  QString shown_;  // the text of number_; another text in the box was typed
+  QString shown_;  // the text of number_; any other text was typed
   Binding* binding_;
   std::optional<double> loaded_;
 };
@@ -101,7 +102,7 @@ class OptionButton : public QRadioButton {
   OptionButton(const char* name, const QString& caption, QWidget* parent = nullptr);
 
  signals:
-  /// It was chosen, also when it stood already: as CheckBox::Click.
+  /// It was chosen, also when it was chosen already. Emitted like CheckBox::Click.
   void Click();
 
  protected:

@@ -56,7 +56,7 @@ int ButtonRow::heightForWidth(int width) const {
   return rows * (Each().height() + kGap) - kGap;
 }
 
-// As even as they come: seven buttons in two rows are four and three.
+// Rows as even as possible: seven buttons in two rows are four and three.
 void ButtonRow::setGeometry(const QRect& area) {
   QLayout::setGeometry(area);
   if (items_.empty()) return;

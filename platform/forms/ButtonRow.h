@@ -1,4 +1,4 @@
-// The buttons under a list, at the right: in one row, or in more where the screen is narrow.
+// The buttons below a list, at the right: in one row, or in more when the screen is narrow.
 #pragma once
 
 #include <QLayout>

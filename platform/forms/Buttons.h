@@ -5,7 +5,7 @@
 
 namespace tevra {
 
-/// A button under its name, with its caption and tool tip, none of them narrower than the others.
+/// A button with its name, caption and tool tip; all buttons have the same minimum width.
 QPushButton* MakeButton(const char* name, const char* caption, const char* tip, QWidget* parent);
 
 }  // namespace tevra

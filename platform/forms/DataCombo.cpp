@@ -16,7 +16,7 @@ namespace tevra {
 namespace {
 
 constexpr int kRowsOnShow = 15;
-constexpr int kMeasured = 1000;  // entries; measuring more would be felt
+constexpr int kMeasured = 1000;  // entries; measuring more would be slow
 constexpr int kWidest = 640;     // pixels of the list
 constexpr int kNone = -1;        // no entry
 constexpr int kSeveral = -2;     // more than one entry
@@ -63,7 +63,7 @@ DataCombo::DataCombo(const char* name, QWidget* parent) : QComboBox(parent) {
   setObjectName(name);
   setEditable(true);
   setInsertPolicy(QComboBox::NoInsert);
-  setDuplicatesEnabled(true);  // else Enter would go to the first entry of a text
+  setDuplicatesEnabled(true);  // otherwise Enter would go to the first entry with a text
   setMaxVisibleItems(kRowsOnShow);
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(12);
@@ -87,7 +87,7 @@ DataCombo::DataCombo(const char* name, QWidget* parent) : QComboBox(parent) {
                                 [this]() -> std::optional<Value> {
                                   const std::string bound = BoundText();
                                   if (EqualNoCase(bound, loaded_)) return std::nullopt;
-                                  // A text that is no entry is no value to keep or to clear.
+                                  // A text that is no entry neither sets nor clears the value.
                                   if (bound.empty() && !Text().empty()) return std::nullopt;
                                   return bound.empty() ? Value() : Value(bound);
                                 }});
@@ -251,7 +251,7 @@ void DataCombo::wheelEvent(QWheelEvent* event) {
   }
 }
 
-// A text longer than the box shows its beginning.
+// Shows the beginning of a text longer than the box.
 void DataCombo::focusOutEvent(QFocusEvent* event) {
   QComboBox::focusOutEvent(event);
   if (event->reason() != Qt::PopupFocusReason) lineEdit()->setCursorPosition(0);

@@ -1,4 +1,4 @@
-// A combo over the rows of a data source: it lists one column and stands for another.
+// A combo over the rows of a data source: it lists one column and has the value of another.
 #pragma once
 
 #include <QComboBox>
@@ -23,24 +23,24 @@ class DataCombo : public QComboBox, public SettlesTyping {
  public:
   explicit DataCombo(const char* name, QWidget* parent = nullptr);
 
-  /// The rows listed, the column shown and the column that an entry stands for. The list follows
-  /// the source's Refresh and keeps what it stands for, else its text.
+  /// The source of the rows, the column shown and the column of the value. After the source's
+  /// Refresh the combo keeps its value, or its text when it has no value.
   void SetRowSource(Adodc* rows);
   void SetListField(const std::string& field);
   void SetBoundColumn(const std::string& field);
 
-  /// What the entry on show stands for, or the text set last that the list does not have; the empty
-  /// text with neither.
+  /// The value of the current entry, or the last text set that is not in the list, or the empty
+  /// text.
   std::string BoundText() const;
-  /// Shows the entry that stands for a text, without case; no text when there is none.
+  /// Shows the entry with a value, found without case; no text when there is none.
   void SetBoundText(const std::string& text);
-  /// The same, with the text to show for a value that the list lacks.
+  /// The same, with the text to show for a value that is not in the list.
   void SetBoundText(const std::string& bound, const std::string& text);
   std::string Text() const { return currentText().toStdString(); }
   /// Shows a text, whether or not the list has it.
   void SetText(const std::string& text);
 
-  /// The field of another source that takes the bound text; no source cuts it loose.
+  /// Binds the value to a field of another source; nullptr unbinds it.
   void SetDataField(Adodc* source, const std::string& field = {});
 
   void SettleTyping() override;
@@ -48,7 +48,7 @@ class DataCombo : public QComboBox, public SettlesTyping {
   const QString& Refused() const;
 
  signals:
-  /// The user picked an entry of the list, or none by emptying the box.
+  /// The user picked an entry of the list, or emptied the box.
   void Picked();
 
  protected:
@@ -69,9 +69,9 @@ class DataCombo : public QComboBox, public SettlesTyping {
   std::string listField_;
   std::string boundColumn_;
   Binding* binding_;
-  std::string unlisted_;  // what it stands for without an entry
+  std::string unlisted_;  // the value without an entry
   std::string unlistedText_;
-  bool typed_ = false;  // the text is the user's, and not yet looked up
+  bool typed_ = false;  // the user typed the text, and it was not looked up yet
   std::string loaded_;
 };
 

@@ -26,7 +26,7 @@ Form::Form(const char* name, const QString& caption, QWidget* parent) : QWidget(
   connect(&changes_, &ChangeWatch::Changed, this, &Form::Edited);
 }
 
-// The focus leaves once more while the widget below is taken down.
+// The focus leaves once more while the widget is destroyed.
 Form::~Form() {
   disconnect(qApp, nullptr, this, nullptr);
 }
@@ -115,7 +115,7 @@ void Form::SettleFocused() {
   }
 }
 
-// A box of several parts has its focus in one of them.
+// In a box of several parts, one of them has the focus.
 QWidget* Form::FocusedBox() const {
   for (QWidget* widget = focusWidget(); widget && widget != this; widget = widget->parentWidget()) {
     if (leaveHandlers_.count(widget)) return widget;
@@ -131,7 +131,7 @@ void Form::GiveFocus(QWidget* box) {
   left_.clear();
 }
 
-// A box on a tab that was left comes back with its tab.
+// A box on another tab returns with its tab.
 void Form::KeepFocusIn(QWidget* box) {
   for (QWidget* around = box->parentWidget(); around && around != this;
        around = around->parentWidget()) {
@@ -140,12 +140,12 @@ void Form::KeepFocusIn(QWidget* box) {
       if (tabs->widget(i)->isAncestorOf(box)) tabs->setCurrentIndex(i);
     }
   }
-  // The button that was pressed to leave never gets its release: the message took it.
+  // The pressed button never receives its release event, because the message took it.
   if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) button->setDown(false);
   GiveFocus(box);
 }
 
-// Back in the screen by way of another box: now the first one is left.
+// The focus returned to the screen in another box, so the first box is left now.
 void Form::FollowFocus(QWidget* now) {
   if (!left_ || !now || now->window() != window() || !isAncestorOf(now)) return;
   if (now == left_ || left_->isAncestorOf(now)) {
@@ -155,8 +155,8 @@ void Form::FollowFocus(QWidget* now) {
   }
 }
 
-// The handler runs when the focus has settled: a message in the middle of its change would leave
-// two boxes with a cursor. A focus that settles in another screen has left nothing yet.
+// The handler runs when the focus change is complete, because a message during it would leave two
+// boxes with a cursor. A focus that moves to another screen leaves no box.
 void Form::LeaveWhenSettled() {
   leavingForm = this;
   QMetaObject::invokeMethod(
@@ -191,7 +191,7 @@ bool Form::eventFilter(QObject* watched, QEvent* event) {
 
 // ---- Keys, closing ------------------------------------------------------------------------------
 
-// A button that has the focus is the one that Enter means.
+// Enter presses the button that has the focus.
 QPushButton* Form::ButtonOfEnter() const {
   if (auto* focused = qobject_cast<QPushButton*>(focusWidget())) return focused;
   for (QPushButton* button : findChildren<QPushButton*>()) {
@@ -210,7 +210,7 @@ void Form::keyPressEvent(QKeyEvent* event) {
   pressed->click();
 }
 
-// Giving up asks nothing of the box that is being filled.
+// Cancelling does not validate the box being edited.
 void Form::GiveUp() {
   closing_ = true;
   left_.clear();
@@ -287,7 +287,7 @@ void Form::DropChangesAndClose() {
   if (alive) dropping_ = false;
 }
 
-// The keyboard is in the screen from the start: in its first box, unless the screen chose another.
+// At the start the focus is in the first box, unless the screen chose another one.
 void Form::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (!focusWidget()) focusNextChild();

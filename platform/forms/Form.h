@@ -1,4 +1,4 @@
-// What every screen is made of: a window whose events run procedures with one way of telling
+// The base class of all screens: a window whose events run procedures, with one way to show
 // failures.
 #pragma once
 
@@ -17,11 +17,11 @@ class QEventLoop;
 
 namespace tevra {
 
-/// A control that may hold something typed and not yet written, such as a grid with an open cell.
+/// A control that may contain unwritten edits, such as a grid with an open cell.
 class KeepsTyping {
  public:
   virtual ~KeepsTyping() = default;
-  /// Writes it; called before the screen closes.
+  /// Writes the edits; called before the screen closes.
   virtual void CommitTyping() = 0;
 };
 
@@ -33,8 +33,8 @@ class SettlesTyping {
   virtual void SettleTyping() = 0;
 };
 
-/// A screen. Its objectName is the name that messages and tests know it by. Windows.h tells who
-/// shows screens and when they are gone.
+/// A screen. Messages and tests use its objectName. Windows.h says how screens are shown and when
+/// they are deleted.
 class Form : public QWidget {
   Q_OBJECT
 
@@ -43,11 +43,11 @@ class Form : public QWidget {
   Form(const char* name, const QString& caption, QWidget* parent = nullptr);
   ~Form() override;
 
-  /// Shows the screen above all others and returns when it was closed or hidden.
+  /// Shows the screen modally and returns when it was closed or hidden.
   void ShowModal();
 
-  /// The screen has come to the front: after it was shown, and from another screen of the frame. A
-  /// message or a menu in between is no change.
+  /// The screen has come to the front: after it was shown, or from another screen of the frame.
+  /// Messages and menus in between do not count.
   void Activate();
 
   /// The user leaves the box that has the focus, or has just lost it, as a button pressed by its
@@ -78,24 +78,25 @@ class Form : public QWidget {
   void Edited();
 
  protected:
-  /// What a procedure does; it counts its statements into `procedure.line` for the error message.
+  /// The body of a procedure; it counts its statements in `procedure.line` for the error message.
   using Body = std::function<void(Procedure& procedure)>;
   /// The same for leaving a box; false keeps the focus in it.
   using LeaveBody = std::function<bool(Procedure& procedure)>;
   using OnFailure = std::function<void(const Failure& failure, const Procedure& procedure)>;
 
-  /// Runs a procedure of this screen. A failure is shown in the standard long form and ends the
-  /// procedure only: the caller's next step still runs. True when it came to its end.
+  /// Runs a procedure of this screen. A failure is shown in the standard long form and ends only
+  /// this procedure: the caller's next step still runs. True when it ran to its end.
   bool Run(const char* procedure, const Body& body);
 
   /// The same with the short form: the number and the description, under the procedure's name
   /// between blanks.
   bool RunShort(const char* procedure, const Body& body);
 
-  /// Runs a procedure whose failures have a form of their own.
+  /// Runs a procedure whose failures have their own form.
   bool RunWith(const char* procedure, const Body& body, const OnFailure& onFailure);
 
-  /// Pressing the button runs the procedure, once the box with the focus let go.
+  /// Pressing the button runs the procedure after the leave handler of the box with the focus,
+  /// unless that keeps the focus.
   void OnClick(QAbstractButton* button, const char* procedure, Body body);
   void OnClickShort(QAbstractButton* button, const char* procedure, Body body);
 
@@ -105,25 +106,25 @@ class Form : public QWidget {
   /// control that the user went to hears of it.
   void OnLeave(QWidget* box, const char* procedure, LeaveBody body);
 
-  /// What the screen does each time it comes to the front.
+  /// Called each time the screen comes to the front.
   virtual void Form_Activate() {}
-  /// Puts the focus into a box as the program's own doing: no box is left by it.
+  /// Moves the focus without leaving a box: no leave handler runs.
   void GiveFocus(QWidget* box);
 
   /// The boxes of `part`, or of the whole screen, hold what is stored: the screen does not close
   /// over later changes to them before the user was asked.
   void MarkSaved(QWidget* part = nullptr) { changes_.Remember(part ? part : this); }
 
-  /// Asked before the screen closes; false keeps it open.
+  /// Called before the screen closes; false keeps it open.
   virtual bool QueryUnload() { return true; }
-  /// Runs once when the screen closes, after QueryUnload agreed.
+  /// Called once when the screen closes, after QueryUnload returned true.
   virtual void Form_Unload() {}
 
-  /// Enter presses the button that has the focus, else the default one, and Escape the one set
-  /// here, where no control wants the key for itself.
+  /// Enter presses the button that has the focus, otherwise the default button; Escape presses the
+  /// button set here. A control may use these keys itself.
   void SetCancelButton(QPushButton* button) { cancel_ = button; }
 
-  /// The order in which Tab goes through the controls: that of reading.
+  /// Sets the order in which Tab goes through the controls.
   static void OrderTabs(std::initializer_list<QWidget*> controls);
 
   void keyPressEvent(QKeyEvent* event) override;
@@ -146,10 +147,10 @@ class Form : public QWidget {
   ChangeWatch changes_;
   QPushButton* cancel_ = nullptr;
   std::map<QWidget*, std::function<bool()>> leaveHandlers_;
-  QPointer<QWidget> left_;  // lost the focus, and its handler has not run yet
-  bool leaving_ = false;    // a handler runs
+  QPointer<QWidget> left_;  // lost the focus; its handler has not run yet
+  bool leaving_ = false;    // a handler is running
   bool moved_ = false;      // .. and put the focus elsewhere
-  bool keeping_ = false;    // the focus is being given back
+  bool keeping_ = false;    // the focus is being returned
   bool closing_ = false;
   bool unloaded_ = false;
   bool asking_ = false;    // whether changes may be lost

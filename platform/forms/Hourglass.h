@@ -1,11 +1,11 @@
-// The pointer while the user waits.
+// The mouse pointer during work.
 #pragma once
 
 #include <QApplication>
 
 namespace tevra {
 
-/// Shows the hourglass for as long as it lives.
+/// Shows the hourglass while it lives.
 class Hourglass {
  public:
   explicit Hourglass(bool shown = true) : shown_(shown) {

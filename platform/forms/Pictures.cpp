@@ -17,7 +17,7 @@ void SetPictureDirectory(const std::string& directory) {
   Directory() = directory;
 }
 
-// A sibling with "@2x" in its name is taken along for screens of double density.
+// A file with "@2x" in its name is added for screens of double density.
 QIcon PictureIcon(const std::string& written) {
   const std::string name = Directory() + "\\" + written;
   if (!paths::FileExists(name)) return {};

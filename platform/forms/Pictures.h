@@ -7,11 +7,11 @@
 
 namespace tevra {
 
-/// The folder in which "\BMP\..." lie, as a rule the program's own.
+/// The folder that contains "\BMP\...", usually the program's own.
 void SetPictureDirectory(const std::string& directory);
 
-/// The icon of a written name such as "\BMP\OK.bmp", in all its sizes; an empty one when the file
-/// is missing, for no picture is worth a failed message.
+/// The icon of a name such as "\BMP\OK.bmp", in all its sizes. It is empty when the file is
+/// missing, because a missing picture must not make a message fail.
 QIcon PictureIcon(const std::string& written);
 
 }  // namespace tevra

@@ -1,5 +1,5 @@
-// Who puts screens on show: the main frame among its children, or, without one, each as a window of
-// its own.
+// Shows screens: as children of the main frame, or without a frame as separate
+// windows.
 #pragma once
 
 #include <QPointer>
@@ -11,16 +11,17 @@
 
 namespace tevra::windows {
 
-/// Places a screen that is not yet on show, or brings one to the front that is.
+/// Shows a screen, or brings a visible one to the front.
 using Host = std::function<void(Form& form)>;
 
-/// Sets who shows screens; returns who did before. None: a window of its own.
+/// Sets the handler that shows screens and returns the previous one. Without one, a screen is a
+/// separate window.
 Host SetHost(Host host);
 
-/// Shows the screen or brings it to the front. Once closed it is deleted.
+/// Shows the screen or brings it to the front. It is deleted after it was closed.
 void Show(Form& form);
 
-/// The one open instance of a screen that exists once; nothing when it is not open.
+/// The open instance of a screen that exists once; nullptr when it is not open.
 template <class Screen>
 QPointer<Screen>& Single() {
   static QPointer<Screen> instance;
@@ -33,7 +34,7 @@ Screen& Open() {
   QPointer<Screen>& instance = Single<Screen>();
   if (!instance) {
     instance = new Screen;
-    // Closed, it is deleted a little later; asked for meanwhile, another one opens.
+    // A closed screen is deleted a little later; until then opening it creates another one.
     QObject::connect(instance, &Form::Closed, instance, [closed = instance.data()] {
       if (Single<Screen>() == closed) Single<Screen>().clear();
     });
@@ -65,7 +66,7 @@ Screen& OpenFor(const std::string& key, const std::function<Screen*()>& make) {
   return *screen;
 }
 
-/// Opens another instance of a screen that may stand several times.
+/// Opens another instance of a screen that may be open several times.
 template <class Screen>
 Screen& OpenNew() {
   auto* screen = new Screen;

@@ -9,8 +9,8 @@
 namespace tevra {
 namespace {
 
-constexpr int kMoment = 500;  // ms of work before the window comes
-constexpr int kBetween = 60;  // ms between two looks at what the user does
+constexpr int kMoment = 500;  // ms of work before the window is shown
+constexpr int kBetween = 60;  // ms between two checks of the user's input
 
 }  // namespace
 
@@ -54,7 +54,7 @@ bool frmProgress::Tell(int done, int of) {
   return !givenUp_;
 }
 
-// Closing it is giving up; the work closes it.
+// Closing it cancels the work, which then closes it.
 bool frmProgress::QueryUnload() {
   givenUp_ = true;
   return true;

@@ -1,4 +1,4 @@
-// How far long work is, and a button to give it up.
+// The progress of long work, and a button to cancel it.
 #pragma once
 
 #include <QElapsedTimer>
@@ -10,21 +10,21 @@
 
 namespace tevra {
 
-/// The words for how far the work is.
+/// The texts for the progress.
 struct ProgressWords {
   QString counted = "Randul %1 din %2";  ///< %1 is done of %2
-  QString uncounted = "Randul %1";       ///< nobody knows of how many
+  QString uncounted = "Randul %1";       ///< the total is unknown
 };
 
-/// Comes on show only when the work takes longer than a moment; no other window can be used until
-/// it is done.
+/// Is shown only when the work takes longer than a moment; no other window can be used until it is
+/// done.
 class frmProgress : public Form {
   Q_OBJECT
 
  public:
   frmProgress(const QString& caption, const ProgressWords& words, QWidget* parent);
 
-  /// What the work is to tell; lives no longer than the window.
+  /// The function to which the work reports; valid as long as the window.
   Progress Asked();
 
   QLabel* lblStare;

@@ -20,9 +20,9 @@ namespace tevra {
 
 namespace {
 
-constexpr int kCellMargin = 8;  // pixels, left and right of a row's text and above and below it
+constexpr int kCellMargin = 8;  // pixels on each side of a cell's text
 
-// Brings a flag back, however a routine ends.
+// Restores a flag at the end of a scope.
 class Flag {
  public:
   explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
@@ -80,7 +80,7 @@ void DataGrid::BuildView() {
   selectors->setDefaultSectionSize(view_->fontMetrics().height() + kCellMargin);
   view_->setModel(model_);
   connect(selectors, &RecordSelectors::RowPressed, this, &DataGrid::MarkRows);
-  // The selection belongs to the model, which stays the same.
+  // The selection belongs to the model, which does not change.
   connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& now, const QModelIndex& before) {
             FollowView();
@@ -135,7 +135,7 @@ void DataGrid::SetDataSource(Adodc* source) {
   Reload();
 }
 
-// Other rows: nothing is marked any more. Their fields tell how wide the columns are.
+// New rows: nothing is selected, and their fields determine the widths of the columns.
 void DataGrid::FollowRows() {
   const bool sorted = source_->Recordset().IsOpen() && !source_->Recordset().Sort().empty();
   if (!sorted && !sorted_.empty()) SetSortMarks({}, false);
@@ -188,7 +188,7 @@ void DataGrid::LeaveHiddenColumn() {
   }
 }
 
-// The program's own move marks nothing.
+// The program's own moves select nothing.
 void DataGrid::GoTo(int row, int column) {
   view_->selectionModel()->setCurrentIndex(model_->index(row, column),
                                            QItemSelectionModel::NoUpdate);
@@ -205,7 +205,7 @@ void DataGrid::FollowView() {
   try {
     source_->MoveTo(position);
   } catch (const std::exception&) {
-    // Rows went since they were shown, or their file cannot be read.
+    // Rows were deleted since they were shown, or the file cannot be read.
     AfterEvent(this, [text = ShortErrorText(CaughtFailure())] {
       ShowMessage({text, kCritical, {}, {}});
     });

@@ -24,9 +24,8 @@ class GridModel;
 class GridTools;
 class GroupArea;
 
-/// Reads from the source only the rows that are on show. The current row of grid and source are the
-/// same. Numbers stand at the right. What people do with any list (columns chosen, copied, taken to
-/// a spreadsheet, printed) comes with SetTools.
+/// Reads only the visible rows from the source. Grid and source have the same current row. Numbers
+/// are right-aligned. SetTools adds the commands of all lists (columns, copy, spreadsheet, print).
 class DataGrid : public QWidget, public KeepsTyping {
   Q_OBJECT
 
@@ -42,9 +41,9 @@ class DataGrid : public QWidget, public KeepsTyping {
   /// Cells are edited in place, from F2, Enter or a double click on; a changed cell is written at
   /// once. Off unless set.
   void SetAllowUpdate(bool allow);
-  /// Writes what is being typed into a cell.
+  /// Writes the cell being edited.
   void CommitTyping() override;
-  /// Asked before a typed text is written; false takes it back. `column`: as in Columns.
+  /// Called before a typed text is written; false restores the old text. `column`: as in Columns.
   using ColumnCheck =
       std::function<bool(int column, const QString& oldText, const QString& newText)>;
   void SetBeforeColUpdate(ColumnCheck check) { beforeColUpdate_ = std::move(check); }
@@ -55,26 +54,26 @@ class DataGrid : public QWidget, public KeepsTyping {
       std::function<bool(int column, const Value& value, const std::function<void()>& write)>;
   void SetCellWriter(CellWriter writer) { writeCell_ = std::move(writer); }
 
-  /// A row that the user goes to by mouse or keys is marked, with Shift and Ctrl for more. Off
-  /// unless set; else rows are marked by the strip at their left only.
+  /// Selects the row to which the user moves by mouse or keys, with Shift and Ctrl for more. Off by
+  /// default; rows are then selected only by the strip at their left.
   void SetRowSelect(bool on);
 
-  /// The menu of the list, behind the button in its corner and the right mouse button: columns
-  /// shown, copy, spreadsheet, CSV, print. `key`: under which the user's columns, their widths and
-  /// order are remembered; `title`: of what is printed and saved.
+  /// Adds the menu of the list, opened by the button in its corner and the right mouse button:
+  /// columns, copy, spreadsheet, CSV, print. `key`: the setting with the user's columns, their
+  /// widths and order; `title`: of printed and saved lists.
   void SetTools(const std::string& key, const QString& title);
   void SetPrintInfo(GridPrintInfo info) { printInfo_ = std::move(info); }
   GridPrintInfo PrintInfo() const;
 
-  /// What the grid shows: all rows, or those marked.
+  /// A copy of what the grid shows: all rows, or the selected ones.
   enum class Rows { kAll, kMarked };
   GridContent Content(Rows rows = Rows::kAll) const;
 
-  /// The columns on show, from left to right.
+  /// The visible columns, from left to right.
   std::vector<int> ShownColumns() const;
-  /// The current cell goes to a column on show when its own was hidden.
+  /// Moves the current cell to a visible column when its own was hidden.
   void LeaveHiddenColumn();
-  /// The user's arrangement of the columns goes: widths, order and columns as the screen gave them.
+  /// Restores the screen's own columns, order and widths.
   void ResetColumns();
 
   /// Runs the source's statement anew and goes back to where the user was: to the row with the same
@@ -87,11 +86,11 @@ class DataGrid : public QWidget, public KeepsTyping {
   /// The number of the column with that field, without case. Throws Failure 3265.
   int ColumnOf(const std::string& field) const;
 
-  /// The rows that the user marked (by the strip at their left, with Shift and Ctrl for more, or
+  /// The rows that the user selected (by the strip at their left, with Shift and Ctrl for more, or
   /// Ctrl+A), as places in the recordset, ascending.
   std::vector<std::size_t> SelectedRows() const;
 
-  /// The text under a column; the strip of footers shows once one is set.
+  /// The text below a column; the strip of footers is visible once one is set.
   void SetFooter(const std::string& field, const QString& text);
   QString Footer(const std::string& field) const;
 
@@ -101,22 +100,22 @@ class DataGrid : public QWidget, public KeepsTyping {
   void SetGroupText(const QString& text);
   /// The fields of the headers dragged into the group area, in their order.
   const std::vector<std::string>& GroupColumns() const { return groups_; }
-  /// Puts a column into the group area, as dragging its header does.
+  /// Adds a column to the group area, like dragging its header.
   void AddGroupColumn(int column);
-  /// Takes all columns out of the group area: the rows are a flat list.
+  /// Removes all columns from the group area.
   void ResetGroups();
-  /// Tells by which fields the rows are sorted now.
+  /// Sets the fields by which the rows are sorted, for display.
   void SetSortMarks(const std::vector<std::string>& fields, bool descending);
-  /// By which columns the rows are sorted; empty in the statement's order.
+  /// The columns by which the rows are sorted; empty for the statement's order.
   const std::vector<std::string>& SortFields() const { return sorted_; }
 
   QTableView* View() const { return view_; }
 
  signals:
   void RowColChange();  ///< another current cell
-  void SelChange();     ///< other rows are marked
+  void SelChange();     ///< the selection changed
   void GroupColMove();  ///< a header was dragged into the group area
-  /// From the grid's menu; no field: in the statement's order again.
+  /// From the grid's menu; an empty field restores the statement's order.
   void SortWanted(const std::string& field, bool descending);
   void CellWritten(int column);
   /// The menu of the current row is about to show: the screen adds what it does with a row.
@@ -155,10 +154,10 @@ class DataGrid : public QWidget, public KeepsTyping {
   std::vector<std::string> sorted_;
   GridPrintInfo printInfo_;
   std::unique_ptr<GridTools> tools_;
-  int anchor_ = 0;  // the row from which Shift marks
+  int anchor_ = 0;  // the row from which Shift selects
   bool rowSelect_ = false;
-  bool sized_ = false;      // the columns' widths were given by what their fields are
-  bool following_ = false;  // grid and source bring each other to the same row
+  bool sized_ = false;      // the widths were set from the fields
+  bool following_ = false;  // grid and source are being moved to the same row
 };
 
 }  // namespace tevra

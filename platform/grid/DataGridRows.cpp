@@ -1,5 +1,5 @@
-// Which rows of a grid are marked, what of it is taken elsewhere, and how it comes back to its
-// place.
+// The selected rows of a grid, copies of its content, and the return to the user's place after a
+// refresh.
 #include <QHeaderView>
 #include <QTableView>
 #include <algorithm>
@@ -21,7 +21,7 @@ void DataGrid::MarkRows(int row, Qt::KeyboardModifiers modifiers) {
   QItemSelectionModel* selection = view_->selectionModel();
   const bool further = modifiers & Qt::ShiftModifier;
   const bool toggled = modifiers & Qt::ControlModifier;
-  // The view marks on from here by its own keys.
+  // The view's own keys extend the selection from here.
   if (rowSelect_ && !further && !toggled) view_->selectRow(row);
   if (!further) anchor_ = row;
   const QItemSelection rows(model_->index(std::min(anchor_, row), 0),
@@ -63,7 +63,7 @@ std::vector<std::size_t> DataGrid::SelectedRows() const {
   return rows;
 }
 
-// Taken from a copy with a place of its own: the grid goes on while somebody reads it.
+// A copy with its own position, so that the grid can be used while the copy is read.
 GridContent DataGrid::Content(Rows rows) const {
   std::vector<GridContent::Column> columns;
   for (const int i : ShownColumns()) {

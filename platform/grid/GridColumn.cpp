@@ -29,7 +29,7 @@ int SuitableWidth(const GridColumn& column, const FieldInfo* field) {
   constexpr int kDate = 11;
   constexpr int kShortest = 6;
   constexpr int kLongest = 34;
-  constexpr int kCaption = 16;  // a longer one stands in several lines
+  constexpr int kCaption = 16;  // a longer one takes several lines
   if (column.width > 0) return column.width;
   int width = kNumber;
   if (field && field->typed) {

@@ -1,4 +1,4 @@
-// A column of a grid, and how its values read.
+// A column of a grid, and the texts of its values.
 #pragma once
 
 #include <QString>
@@ -18,15 +18,15 @@ struct GridColumn {
   /// "Standard", "Percent", "Fixed", "dd.MM.yyyy" or a mask; empty: by the field's type (dates
   /// short, numbers with their digits).
   std::string format = {};
-  /// Texts shown, and offered when editing, in the place of values.
+  /// Texts shown, and offered when editing, instead of values.
   ValueWords list = {};
   int width = 0;  ///< in characters; 0: by the field's type and size
   bool readOnly = false;
   bool visible = true;
 };
 
-/// A value as a cell of the column shows it; Null is empty. Never throws: what the format cannot
-/// show reads as it is.
+/// The text of a value in a cell of the column; Null is empty. Never throws: a value that the
+/// format cannot show is shown unformatted.
 QString ShownText(const Value& value, const GridColumn& column);
 
 /// True when a value reads as a word that stands for it: of the list, "Da" or "Nu".
@@ -35,8 +35,8 @@ bool IsWord(const Value& value, const GridColumn& column);
 /// A value as it is typed into the column: a number with all its digits.
 QString CellEditText(const Value& value, const GridColumn& column);
 
-/// The value that a typed text means: of the list, Null for an empty one, else the text for the
-/// field to convert.
+/// The value of a typed text: one of the list, Null for an empty text, otherwise the text, which
+/// the field converts.
 Value CellValue(const QString& typed, const GridColumn& column);
 
 /// The width in characters that suits a column's caption and field.

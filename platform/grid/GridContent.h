@@ -1,4 +1,4 @@
-// What a grid shows, for whoever takes it elsewhere: paper, the clipboard, a spreadsheet.
+// A copy of a grid's content for paper, the clipboard or a spreadsheet.
 #pragma once
 
 #include <QString>
@@ -12,36 +12,36 @@
 
 namespace tevra {
 
-/// Columns on show from left to right, rows in the order on show. Independent of its grid: the grid
-/// may sort, show other rows or close meanwhile.
+/// The visible columns from left to right and the rows in their order. It does not depend on its
+/// grid, which may sort, show other rows or close meanwhile.
 class GridContent {
  public:
   struct Column {
     GridColumn shown;
-    std::optional<std::size_t> field;  ///< in the rows; nothing when they lack it
+    std::optional<std::size_t> field;  ///< in the rows; nothing when they do not have it
     FieldType type = FieldType::Text;
     Qt::Alignment alignment;
     int width = 0;   ///< on the screen, in pixels
-    QString footer;  ///< what stands under it; empty for none
+    QString footer;  ///< the text below it; empty for none
     bool footed = false;
   };
 
-  /// `rows`: a recordset of its own; `places`: the rows wanted in it, all of them without.
+  /// `rows`: its own recordset; `places`: the rows to include; without them all rows.
   GridContent(Recordset rows, std::vector<Column> columns,
               std::optional<std::vector<std::size_t>> places = {});
 
   const std::vector<Column>& Columns() const { return columns_; }
   std::size_t RowCount() const { return count_; }
 
-  /// The value of a cell; Null when its row or its field is gone. Throws Failure when the file
-  /// cannot be read: a list taken elsewhere is whole or not at all.
+  /// The value of a cell; Null when its row or field no longer exists. Throws Failure when the file
+  /// cannot be read, because a copied list must be complete.
   Value ValueAt(std::size_t row, std::size_t column) const;
 
-  /// Puts the sums of these very rows under the footed columns, in the columns' own formats: what
-  /// stands under the grid may be of other rows. Throws as ValueAt.
+  /// Replaces the footers by the sums of these rows, in the columns' formats, because the grid's
+  /// footers may belong to other rows. Throws like ValueAt.
   void SumFooters();
 
-  /// The same as the grid shows it.
+  /// The text of a cell, as the grid shows it.
   QString TextAt(std::size_t row, std::size_t column) const;
 
  private:

@@ -36,7 +36,7 @@ void GridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) cons
 
 void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
                                 const QModelIndex& index) const {
-  // A value that the list lacks stays, unless one of the list is picked over it.
+  // A value that is not in the list is kept unless the user picks another one.
   if (auto* combo = qobject_cast<QComboBox*>(editor)) {
     if (combo->currentIndex() >= 0) model->setData(index, combo->currentText());
   }

@@ -1,4 +1,4 @@
-// How a grid's cells look, and what is typed into them.
+// Paints and edits a grid's cells.
 #pragma once
 
 #include <QStyledItemDelegate>

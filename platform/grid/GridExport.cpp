@@ -6,9 +6,9 @@ namespace tevra {
 
 namespace {
 
-constexpr double kPixelsOfCharacter = 7.0;  // of the sheets' usual font
+constexpr double kPixelsOfCharacter = 7.0;  // in the default font of spreadsheets
 
-// A break inside a cell would begin another row or column.
+// A line break or tab inside a cell would start another row or column.
 QString OnOneLine(QString text) {
   for (QChar& c : text) {
     if (c.unicode() < ' ') c = ' ';

@@ -1,4 +1,4 @@
-// A list taken out of the program: to files, to the clipboard.
+// Copies a list to files or to the clipboard.
 #pragma once
 
 #include "platform/export/ExportTable.h"
@@ -8,10 +8,10 @@ class QMimeData;
 
 namespace tevra {
 
-/// The list as SaveSpreadsheet and SaveCsv of platform/export write it. `content` outlives it.
+/// The list for SaveSpreadsheet and SaveCsv of platform/export. `content` must outlive it.
 ExportTable TableOf(const GridContent& content, const QString& title);
 
-/// The rows as a table for the clipboard, captions first, each cell as it reads: as text with tabs
+/// The rows as a table for the clipboard, captions first, with the cells' texts: as text with tabs
 /// and as HTML. The caller owns it.
 QMimeData* ClipboardTable(const GridContent& content);
 

@@ -1,4 +1,4 @@
-// The strip of totals under a grid, column for column.
+// The strip of totals below a grid, aligned with its columns.
 #pragma once
 
 #include <QTableView>

@@ -40,7 +40,7 @@ void GridHeader::mousePressEvent(QMouseEvent* event) {
   QHeaderView::mousePressEvent(event);
 }
 
-// Outside the header the column stays where it is.
+// Outside the header the column does not move.
 void GridHeader::mouseMoveEvent(QMouseEvent* event) {
   if (pressed_ >= 0 && event->buttons() & Qt::LeftButton) {
     emit DraggedAbove(pressed_, event->globalPosition().toPoint());
@@ -53,7 +53,7 @@ void GridHeader::mouseReleaseEvent(QMouseEvent* event) {
   const int dragged = std::exchange(pressed_, -1);
   const bool above = dragged >= 0 && event->position().y() < -kUp;
   if (above) {
-    // The header ends its own drag where it began.
+    // Ends the header's own drag at its starting point.
     QMouseEvent back(QEvent::MouseMove, pressedAt_, mapToGlobal(pressedAt_), Qt::NoButton,
                      Qt::LeftButton, event->modifiers());
     QHeaderView::mouseMoveEvent(&back);

@@ -13,7 +13,7 @@ class GridHeader : public QHeaderView {
  public:
   explicit GridHeader(QWidget* parent);
 
-  /// As high as the captions need in their lines.
+  /// The height that the captions need in their lines.
   QSize sizeHint() const override;
 
  signals:
@@ -30,7 +30,7 @@ class GridHeader : public QHeaderView {
   QPoint pressedAt_;
 };
 
-/// Shows which row is the current one; a press marks rows.
+/// Shows the current row; pressing it selects rows.
 class RecordSelectors : public QHeaderView {
   Q_OBJECT
 

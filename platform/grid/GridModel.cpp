@@ -43,7 +43,8 @@ const FieldInfo* GridModel::Field(int column) const {
   return field ? &source_->Recordset().Field(*field) : nullptr;
 }
 
-// The view may ask for a row that has just gone; an unreadable file is told by whoever changes it.
+// The view may ask for a row that was just deleted; a file that cannot be read is reported by the
+// next change.
 Value GridModel::ValueOf(int row, int column) const {
   const auto& field = fields_[static_cast<std::size_t>(column)];
   if (!field) return {};

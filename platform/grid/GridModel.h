@@ -1,4 +1,4 @@
-// The rows of a data source as a grid's view asks for them: cell by cell, for what is on show.
+// The rows of a data source as a Qt model; the view reads the visible cells.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -21,9 +21,9 @@ class GridModel : public QAbstractTableModel {
   const std::vector<GridColumn>& Columns() const { return columns_; }
   void SetSource(Adodc* source);
 
-  /// Rows or columns are others now.
+  /// To be called when rows or columns have changed.
   void Reload();
-  /// Values of one row changed.
+  /// To be called when values of one row have changed.
   void Repaint(int row);
 
   bool allowUpdate = false;

@@ -1,4 +1,4 @@
-// A list on paper.
+// Prints a list.
 #pragma once
 
 #include <QString>
@@ -12,14 +12,14 @@ class QRectF;
 
 namespace tevra {
 
-/// What stands around a printed list. In header and footer "\t" begins the next part of the line
-/// and "\p" is the page number.
+/// The texts around a printed list. In header and footer "\t" starts the next part of the line and
+/// "\p" is the page number.
 struct GridPrintInfo {
   QString header = {};
   bool headerBold = false;
   QString above = {};  ///< a line between header and column heads
   QString footer = "\tPagina: \\p";
-  /// Painted below the last row across the page, such as a chart; this many points high.
+  /// Paints something below the last row, such as a chart, across the page; this many points high.
   double appendixHeight = 0;
   std::function<void(QPainter& painter, const QRectF& area)> appendix = {};
   std::string paperKind = {};  ///< as PagedDocument has it; empty: the grid's screen and name
@@ -29,7 +29,7 @@ struct GridPrintInfo {
 /// and the document.
 void PreviewGrid(const GridContent& content, const GridPrintInfo& info, const QString& title);
 
-/// The same behind the dialog of the page's set-up; nothing when the user gives that up.
+/// The same after the page set-up dialog; does nothing when the user cancels it.
 void PreviewGridAfterSetup(const GridContent& content, const GridPrintInfo& info,
                            const QString& title);
 

@@ -68,14 +68,14 @@ void GridTools::PlaceButton() {
 
 // ---- Menus --------------------------------------------------------------------------------------
 
-// Goes with the grid, also when that goes while the menu is open.
+// Deleted with the grid, even when that is deleted while the menu is open.
 QMenu& GridTools::NewMenu() {
   auto* menu = new QMenu(&grid_);
   menu->setAttribute(Qt::WA_DeleteOnClose);
   return *menu;
 }
 
-// What the mouse does by dragging a header, from the keyboard too.
+// The same as dragging a header by mouse, for the keyboard.
 void GridTools::ShowHeaderMenu(int column, const QPoint& globalPosition) {
   if (column < 0 || column >= static_cast<int>(grid_.Columns().size())) return;
   if (key_.empty() && !grid_.HasGroupArea()) return;
@@ -229,7 +229,7 @@ void GridTools::RestoreColumns() {
   kept_ = ArrangementOf(header, fields);
 }
 
-// Without settings the columns stand tomorrow as the screen gives them: no reason to disturb.
+// When settings cannot be stored, the screen's own columns return next time; no message is needed.
 void GridTools::KeepColumns() {
   if (key_.empty() || kept_.empty()) return;
   const std::string now = ArrangementOf(*grid_.View()->horizontalHeader(), FieldsOf(grid_));

@@ -1,5 +1,5 @@
-// What people do with any list beside reading it: its menus, what they do, and the memory of the
-// user's columns.
+// The commands of all lists: their menus, the commands, and remembering the user's
+// columns.
 #pragma once
 
 #include <QObject>
@@ -18,7 +18,7 @@ namespace tevra {
 class DataGrid;
 struct ExportTable;
 
-/// Belongs to a grid, which tells it where and when. Before SetUp there is no menu and no memory.
+/// Belongs to a grid, which calls it. Before SetUp there is no menu and nothing is remembered.
 class GridTools : public QObject {
   Q_OBJECT
 
@@ -27,26 +27,26 @@ class GridTools : public QObject {
 
   void SetUp(const std::string& key, const QString& title);
 
-  /// The menu of a column's head: sorting, and the column itself.
+  /// The menu of a column header: sorting, and the column itself.
   void ShowHeaderMenu(int column, const QPoint& globalPosition);
   /// The menu of the list, and that of a row: what the screen does with it, then the list's.
   void ShowMenu(const QPoint& globalPosition);
   void ShowRowMenu(const QPoint& globalPosition);
 
-  /// The marked rows as a table; without any the text of the current cell.
+  /// The selected rows as a table; without any the text of the current cell.
   void Copy();
   void ExportSpreadsheet();
   void ExportCsv();
-  /// The preview of the marked rows where there are several, else of all.
+  /// The preview of the selected rows if there are several, otherwise of all rows.
   void Print();
   void ChooseColumns();
 
-  /// Brings the user's columns back; keeps them where he changed them; forgets them.
+  /// Restore the user's columns, store them if changed, and remove them from the settings.
   void RestoreColumns();
   void KeepColumns();
   void Forget();
 
-  /// Puts the button into the corner above the strip at the rows' left.
+  /// Places the button in the corner above the strip at the rows' left.
   void PlaceButton();
 
  private:
@@ -61,7 +61,7 @@ class GridTools : public QObject {
   std::string key_;
   QString title_;
   QToolButton* button_ = nullptr;
-  std::string kept_;  // the arrangement that the settings hold, or the screen's own
+  std::string kept_;  // the stored arrangement, or the screen's own
 };
 
 }  // namespace tevra

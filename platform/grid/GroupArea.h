@@ -1,5 +1,5 @@
-// The strip above a grid's headers: a header dropped here groups, and what the list is sorted by
-// stands here.
+// The strip above a grid's headers: a header dropped here groups, and it shows the columns by which
+// the list is sorted.
 #pragma once
 
 #include <QWidget>
@@ -15,9 +15,9 @@ class GroupArea : public QWidget {
   explicit GroupArea(QWidget* parent);
 
   void SetText(const QString& text);
-  /// The captions by which the list is sorted; none shows the text.
+  /// The captions by which the list is sorted; without any the hint is shown.
   void SetSorted(const std::vector<QString>& captions, bool descending);
-  /// A dragged header stands above it, or no longer does.
+  /// Whether a dragged header is above it.
   void SetHovered(bool hovered);
 
   QSize sizeHint() const override;

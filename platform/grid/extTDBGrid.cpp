@@ -49,7 +49,7 @@ void extTDBGrid::Sort() {
   if (sortType_ == kNone || !grid_ || !grid_->DataSource()) return;
   std::vector<std::string> fields = grid_->GroupColumns();
   grid_->ResetGroups();
-  // The area still shows by what the list is sorted: that is what another direction is asked for.
+  // The area still shows the sorted columns; another direction applies to them.
   if (fields.empty()) fields = grid_->SortFields();
   SortBy(fields, sortType_ == kDescending);
 }

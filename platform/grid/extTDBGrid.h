@@ -1,4 +1,4 @@
-// The companion of a list: a header dragged into the group area of the grid sorts the list.
+// Sorts a list when a header is dragged into the group area of its grid.
 #pragma once
 
 #include <QObject>
@@ -9,7 +9,7 @@
 
 namespace tevra {
 
-/// Invisible; lives on the form beside the grid.
+/// An invisible control of the form.
 class extTDBGrid : public QObject {
   Q_OBJECT
 
@@ -20,16 +20,16 @@ class extTDBGrid : public QObject {
   long SortType() const { return sortType_; }
   void SetSortType(long type) { sortType_ = type; }
 
-  /// Looks the grid up among the form's controls by its name and attaches to it; the empty name
-  /// does nothing.
+  /// Finds the grid among the form's controls by its name and attaches to it; the empty name has no
+  /// effect.
   void SetTDBGridName(const std::string& name);
   const std::string& TDBGridName() const { return name_; }
 
   void SetTDBGrid(DataGrid* grid);
   DataGrid* TDBGrid() const { return grid_; }
 
-  /// Sorts the grid's rows by the columns in its group area and takes them out of it; without any
-  /// there, anew by those that it is sorted by. Nothing happens without a grid or with SortType 0.
+  /// Sorts the grid's rows by the columns in its group area and removes them from it; if there are
+  /// none, by the current sort columns again. Without a grid and with SortType 0 it has no effect.
   /// Throws Failure.
   void Sort();
 

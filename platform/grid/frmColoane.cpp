@@ -88,7 +88,7 @@ void frmColoane::SetAll(Qt::CheckState state) {
   for (int row = 0; row < lstColoane->count(); ++row) lstColoane->item(row)->setCheckState(state);
 }
 
-// A list without columns would show nothing to come back from.
+// A list without columns would offer nothing to show them again.
 void frmColoane::FollowChoice() {
   const std::vector<ColumnChoice> choices = Choices();
   cmdAccept->setEnabled(std::any_of(choices.begin(), choices.end(),

@@ -1,4 +1,4 @@
-// The columns of a list: which are shown, and in which order.
+// The window for choosing the columns of a list and their order.
 #pragma once
 
 #include <QListWidget>
@@ -11,13 +11,13 @@
 namespace tevra {
 
 struct ColumnChoice {
-  int column;  ///< in the grid's own numbering
+  int column;  ///< in the grid's numbering
   QString caption;
   bool shown;
 };
 
-/// Asks the user; the choices in the order wanted, or nothing when he gave up. At least one column
-/// is always shown.
+/// Asks the user; returns the chosen columns in their order, or nothing when the user cancelled. At
+/// least one column is always visible.
 std::optional<std::vector<ColumnChoice>> ChooseFrom(const std::vector<ColumnChoice>& choices,
                                                     const QString& title, QWidget* parent);
 

@@ -1,4 +1,4 @@
-// Today and now, from one place that a test can set.
+// The current date and time, which a test can set.
 #pragma once
 
 #include "platform/text/DateTime.h"
@@ -10,7 +10,7 @@ DateTime Today();
 /// The machine's local date and time, or the moment set.
 DateTime Now();
 
-/// From now on Today and Now answer this moment; for tests.
+/// For tests: from now on Today and Now return this moment.
 void Set(const DateTime& moment);
 void Reset();
 

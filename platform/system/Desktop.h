@@ -1,5 +1,5 @@
-// What the program asks of the desktop around it: a file from the user, a file shown by its viewer.
-// The front end or a test says how.
+// File dialogs and viewers of the desktop. The front end or a test sets the
+// handlers.
 #pragma once
 
 #include <functional>
@@ -14,7 +14,7 @@ struct OpenFileRequest {
   std::string directory;  ///< where the dialog starts
 };
 
-/// The file chosen, which exists; nothing when the user gave up.
+/// The chosen file, which exists; nothing when the user cancelled.
 using OpenFileHandler = std::function<std::optional<std::string>(const OpenFileRequest&)>;
 OpenFileHandler SetOpenFileHandler(OpenFileHandler handler);
 std::optional<std::string> AskOpenFile(const OpenFileRequest& request);
@@ -22,18 +22,18 @@ std::optional<std::string> AskOpenFile(const OpenFileRequest& request);
 struct SaveFileRequest {
   std::string title;
   std::string filter;     ///< as for OpenFileRequest
-  std::string name;       ///< the file name offered, without a folder
-  std::string extension;  ///< such as "pdf": what a name typed without one gets
+  std::string name;       ///< the proposed file name, without a folder
+  std::string extension;  ///< such as "pdf"; added to a name typed without one
 };
 
-/// The file to write, whether it exists (the user agreed to lose what it holds) or not; nothing
-/// when the user gave up.
+/// The file to write; when it exists, the user agreed to replace it. Nothing when the user
+/// cancelled.
 using SaveFileHandler = std::function<std::optional<std::string>(const SaveFileRequest&)>;
 SaveFileHandler SetSaveFileHandler(SaveFileHandler handler);
 std::optional<std::string> AskSaveFile(const SaveFileRequest& request);
 
-/// Shows a file in the program that the desktop has for it. Throws Failure 53 when it is missing,
-/// 70 or another with the reason when nothing can show it.
+/// Shows a file in the desktop's program for it. Throws Failure 53 when it is missing, 70 or
+/// another one with the reason when no program can show it.
 using ViewerHandler = std::function<void(const std::string& file)>;
 ViewerHandler SetViewerHandler(ViewerHandler handler);
 void ShowInViewer(const std::string& file);

@@ -1,12 +1,12 @@
-// One program at a time in a folder, for work that reads a file, changes it and writes it anew.
+// Lets one program at a time work in a folder, to read, change and rewrite a file.
 #pragma once
 
 #include <filesystem>
 
 namespace tevra {
 
-/// Waits until nobody else holds the folder and holds it as long as it lives; a program that dies
-/// lets go. Binds only those who ask. Throws Failure 76 when there is no such folder.
+/// Waits until no other program holds the lock and holds it while the object lives; a program that
+/// dies releases it. It is advisory. Throws Failure 76 when there is no such folder.
 class FolderLock {
  public:
   explicit FolderLock(const std::filesystem::path& folder);

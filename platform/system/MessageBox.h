@@ -1,4 +1,4 @@
-// How a message reaches the user and an answer comes back: the front end or a test says how.
+// Messages to the user and their answers. The front end or a test sets how they are shown.
 #pragma once
 
 #include <array>
@@ -20,10 +20,10 @@ enum MessageButtons : long {
   kQuestion = 32,
   kExclamation = 48,
   kInformation = 64,
-  kHelpButton = 16384,  ///< one more button, which asks for help and leaves the message open
+  kHelpButton = 16384,  ///< an additional button, which asks for help and keeps the message open
 };
 
-/// The code of the pressed button.
+/// The codes of the buttons.
 enum MessageAnswer : long {
   kOk = 1,
   kCancel = 2,
@@ -45,18 +45,18 @@ enum MessageMask : long {
 
 struct MessageButton {
   long answer;          ///< its code
-  const char* caption;  ///< unless the message brings its own
+  const char* caption;  ///< unless the message has its own
 };
 
 /// The buttons of a word, from left to right; the help button, if any, is the last.
 std::vector<MessageButton> ButtonsOf(long word);
 
 /// The answer of the button that changes nothing, for a message that nobody answers: Cancel, No,
-/// Abort, else the last button.
+/// Abort, otherwise the last button.
 long HarmlessAnswer(long word);
 
-/// The place in ButtonsOf of the button that Enter presses; the first where the word names none
-/// there is.
+/// The index in ButtonsOf of the button that Enter presses; 0 when the word names no existing
+/// button.
 std::size_t DefaultButton(long word);
 
 struct MessageRequest {
@@ -68,11 +68,11 @@ struct MessageRequest {
 
 using MessageHandler = std::function<long(const MessageRequest&)>;
 
-/// Sets who shows messages; returns who did before. Without one a message goes to the error output
-/// and its answer is the harmless one.
+/// Sets the handler that shows messages and returns the previous one. Without a handler a message
+/// goes to the error output and gets the harmless answer.
 MessageHandler SetMessageHandler(MessageHandler handler);
 
-/// The title of messages that have none of their own.
+/// The title of messages without their own title.
 void SetApplicationTitle(std::string title);
 
 /// Shows a message and returns the answer's code.

@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Whether the name is taken, be it by a link that leads nowhere.
+/// Whether the name exists, also as a broken link.
 bool IsThere(const fs::path& path) {
   std::error_code error;
   return fs::exists(fs::symlink_status(path, error));
@@ -31,8 +31,8 @@ std::vector<std::string> PartsOf(std::string_view written) {
   return parts;
 }
 
-/// The entry of `folder` whose name is `part` but for the case, the first in byte order when there
-/// are several; `part` itself when there is none.
+/// The entry of `folder` whose name is `part` without case, the first in byte order when there are
+/// several; `part` itself when there is none.
 std::string EntryNoCase(const fs::path& folder, const std::string& part) {
   const std::string wanted = LCase(part);
   std::string found;

@@ -1,12 +1,12 @@
-// How far long work is, told by what works to whoever waits.
+// Reports the progress of long work.
 #pragma once
 
 #include <functional>
 
 namespace tevra {
 
-/// Told from time to time: what is done, of how much (0 while nobody knows). False gives the work
-/// up.
+/// Called from time to time with the amount done and the total (0 while it is unknown). Returning
+/// false cancels the work.
 using Progress = std::function<bool(int done, int of)>;
 
 }  // namespace tevra

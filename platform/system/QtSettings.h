@@ -1,4 +1,4 @@
-// The settings of the user at the machine, in the file Setari_IMO.ini of the user's configuration
+// The user's settings in the file Setari_IMO.ini of the user's configuration
 // folder.
 #pragma once
 

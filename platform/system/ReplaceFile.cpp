@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
+constexpr mode_t kNewFileMode = 0666;  // reduced by the user's umask
 
 long NumberOf(int systemError) {
   switch (systemError) {
@@ -59,7 +59,7 @@ fs::path FolderOf(const fs::path& file) {
   return folder.empty() ? fs::path(".") : folder;
 }
 
-/// A name that nobody can foresee, so that in a shared folder nobody can lay a link there first.
+/// An unpredictable name, so that in a shared folder nobody can create a link there first.
 std::string TemporaryName() {
   std::random_device device;
   const std::uint64_t number = (std::uint64_t{device()} << 32) | device();
@@ -86,7 +86,7 @@ class TemporaryFile {
 
   const fs::path& Path() const { return path_; }
 
-  /// Gives the file the rights of the one that it replaces and waits until it is on the disk.
+  /// Gives the file the permissions of the one that it replaces and flushes it to the disk.
   void Flush() const {
     const Descriptor file(path_, O_RDONLY);
     if (!file.IsOpen()) ThrowFor(errno, target_);
@@ -106,8 +106,8 @@ class TemporaryFile {
   bool placed_ = false;
 };
 
-/// Makes the new name last through a power cut. Some media cannot flush a folder; they are left to
-/// keep the old file or the new one as they do.
+/// Makes the new name survive a power failure. Some media cannot flush a folder; there either the
+/// old or the new file survives.
 void FlushFolder(const fs::path& folder) {
   const Descriptor open(folder, O_RDONLY | O_DIRECTORY);
   if (open.IsOpen()) fsync(open.Number());
@@ -118,7 +118,7 @@ void FlushFolder(const fs::path& folder) {
 void ReplaceFile(const fs::path& target,
                  const std::function<void(const fs::path& temporary)>& write) {
   std::error_code error;
-  // Behind a link the file itself is replaced; the link stays a link.
+  // For a link, the file behind it is replaced and the link is kept.
   fs::path file = target;
   if (fs::is_symlink(target, error)) {
     file = fs::canonical(target, error);

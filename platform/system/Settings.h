@@ -1,4 +1,4 @@
-// What the program remembers for a user from one start to the next.
+// The settings that the program keeps for a user.
 #pragma once
 
 #include <map>
@@ -8,19 +8,19 @@
 
 namespace tevra {
 
-/// Settings by name. Values are texts in a form that no locale changes: a number with a decimal
+/// Settings by name. Values are texts that do not depend on the locale: a number with a decimal
 /// point, a folder as the user chose it.
 class SettingsStore {
  public:
   virtual ~SettingsStore() = default;
 
-  /// The value, nothing when it was never set.
+  /// The value; nothing when it was never set.
   virtual std::optional<std::string> Get(const std::string& key) const = 0;
 
-  /// Keeps the value before it returns. Throws Failure 70 when it cannot be kept.
+  /// Stores the value before it returns. Throws Failure 70 when it cannot be stored.
   virtual void Set(const std::string& key, const std::string& value) = 0;
 
-  /// Forgets the value; a name that was never set is no failure. Throws Failure 70 as Set does.
+  /// Removes the value; an unknown name is no failure. Throws Failure 70 like Set.
   virtual void Remove(const std::string& key) = 0;
 };
 
@@ -35,15 +35,15 @@ class MemorySettings : public SettingsStore {
   std::map<std::string, std::string> values_;
 };
 
-/// The name under which the databases' folder is kept, with one separator at its end.
+/// The name of the setting with the databases' folder, which ends with one separator.
 inline constexpr char kDatabasesPath[] = "DatabasesPath";
 
-/// The program's settings: what SetSettings was given, else settings in memory, so that a program
-/// which does not ask for the user's own never touches them.
+/// The program's settings: those of SetSettings, otherwise settings in memory, so that only a
+/// program that calls SetSettings uses the user's own.
 SettingsStore& Settings();
 
-/// Sets the program's settings and returns those before, if any; without a store the ones in memory
-/// begin anew.
+/// Sets the program's settings and returns the previous ones, if any; without a store, empty
+/// settings in memory are used.
 std::unique_ptr<SettingsStore> SetSettings(std::unique_ptr<SettingsStore> store);
 
 }  // namespace tevra

@@ -1,4 +1,4 @@
-// The standard forms in which a failure is told to the user.
+// The standard messages for failures.
 #pragma once
 
 #include <string>
@@ -7,12 +7,12 @@
 
 namespace tevra {
 
-/// Where an error message says that something failed.
+/// The place of a failure, as named in the message.
 struct Procedure {
   std::string name;
   std::string kind;  ///< "Form", "Module", "Class Module", "User Control"
   std::string module;
-  int line = 0;  ///< the statement counter, kept for this message alone
+  int line = 0;  ///< the statement counter, used only in this message
 };
 
 /// The long form: number, description, procedure, module and statement counter.
@@ -21,9 +21,9 @@ std::string StandardErrorText(const Failure& failure, const Procedure& procedure
 /// The short form: number and description.
 std::string ShortErrorText(const Failure& failure);
 
-/// What is being caught, as a failure: call it in a catch block. Whatever is no failure of ours
-/// becomes one (7 out of memory, else 51). The failure goes into the log: who asks for it is about
-/// to show it.
+/// The exception being caught, as a Failure; call it in a catch block. Other exceptions become
+/// failures (7 out of memory, otherwise 51). The failure goes into the log: who asks for it is
+/// about to show it.
 Failure CaughtFailure();
 /// The same; the log names the procedure too.
 Failure CaughtFailure(const Procedure& procedure);

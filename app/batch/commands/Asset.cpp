@@ -50,7 +50,7 @@ void WriteCsv(const Recordset& asset, std::ostream& out) {
   writer.WriteRow(values);
 }
 
-// A rate keeps its digits: two decimals would be none.
+// A rate is shown with all its digits, because two decimals would show 0.
 Value Shown(const Recordset& asset, const std::string& field) {
   const Value& value = asset.Get(field);
   if (value.IsNull()) return value;

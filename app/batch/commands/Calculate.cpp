@@ -13,14 +13,14 @@ namespace tevra::batch {
 
 namespace {
 
-// Where the file is not to blame, the run says which asset is.
+// Unless the file is the reason, the run says which asset failed.
 std::string Reason(const Failure& failure) {
   const std::string& file = CurrentSession().selectedDatabase;
   const bool namesFile = failure.Description().find(file) != std::string::npos;
   return ErrorText(failure, namesFile || failure.Source().empty() ? file : failure.Source());
 }
 
-// The month stays calculated when its postings fail; both are said.
+// When the postings fail the month stays calculated; the output says both.
 void Post(const DateTime& date, std::ostream& out) {
   try {
     Connection connection(CurrentSession().connectionString);

@@ -27,30 +27,30 @@ void CreateCompany(const std::string& directory, const std::string& code, const 
 void RebuildList(const std::string& directory, std::ostream& out);
 
 /// Loads the rows of a CSV file ("-": of the standard input) into a table of the open company, all
-/// or none. Tells each refused row with its line on the error output and then throws Refusal;
-/// throws it too for a table that the user may not change.
+/// or none. Prints each refused row with its line on the error output and then throws Refusal. Also
+/// throws Refusal for a table that the user may not change.
 void LoadFile(const std::string& file, const std::string& table, const Streams& streams);
 
 /// Reads 31.12.2006 or 2006-12-31; throws Refusal for anything else.
 DateTime ParseDate(const std::string& text);
 
-/// The monthly run over all assets; `post`: then its postings, unless the run failed. Throws
-/// Refusal, the reason in its words, when one of them was not done.
+/// The monthly run over all assets and, with `post`, its postings after a successful run. Throws
+/// Refusal with the reason when one of them failed.
 void Calculate(const DateTime& date, bool post, std::ostream& out);
 
-/// Brings one asset up to a date, as a disposal does, and writes what that gave. Throws Refusal
-/// when no asset has the COD, or it cannot be calculated.
+/// Calculates one asset for a date, like a disposal, and prints the result. Throws Refusal when no
+/// asset has the COD or it cannot be calculated.
 void CalculateOneAsset(Connection& company, const std::string& cod, const DateTime& date, bool csv,
                        std::ostream& out);
 
-/// Makes the plan of an asset by its NRCRT and writes it. Throws Refusal for an asset that is not
-/// there or has no plan, Failure where it cannot be made; the plan made before is then still there.
+/// Makes the plan of an asset by its NRCRT and prints it. Throws Refusal for an unknown asset or
+/// one without a plan, Failure when the plan cannot be made; the previous plan is then kept.
 void WritePlan(const std::string& nrcrt, bool csv, std::ostream& out);
 
 /// Writes all assets by number and the six totals of their list.
 void ListAssets(bool csv, std::ostream& out);
 
-/// Writes the month's charge of every asset as the last run left it, by groups with their sums.
+/// Prints the month's charge of every asset after the last run, in groups with their sums.
 void ListCharges(Grouping grouping, bool csv, std::ostream& out);
 
 /// Writes the report that the line asks for as a PDF and tells where; what the user should look at

@@ -31,7 +31,7 @@ LoadResult Load(Connection& connection, std::istream& csv, const std::string& ta
   try {
     Transaction transaction(connection);
     const LoadResult result = LoadTable(connection, csv, table);
-    // A file that broke off while it was read is not "all rows".
+    // A file that could not be read to its end does not contain all rows.
     if (csv.bad()) throw Refusal("Fisierul \"" + source + "\" nu poate fi citit !");
     if (result.refused.empty()) transaction.Commit();
     return result;

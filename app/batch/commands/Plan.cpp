@@ -30,7 +30,7 @@ constexpr std::array<Column, 9> kColumns{{
     {"VALRAMASA_VAL", "Valoare ramasa de amortizat USD"},
 }};
 
-// A number in digits alone: "1,4" is no asset.
+// Digits only: "1,4" is not an asset's number.
 std::optional<std::int32_t> WholeNumber(const std::string& text) {
   std::int32_t number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -84,7 +84,7 @@ void WriteTable(Recordset& years, std::ostream& out) {
 void WritePlan(const std::string& nrcrt, bool csv, std::ostream& out) {
   Connection connection(CurrentSession().connectionString);
   RequirePlan(connection, nrcrt);
-  // What is printed is this plan, also while somebody else makes another one.
+  // Prints this plan even when another user makes another one meanwhile.
   Transaction transaction(connection);
   MakePlan(connection, nrcrt);
   Recordset years = connection.OpenRecordset("select * from I_PLANAMO");
