@@ -89,7 +89,8 @@ TEST_P(RecordsetTest, FilterKeepsTheRowsThatMeetIt) {
       {"100 101", "DENUMIRE LIKE '%u%'|NRCRT <= 2|COD_LOC <> Null"},
       {"101 102", "VAL >= 99.25 AND VAL < 1500.5"},
       {"100", "VAL > '99,25' and COD_LOC = 'A'|DATA_PF = #01/07/2005#"},
-      {"100 101 102", "IESIRE = False|"},
+      {"101", "COD_LOC <> 'A'"},
+      {"100 101 102", "IESIRE = False|IESIRE = 'False'|"},
       {"", "IESIRE = 'True'|DENUMIRE = 'D''Arc'"}};
   for (const auto& [codes, filters] : cases) {
     for (const auto& criteria : Parts(filters)) {

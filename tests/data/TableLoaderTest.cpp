@@ -80,7 +80,7 @@ TEST_F(TableLoader, ValuesThatAreRefusedNameTheirFieldOnce) {
       {"VAL_CUMP", "VAL_CUMP: Type mismatch", "\"1,5\"|\"1.234,56\"|1 000|nan|inf"},
       {"VAL_CUMP", "VAL_CUMP: Overflow: 1e999", "1e999"},
       {"DATA_ACH", "DATA_ACH: Type mismatch", "31.02.2006|2006-02-30|12/31/2006|38000"},
-      {"BLOCATA", "BLOCATA: Type mismatch", "2|0.5|x"},
+      {"BLOCATA", "BLOCATA: Type mismatch", "2|-2|0.5|x"},
       {"COD", "Valoare neacceptata: COD: 21 caractere, cel mult 20", "123456789012345678901"},
       {"DENUMIRE", "Valoare neacceptata: DENUMIRE: nu este un text", "a\xFF|\xC8"}};
   for (const auto& c : cases) {
@@ -139,6 +139,7 @@ TEST_F(TableLoader, AFileOrTableIsRefusedAsAWhole) {
        Parts("NIMIC|qryContLinii|sys_parola|SYS_PAROLA|sqlite_sequence|sqlite_master")) {
     EXPECT_EQ(FailureOf([&] { Load(table, "COD\n1\n"); }), kItemNotFound) << table;
   }
+  EXPECT_EQ(FailureOf([&] { Load("sys_parola", "SARE,PASI,AMPRENTA\na,1,b\n"); }), kItemNotFound);
   const std::vector<std::pair<const char*, long>> files = {
       {"COD,CULOARE\n1,2\n", kItemNotFound},
       {"COD,\n1,2\n", kItemNotFound},

@@ -59,6 +59,14 @@ TEST(ValueTest, OrdersAsTheFileDoes) {
   EXPECT_FALSE(Value(1) == Value(1.0));
 }
 
+TEST(ValueTest, ATextIsMeasuredInCharacters) {
+  FieldDef field;
+  field.name = "T";
+  field.size = 2;
+  EXPECT_EQ(ConvertToField("șț", field), Value("șț"));
+  EXPECT_EQ(FailureOf([&] { ConvertToField("șță", field); }), kValueNotAccepted);
+}
+
 TEST(ValueTest, ADeclaredTypeIsReadWholeOrNotAtAll) {
   FieldDef field;
   for (const auto& declared :

@@ -22,6 +22,7 @@ TEST(FinancialYears, ASaveIsRefusedByTheFirstTestThatFails) {
   const Case kCases[] = {
       {0, DateTime(2026, 1, 1), ""},
       {2, DateTime(2027, 1, 1), ""},
+      {2, DateTime(2027, 1, 1, 11, 0, 0), ""},  // a day counts whole
       {4, DateTime(2027, 12, 31),
        "Data de inceput a perioadei de culegere trebuie sa fie mai mica "
        "decat data de sfarsit ! Salvarea nu se poate efectua !"},

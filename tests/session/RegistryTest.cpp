@@ -70,6 +70,7 @@ TEST_F(Registry, AddingTakesCapitalsAndRefusesWhatIsNoCompany) {
   CompanyRegistry registry = CompanyRegistry::Load(Directory());
   for (const auto& [company, number] : cases) {
     EXPECT_EQ(FailureOf([&, &added = company] { registry.Add(added); }), number) << company.numeBd;
+    EXPECT_FALSE(registry.Rows().IsEditing()) << company.numeBd;
   }
   registry.Save();
   const auto companies = CompanyRegistry::Load(Directory()).Companies();
@@ -97,6 +98,43 @@ TEST_F(Registry, RemovingTakesOneRowAndNothingElse) {
   registry.Remove(RowOf(registry, "03"));
   registry.Save();
   EXPECT_EQ(Content(folder_ / "Societat.XML"), kHead + kTail);
+}
+
+// Two programs work with one file: what each did stays.
+TEST_F(Registry, WhatOthersDidMeanwhileIsTakenIn) {
+  CompanyRegistry mine = CompanyRegistry::Empty(Directory());
+  for (const char* code : {"01", "02"}) mine.Add({code, "Una", std::string("Kelnar") + code});
+  mine.Save();
+  CompanyRegistry other = CompanyRegistry::Load(Directory());
+  other.Remove({"02", "Una", "Kelnar02"});
+  other.Add({"02", "Alta", "Tevra02"});
+  other.Add({"03", "Trei", "Kelnar03"});
+  Recordset rows = other.Rows();
+  rows.MoveFirst();
+  rows.Find("COD = '01'");
+  rows.Set("DENUMIRE", "A lor");
+  rows.Update();
+  other.Save();
+  rows = mine.Rows();
+  rows.MoveFirst();
+  rows.Find("COD = '01'");
+  rows.Set("DENUMIRE", "A mea");
+  rows.Update();
+  mine.Refresh();
+  EXPECT_EQ(mine.Companies(), (std::vector<Company>{{"01", "A mea", "Kelnar01"},
+                                                    {"02", "Alta", "Tevra02"},
+                                                    {"03", "Trei", "Kelnar03"}}));
+  mine.Remove({"03", "Trei", "Kelnar03"});
+  mine.Refresh();
+  EXPECT_FALSE(mine.Find("03")) << "taken in once";
+}
+
+TEST_F(Registry, OfTwoRowsOfOneCompanyTheNamedOneGoes) {
+  const std::string row = "\t<z:row COD='01' NUMEBD='Kelnar01.mdb' DENUMIRE='";
+  Make("Societat.XML", kHead + row + "Una'/>\n" + row + "Alta'/>\n" + kTail);
+  CompanyRegistry registry = CompanyRegistry::Load(Directory());
+  registry.Remove({"01", "Alta", "Kelnar01.mdb"});
+  EXPECT_EQ(registry.Companies(), (std::vector<Company>{{"01", "Una", "Kelnar01.mdb"}}));
 }
 
 TEST_F(Registry, TheFileKeepsItsSpellingAndItsOtherColumns) {
