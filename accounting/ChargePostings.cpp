@@ -12,7 +12,6 @@
 #include "platform/text/Invariant.h"
 #include "platform/text/Numbers.h"
 #include "session/Module1.h"
-#include "session/Session.h"
 
 namespace tevra {
 
@@ -32,24 +31,6 @@ std::string ChargesStatement() {
          "VAL_AMOR_CUMULATA, VAL_RAMASA, VAL_CUMP, VALCHELEI, COTAL_LUNARA,VAL_BLOCATA,BLOCATA "
          "ORDER BY NRCRT" +
          ") S INNER JOIN I_ConturiIM I ON S.CONT=I.CONT ORDER BY S.NRCRT";
-}
-
-// The values that all lines of a month share.
-void SetFixed(cBLLNoteContabile& note, const DateTime& date) {
-  note.Cantit = 1;
-  note.Doc = ChargeDocument(date);
-  note.Marca = note.Doc;
-  note.DataInr = date;
-  note.DocExplicatie = "";
-  note.Tert = Value();
-  note.Utilizator = CurrentSession().userName;
-  note.DataScad = Value();
-  note.Jurnal = "OD";
-  note.cod = "";
-  note.CodSucursala = GetCodSocietate();
-  note.Prov = "I";
-  note.DevCredit = 0;
-  note.DevDebit = 0;
 }
 
 // The assets with their charges, one after another in the order of their numbers.
@@ -144,7 +125,7 @@ std::string ChargeDocument(const DateTime& date) {
 ChargesPosted PostCharges(Connection& connection, const DateTime& date) {
   Transaction transaction(connection);
   cBLLNoteContabile note;
-  SetFixed(note, date);
+  static_cast<NoteLine&>(note) = LineOf("OD", ChargeDocument(date), date);
   connection.Execute("DELETE FROM Kv_LINII WHERE DOC=?", {note.Doc});
   const ChargesPosted posted = WriteNotes(connection, note);
   transaction.Commit();

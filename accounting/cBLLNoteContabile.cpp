@@ -18,44 +18,43 @@ namespace {
 constexpr const char* kTable = "Kv_Linii";
 constexpr long kNoSuchMember = 438;
 
-using Note = cBLLNoteContabile;
-using Property = Value (*)(const Note&);
+using Property = Value (*)(const NoteLine&);
 
 // By the column's name in capitals.
 const std::map<std::string, Property>& Properties() {
   static const std::map<std::string, Property> kProperties{
-      {"NDI", [](const Note& n) { return Value(n.NDI); }},
-      {"NRLINIE", [](const Note& n) { return Value(n.NrLinie); }},
-      {"JURNAL", [](const Note& n) { return Value(n.Jurnal); }},
-      {"DATAINR", [](const Note& n) { return Value(n.DataInr); }},
-      {"CONT", [](const Note& n) { return Value(n.Cont); }},
-      {"EXPL", [](const Note& n) { return Value(n.Expl); }},
-      {"DEBIT", [](const Note& n) { return Value(n.Debit); }},
-      {"CREDIT", [](const Note& n) { return Value(n.Credit()); }},
-      {"DOC", [](const Note& n) { return Value(n.Doc); }},
-      {"MARCA", [](const Note& n) { return Value(n.Marca); }},
-      {"LITM", [](const Note& n) { return Value(n.LitM); }},
-      {"CODBUG", [](const Note& n) { return Value(n.CodBUG); }},
-      {"CODTREZO", [](const Note& n) { return Value(n.CodTREZO); }},
-      {"COD", [](const Note& n) { return Value(n.cod.empty() ? "LEI" : n.cod); }},
-      {"CURS", [](const Note& n) { return Value(n.Curs); }},
-      {"DEVDEBIT", [](const Note& n) { return Value(n.DevDebit); }},
-      {"DEVCREDIT", [](const Note& n) { return Value(n.DevCredit); }},
-      {"CANTIT", [](const Note& n) { return Value(n.Cantit); }},
-      {"TERT", [](const Note& n) { return n.Tert; }},
-      {"TVA_LINREF", [](const Note& n) { return Value(n.TVA_LinRef); }},
-      {"CODOPER", [](const Note& n) { return Value(n.CodOper); }},
-      {"COTATVA", [](const Note& n) { return Value(n.CotaTVA); }},
-      {"PROV", [](const Note& n) { return Value(n.Prov); }},
-      {"CODCC", [](const Note& n) { return Value(n.CodCC); }},
-      {"DATASCAD", [](const Note& n) { return n.DataScad; }},
-      {"UTILIZATOR", [](const Note& n) { return Value(n.Utilizator); }},
-      {"TIMP", [](const Note& n) { return Value(n.Timp); }},
-      {"CODIE", [](const Note& n) { return Value(n.CodIE); }},
-      {"CODSUCURSALA", [](const Note& n) { return Value(n.CodSucursala); }},
-      {"ID_FORMULA", [](const Note& n) { return Value(n.ID_Formula); }},
-      {"DOCEXPLICATIE", [](const Note& n) { return Value(n.DocExplicatie); }},
-      {"TIPDOC", [](const Note& n) { return Value(n.TipDoc); }},
+      {"NDI", [](const NoteLine& n) { return Value(n.NDI); }},
+      {"NRLINIE", [](const NoteLine& n) { return Value(n.NrLinie); }},
+      {"JURNAL", [](const NoteLine& n) { return Value(n.Jurnal); }},
+      {"DATAINR", [](const NoteLine& n) { return Value(n.DataInr); }},
+      {"CONT", [](const NoteLine& n) { return Value(n.Cont); }},
+      {"EXPL", [](const NoteLine& n) { return Value(n.Expl); }},
+      {"DEBIT", [](const NoteLine& n) { return Value(n.Debit); }},
+      {"CREDIT", [](const NoteLine& n) { return Value(n.Credit()); }},
+      {"DOC", [](const NoteLine& n) { return Value(n.Doc); }},
+      {"MARCA", [](const NoteLine& n) { return Value(n.Marca); }},
+      {"LITM", [](const NoteLine& n) { return Value(n.LitM); }},
+      {"CODBUG", [](const NoteLine& n) { return Value(n.CodBUG); }},
+      {"CODTREZO", [](const NoteLine& n) { return Value(n.CodTREZO); }},
+      {"COD", [](const NoteLine& n) { return Value(n.cod.empty() ? "LEI" : n.cod); }},
+      {"CURS", [](const NoteLine& n) { return Value(n.Curs); }},
+      {"DEVDEBIT", [](const NoteLine& n) { return Value(n.DevDebit); }},
+      {"DEVCREDIT", [](const NoteLine& n) { return Value(n.DevCredit); }},
+      {"CANTIT", [](const NoteLine& n) { return Value(n.Cantit); }},
+      {"TERT", [](const NoteLine& n) { return n.Tert; }},
+      {"TVA_LINREF", [](const NoteLine& n) { return Value(n.TVA_LinRef); }},
+      {"CODOPER", [](const NoteLine& n) { return Value(n.CodOper); }},
+      {"COTATVA", [](const NoteLine& n) { return Value(n.CotaTVA); }},
+      {"PROV", [](const NoteLine& n) { return Value(n.Prov); }},
+      {"CODCC", [](const NoteLine& n) { return Value(n.CodCC); }},
+      {"DATASCAD", [](const NoteLine& n) { return n.DataScad; }},
+      {"UTILIZATOR", [](const NoteLine& n) { return Value(n.Utilizator); }},
+      {"TIMP", [](const NoteLine& n) { return Value(n.Timp); }},
+      {"CODIE", [](const NoteLine& n) { return Value(n.CodIE); }},
+      {"CODSUCURSALA", [](const NoteLine& n) { return Value(n.CodSucursala); }},
+      {"ID_FORMULA", [](const NoteLine& n) { return Value(n.ID_Formula); }},
+      {"DOCEXPLICATIE", [](const NoteLine& n) { return Value(n.DocExplicatie); }},
+      {"TIPDOC", [](const NoteLine& n) { return Value(n.TipDoc); }},
   };
   return kProperties;
 }
@@ -88,7 +87,7 @@ class cBLLNoteContabile::Writer {
 
   bool IsFor(const Connection& connection) const { return connection_ == connection; }
 
-  void Write(const cBLLNoteContabile& note) {
+  void Write(const NoteLine& note) {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
       values_[i] = ConvertToField(columns_[i].property(note), columns_[i].field);
     }
@@ -114,14 +113,6 @@ class cBLLNoteContabile::Writer {
 cBLLNoteContabile::cBLLNoteContabile() = default;
 cBLLNoteContabile::~cBLLNoteContabile() = default;
 
-std::string cBLLNoteContabile::Credit() const {
-  return CStr(credit_);
-}
-
-void cBLLNoteContabile::SetCredit(const std::string& text) {
-  credit_ = Value(text).AsDouble();
-}
-
 bool cBLLNoteContabile::EsteNotaValida(std::string& errorText) const {
   errorText.clear();
   const auto missing = [&errorText](const char* what) {
@@ -129,7 +120,7 @@ bool cBLLNoteContabile::EsteNotaValida(std::string& errorText) const {
     errorText += what;
   };
   if (Cont.empty()) missing("Cont");
-  if (Debit == 0 && credit_ == 0) missing(" Credit sau Debit");
+  if (Debit == 0 && CreditAmount() == 0) missing(" Credit sau Debit");
   if (Doc.empty()) missing(" Document");
   if (Jurnal.empty()) missing(" Jurnal");
   return errorText.empty();
@@ -146,6 +137,20 @@ void cBLLNoteContabile::AddNota(const Connection& connection, bool sameNote) {
   Timp = clock::Now();
   DataScad = DataInr.AddMonths(1);
   writer_->Write(*this);
+}
+
+std::int32_t cBLLNoteContabile::AddNote(const Connection& connection, const Note& note,
+                                        NoteChecker& checker) {
+  bool opened = false;
+  for (const NoteLine& line : note) {
+    const std::int32_t number = NDI;
+    NoteLine::operator=(line);
+    NDI = number;
+    AddNota(connection, opened);
+    checker.Add(NDI, NrLinie, Debit, CreditAmount());
+    opened = true;
+  }
+  return opened ? NDI : 0;
 }
 
 // On the caller's connection, so that the notes of its own transaction count.

@@ -1,0 +1,26 @@
+// Notes that stand under a document already and that saving under it would delete.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/data/Connection.h"
+
+namespace tevra {
+
+struct DocumentUse {
+  std::string document;
+  int notes = 0;
+  double lei = 0;  ///< the sum of their debits
+};
+
+/// The notes under `document`, except those in the journals `own`, which the caller knows as its
+/// earlier notes. Throws Failure.
+DocumentUse NotesUnder(Connection& connection, const std::string& document,
+                       const std::vector<std::string>& own = {});
+
+/// Asks before these notes are deleted, with "Nu" as the default button. True without a question
+/// when there are none.
+bool MayDelete(const DocumentUse& use);
+
+}  // namespace tevra
