@@ -6,6 +6,7 @@
 
 #include "app/batch/CommandLine.h"
 #include "app/batch/Login.h"
+#include "app/batch/Messages.h"
 #include "app/batch/Refusal.h"
 #include "app/batch/Streams.h"
 #include "app/batch/commands/Commands.h"
@@ -104,6 +105,7 @@ int RunBatch(int argc, const char* const* argv, std::istream& in, std::ostream& 
   try {
     line = ParseCommandLine(argc, argv);
     if (line.verbose) shown.emplace(err);
+    const BatchMessages messages(err, line.yes);
     Run(line, {in, out, err});
     return kDone;
   } catch (const UsageError& error) {

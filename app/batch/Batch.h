@@ -7,8 +7,8 @@ namespace tevra::batch {
 
 enum ExitCode { kDone = 0, kRefused = 1, kUsage = 2 };
 
-/// Runs one command. Results go to `out`, messages and the question for the password to `err`; the
-/// password is read from `in`. Returns an ExitCode; throws nothing.
+/// Runs one command. Results go to `out`, messages, questions and the prompt for the password to
+/// `err`; the password is read from `in`. Returns an ExitCode; throws nothing.
 int RunBatch(int argc, const char* const* argv, std::istream& in, std::ostream& out,
              std::ostream& err);
 

@@ -113,6 +113,8 @@ class Parser {
     passwordFile_ = app_.add_option("--password-file", password_,
                                     "Fisier cu parola pe primul rand (altfel parola se cere)");
     passwordFile_->type_name("FISIER");
+    app_.add_flag("--yes", line_.yes,
+                  "Raspunde Da la intrebari (altfel o intrebare opreste comanda)");
     app_.add_flag("--verbose", line_.verbose,
                   "Arata si ce se scrie in jurnal: erorile cu instructiunile lor");
   }

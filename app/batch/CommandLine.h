@@ -32,6 +32,7 @@ struct CommandLine {
   Command command = Command::Companies;
   std::string commandName;          ///< as written
   bool verbose = false;             ///< the log's lines go to the error output, too
+  bool yes = false;                 ///< questions are answered Yes
   std::optional<std::string> help;  ///< help or version, asked for: this text is the whole result
 
   std::string directory = ".";

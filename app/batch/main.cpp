@@ -3,18 +3,6 @@
 
 #include "app/batch/Batch.h"
 #include "platform/system/Log.h"
-#include "platform/system/MessageBox.h"
-
-namespace {
-
-// Nobody can press a button here, so the last button answers, because it never agrees to
-// anything.
-long TellMessage(const tevra::MessageRequest& request) {
-  std::cerr << request.prompt << '\n';
-  return tevra::HarmlessAnswer(request.buttons);
-}
-
-}  // namespace
 
 int main(int argc, char** argv) {
   // A file size limit and a closed pipe then are errors of the write call, like a full
@@ -22,7 +10,6 @@ int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
   std::ios::sync_with_stdio(false);
-  tevra::SetMessageHandler(TellMessage);
   tevra::log::SetSink([](const std::string& line) {
     tevra::log::LogFile(tevra::log::UsersLogFile()).Append("tevra-batch " + line);
   });
