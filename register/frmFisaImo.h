@@ -91,6 +91,7 @@ class frmFisaImo : public Form {
   void LoadBoxes(const Recordset& row);
   void LoadCombos();
   std::array<ComboSource, 7> Combos() const;
+  void ConnectCombos();
   void PickedInCombo(const ComboSource& combo);
   void cboGrupa_Click();
 
@@ -124,6 +125,8 @@ class frmFisaImo : public Form {
   void cmdModificare_Click();
   void AddNote();
   void CurataCampuri();
+
+  // The checks before a save.
   bool Refuse(const std::string& message, QWidget* box);
   bool RefuseNumber(number::Place place);
   bool IsNumberFromZero(number::Place place) const;
