@@ -125,6 +125,20 @@ void CalculateRow(ForwardCursor& row, const DateTime& dataCalcul, Rules rules) {
   }
 }
 
+// The first asset that fits.
+bool CalculateFirst(Connection& connection, const DateTime& dataCalcul, const char* statement,
+                    const Value& asset) {
+  Transaction transaction(connection);
+  bool found = false;
+  {
+    ForwardCursor row(connection, statement, ReadFields(), WrittenFields(), {asset});
+    found = row.Next();
+    if (found) CalculateRow(row, dataCalcul, CalculateSingle);
+  }
+  transaction.Commit();
+  return found;
+}
+
 }  // namespace
 
 int RunMonth(Connection& connection, const DateTime& dataCalcul) {
@@ -145,21 +159,21 @@ int RunMonth(Connection& connection, const DateTime& dataCalcul) {
 }
 
 bool CalculateAsset(Connection& connection, const DateTime& dataCalcul, const std::string& cod) {
-  Transaction transaction(connection);
-  bool found = false;
-  {
-    ForwardCursor row(connection, "Select * from i_imo where cod = ?", ReadFields(),
-                      WrittenFields(), {cod});
-    found = row.Next();
-    if (found) CalculateRow(row, dataCalcul, CalculateSingle);
-  }
-  transaction.Commit();
-  return found;
+  return CalculateFirst(connection, dataCalcul, "Select * from i_imo where cod = ?", cod);
+}
+
+bool CalculateAsset(Connection& connection, const DateTime& dataCalcul, std::int32_t nrCrt) {
+  return CalculateFirst(connection, dataCalcul, "Select * from i_imo where NRCRT = ?", nrCrt);
 }
 
 void CalculImobilizare(const DateTime& dataCalcul, const std::string& cod) {
   Connection connection(CurrentSession().connectionString);
   [[maybe_unused]] const bool found = CalculateAsset(connection, dataCalcul, cod);
+}
+
+void CalculImobilizare(const DateTime& dataCalcul, std::int32_t nrCrt) {
+  Connection connection(CurrentSession().connectionString);
+  [[maybe_unused]] const bool found = CalculateAsset(connection, dataCalcul, nrCrt);
 }
 
 std::string MonthDoneText(int assets) {

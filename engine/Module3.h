@@ -1,6 +1,7 @@
 // The calculations of the company's assets: the monthly run and related routines.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "platform/data/Connection.h"
@@ -23,10 +24,15 @@ int RunMonth(Connection& connection, const DateTime& dataCalcul);
 /// changes nothing. Throws Failure and leaves the asset unchanged.
 void CalculImobilizare(const DateTime& dataCalcul, const std::string& cod);
 
-/// The same on a connection, in its own transaction; false when no asset has the COD. The failure's
-/// source names the asset.
+/// The same for the asset with this NRCRT, because several assets may have one COD.
+void CalculImobilizare(const DateTime& dataCalcul, std::int32_t nrCrt);
+
+/// The same on a connection, in its own transaction; false when no asset has the COD or the NRCRT.
+/// The failure's source names the asset.
 [[nodiscard]] bool CalculateAsset(Connection& connection, const DateTime& dataCalcul,
                                   const std::string& cod);
+[[nodiscard]] bool CalculateAsset(Connection& connection, const DateTime& dataCalcul,
+                                  std::int32_t nrCrt);
 
 /// The message after a successful run and after a failed one.
 std::string MonthDoneText(int assets);

@@ -1,5 +1,6 @@
 #include "register/AssetSave.h"
 
+#include "accounting/VatRate.h"
 #include "accounting/cBLLNoteContabile.h"
 #include "platform/data/Recordset.h"
 #include "platform/system/Clock.h"
@@ -268,19 +269,6 @@ AssetRow pModificaImobilizare(const AssetCard& card, std::int32_t nrCrt) {
 // ---- The purchase note --------------------------------------------------------------------------
 
 namespace {
-
-/// "4426.19-19": account and percentage of a VAT rate, as its list shows them.
-struct VatRate {
-  std::string account;
-  std::int16_t percent = 0;
-};
-
-VatRate ReadVatRate(const std::string& text) {
-  if (text.empty()) return {};
-  const std::size_t dash = text.find('-');
-  const std::string percent = dash == std::string::npos ? text : text.substr(dash + 1);
-  return {text.substr(0, dash), CInt(CDbl(percent))};
-}
 
 void Prepare(cBLLNoteContabile& note, const AssetCard& card, const VatRate& vat, double rate) {
   const Session& session = CurrentSession();
