@@ -1,16 +1,13 @@
 // The monthly run over a real company file: what it writes, what it says, and what a failure
 // leaves.
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sqlite3.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include "engine/Module3.h"
 #include "platform/data/Recordset.h"
 #include "platform/system/Clock.h"
 #include "session/Module1.h"
 #include "session/Session.h"
+#include "tests/KilledWrites.h"
 #include "tests/TestCompany.h"
 #include "tests/text/Expect.h"
 
@@ -162,39 +159,6 @@ TEST(MonthRun, The16BitCounterBoundsTheRegister) {
   EXPECT_EQ(connection.QueryValue("SELECT MAX(VAL_RAMASA) FROM I_IMO"), Value(0.0));
 }
 
-// Stands in the place of the system's write: counts the writes of the engine, and kills the process
-// in the middle of a chosen one, half of it done.
-class WriteCounter {
- public:
-  WriteCounter() {
-    sqlite3_vfs* vfs = sqlite3_vfs_find(nullptr);
-    for (const char* name : {"pwrite", "pwrite64"}) {
-      auto system = vfs->xGetSystemCall(vfs, name);
-      if (!system) continue;
-      write_ = reinterpret_cast<Write>(system);
-      vfs->xSetSystemCall(vfs, name, reinterpret_cast<sqlite3_syscall_ptr>(&Count));
-    }
-  }
-  ~WriteCounter() {
-    sqlite3_vfs* vfs = sqlite3_vfs_find(nullptr);
-    for (const char* name : {"pwrite", "pwrite64"}) vfs->xSetSystemCall(vfs, name, nullptr);
-  }
-
-  static inline int count = 0;
-  static inline int killAt = 0;
-
- private:
-  using Write = ssize_t (*)(int, const void*, size_t, off_t);
-  static ssize_t Count(int file, const void* data, size_t size, off_t offset) {
-    if (++count == killAt) {
-      write_(file, data, size / 2, offset);
-      raise(SIGKILL);
-    }
-    return write_(file, data, size, offset);
-  }
-  static inline Write write_ = nullptr;
-};
-
 void AddManyInLife(Connection& connection) {
   connection.Execute(
       "INSERT INTO I_IMO (TIP_AM, VAL_CUMP, VAL_CUMP_VAL, COTA_ANUALA, DATA_ACH, DATA_IN_AM, "
@@ -204,34 +168,18 @@ void AddManyInLife(Connection& connection) {
       "'2025-02-01 00:00:00' FROM n");
 }
 
-// Runs the month in a process of its own that is killed in its `killAt`-th write; true when it was.
-bool KilledRun(const TestCompany& company, const DateTime& month, int killAt) {
-  const pid_t child = fork();
-  if (child == 0) {
-    WriteCounter::count = 0;
-    WriteCounter::killAt = killAt;
-    Connection own = company.Open();
-    RunMonth(own, month);
-    own.Close();
-    _exit(0);
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  return WIFSIGNALED(status);
+void RunIn(const TestCompany& company, const DateTime& month) {
+  Connection own = company.Open();
+  RunMonth(own, month);
 }
 
 TEST(MonthRun, AKilledProcessLeavesAllOfBeforeOrAllOfAfter) {
   const TestCompany company;
   Connection connection = company.Open();
   AddManyInLife(connection);
-  const WriteCounter counter;
-  WriteCounter::killAt = 0;
   connection.Close();
-  WriteCounter::count = 0;
-  connection = company.Open();
-  RunMonth(connection, DateTime(2020, 2, 29));
-  connection.Close();
-  const int writes = WriteCounter::count;
+  WriteCounter counter;
+  const int writes = counter.WritesOf([&] { RunIn(company, DateTime(2020, 2, 29)); });
   ASSERT_GT(writes, 100);
 
   constexpr int kKills = 40;
@@ -240,10 +188,11 @@ TEST(MonthRun, AKilledProcessLeavesAllOfBeforeOrAllOfAfter) {
   int after = 0;
   for (int kill = 1; kill <= kKills; ++kill) {
     const DateTime month = MonthEnd(DateTime(2020, 2, 1).AddMonths(kill));
-    killed += KilledRun(company, month, writes * kill / kKills) ? 1 : 0;
+    const int at = writes * kill / kKills;
+    killed += counter.KilledIn(at, [&] { RunIn(company, month); }) ? 1 : 0;
     Recordset states =
         company.Open().OpenRecordset("SELECT DISTINCT DATA_CALCUL, DALUNI, VAL_RAMASA FROM I_IMO");
-    ASSERT_EQ(states.RecordCount(), 1u) << "killed in write " << writes * kill / kKills;
+    ASSERT_EQ(states.RecordCount(), 1u) << "killed in write " << at;
     ++(states.Get(0).AsDateTime() == month ? after : before);
     EXPECT_EQ(company.Open().QueryValue("PRAGMA integrity_check"), Value("ok"));
   }
