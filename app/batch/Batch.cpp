@@ -8,6 +8,7 @@
 #include "app/batch/Login.h"
 #include "app/batch/Messages.h"
 #include "app/batch/Refusal.h"
+#include "app/batch/ReportProgram.h"
 #include "app/batch/Streams.h"
 #include "app/batch/commands/Commands.h"
 #include "platform/system/Log.h"
@@ -17,7 +18,7 @@ namespace tevra::batch {
 
 namespace {
 
-void RunOnCompany(const CommandLine& line, const Streams& streams) {
+void RunOnCompany(const CommandLine& line, const Streams& streams, ReportWriter* writeReport) {
   // Checked before the user types a password.
   const bool dated = line.command == Command::Calculate || line.command == Command::Asset;
   const DateTime date = dated ? ParseDate(line.date) : DateTime();
@@ -35,7 +36,7 @@ void RunOnCompany(const CommandLine& line, const Streams& streams) {
     case Command::Plan:
       return WritePlan(line.nrcrt, line.csv, streams.out);
     case Command::Report:
-      return WriteReport(line, streams);
+      return writeReport(line, streams);
     case Command::Assets:
       return ListAssets(line.csv, streams.out);
     default:
@@ -43,7 +44,7 @@ void RunOnCompany(const CommandLine& line, const Streams& streams) {
   }
 }
 
-void Run(const CommandLine& line, const Streams& streams) {
+void Run(const CommandLine& line, const Streams& streams, ReportWriter* writeReport) {
   if (line.help) {
     streams.out << *line.help;
   } else if (line.command == Command::Companies) {
@@ -53,7 +54,7 @@ void Run(const CommandLine& line, const Streams& streams) {
   } else if (line.command == Command::Rebuild) {
     RebuildList(line.directory, streams.out);
   } else {
-    RunOnCompany(line, streams);
+    RunOnCompany(line, streams, writeReport);
   }
   // A closed pipe or a full disk is noticed only here.
   streams.out.flush();
@@ -98,7 +99,7 @@ class ShownLog {
 }  // namespace
 
 int RunBatch(int argc, const char* const* argv, std::istream& in, std::ostream& out,
-             std::ostream& err) {
+             std::ostream& err, ReportWriter* writeReport) {
   CurrentSession() = {};
   CommandLine line;
   std::optional<ShownLog> shown;
@@ -106,7 +107,9 @@ int RunBatch(int argc, const char* const* argv, std::istream& in, std::ostream& 
     line = ParseCommandLine(argc, argv);
     if (line.verbose) shown.emplace(err);
     const BatchMessages messages(err, line.yes);
-    Run(line, {in, out, err});
+    // Before the password is read, because the other program reads it.
+    if (line.command == Command::Report && !line.help && !writeReport) StartReportProgram(argv);
+    Run(line, {in, out, err}, writeReport);
     return kDone;
   } catch (const UsageError& error) {
     err << error.what() << "\nFolosire: tevra-batch [OPTIUNI] COMANDA; vezi tevra-batch --help\n";

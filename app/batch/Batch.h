@@ -3,13 +3,21 @@
 
 #include <iosfwd>
 
+#include "app/batch/CommandLine.h"
+#include "app/batch/Streams.h"
+
 namespace tevra::batch {
 
 enum ExitCode { kDone = 0, kRefused = 1, kUsage = 2 };
 
+/// Writes the report that the line asks for, after the login.
+using ReportWriter = void(const CommandLine& line, const Streams& streams);
+
 /// Runs one command. Results go to `out`, messages, questions and the prompt for the password to
 /// `err`; the password is read from `in`. Returns an ExitCode; throws nothing.
+/// Without `writeReport` the program that writes reports takes this one's place for such a command
+/// and reads the same streams of the process.
 int RunBatch(int argc, const char* const* argv, std::istream& in, std::ostream& out,
-             std::ostream& err);
+             std::ostream& err, ReportWriter* writeReport);
 
 }  // namespace tevra::batch

@@ -1,12 +1,14 @@
 #include "app/batch/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <utility>
 #include <vector>
 
-#include "platform/print/PageSettings.h"
+#include "platform/print/PaperNames.h"
+#include "platform/text/Strings.h"
 #include "session/Version.h"
 
 namespace tevra::batch {
@@ -32,13 +34,12 @@ std::string VersionText() {
 
 std::string PaperNames() {
   std::string names;
-  for (const Paper& paper : Papers())
-    names += (names.empty() ? "" : ", ") + std::string(paper.name);
+  for (const char* name : kPaperNames) names += (names.empty() ? "" : ", ") + std::string(name);
   return names;
 }
 
 std::string PaperHelp() {
-  return "Hartia: " + PaperNames() + " (implicit " + Papers().front().name + ")";
+  return "Hartia: " + PaperNames() + " (implicit " + kPaperNames.front() + ")";
 }
 
 // The library's messages begin with the name of the argument.
@@ -235,7 +236,8 @@ class Parser {
   }
 
   void CheckPaper() {
-    if (!FindPaper(line_.paper)) {
+    const auto named = [this](const char* name) { return EqualNoCase(name, line_.paper); };
+    if (std::none_of(kPaperNames.begin(), kPaperNames.end(), named)) {
       throw UsageError("Hartie necunoscuta: " + line_.paper + " (" + PaperNames() + ") !");
     }
     line_.landscape = orientation_ == "landscape";

@@ -54,7 +54,7 @@ struct CommandLine {
   bool detail = true;  ///< of a report of charges; otherwise only groups and totals
   std::string from;    ///< first and last day of a report of purchases or inventory, as written
   std::string to;
-  std::string paper = "A4";  ///< of a report: one of Papers(), in any case
+  std::string paper = "A4";  ///< of a report: one of kPaperNames, in any case
   bool landscape = false;
   std::string pdf;  ///< the file that a report is written to
   bool csv = false;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/print/PaperNames.h"
 #include "platform/system/Settings.h"
 #include "platform/text/Strings.h"
 
@@ -22,11 +23,13 @@ std::optional<QPageLayout> KeptUnder(const std::string& key) {
 }  // namespace
 
 const std::vector<Paper>& Papers() {
-  static const std::vector<Paper> papers = {{"A4", QPageSize::A4},
-                                            {"A3", QPageSize::A3},
-                                            {"A5", QPageSize::A5},
-                                            {"Letter", QPageSize::Letter},
-                                            {"Legal", QPageSize::Legal}};
+  static constexpr std::array<QPageSize::PageSizeId, kPaperNames.size()> sizes{
+      QPageSize::A4, QPageSize::A3, QPageSize::A5, QPageSize::Letter, QPageSize::Legal};
+  static const std::vector<Paper> papers = [] {
+    std::vector<Paper> all;
+    for (std::size_t i = 0; i < sizes.size(); ++i) all.push_back({kPaperNames[i], sizes[i]});
+    return all;
+  }();
   return papers;
 }
 

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "app/batch/Batch.h"
+#include "app/batch/commands/Report.h"
 
 namespace tevra::batch::test {
 
@@ -12,7 +13,7 @@ Result RunProgram(const std::vector<std::string>& arguments, const std::string& 
   std::istringstream in(typed);
   std::ostringstream out;
   std::ostringstream err;
-  const int code = RunBatch(static_cast<int>(argv.size()), argv.data(), in, out, err);
+  const int code = RunBatch(static_cast<int>(argv.size()), argv.data(), in, out, err, &WriteReport);
   return {code, out.str(), err.str()};
 }
 

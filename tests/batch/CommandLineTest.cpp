@@ -62,7 +62,7 @@ TEST_F(CommandLineTest, AResultThatCannotBeWrittenIsARefusal) {
   std::istringstream in;
   std::ostringstream err;
   std::ofstream full("/dev/full");
-  EXPECT_EQ(RunBatch(static_cast<int>(argv.size()), argv.data(), in, full, err), kRefused);
+  EXPECT_EQ(RunBatch(static_cast<int>(argv.size()), argv.data(), in, full, err, nullptr), kRefused);
   EXPECT_EQ(err.str(), "Rezultatul nu poate fi scris !\n");
 }
 

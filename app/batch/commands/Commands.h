@@ -53,9 +53,4 @@ void ListAssets(bool csv, std::ostream& out);
 /// Prints the month's charge of every asset after the last run, in groups with their sums.
 void ListCharges(Grouping grouping, bool csv, std::ostream& out);
 
-/// Writes the report that the line asks for as a PDF and tells where; what the user should look at
-/// goes to the error output. Throws Refusal for dates that are none and a currency that the company
-/// does not have, Failure for a file that cannot be written; an old one is then still there.
-void WriteReport(const CommandLine& line, const Streams& streams);
-
 }  // namespace tevra::batch

@@ -1,3 +1,5 @@
+#include "app/batch/commands/Report.h"
+
 #include <QGuiApplication>
 #include <filesystem>
 #include <iostream>

@@ -1,0 +1,12 @@
+// What both programs of the command line do before and around the command.
+#pragma once
+
+#include "app/batch/Batch.h"
+
+namespace tevra::batch {
+
+/// Runs the command of a process on its standard streams and with its log; `writeReport` as for
+/// RunBatch. Returns the exit code.
+int RunProcess(int argc, const char* const* argv, ReportWriter* writeReport);
+
+}  // namespace tevra::batch

@@ -1,0 +1,6 @@
+#include "app/batch/Process.h"
+#include "app/batch/commands/Report.h"
+
+int main(int argc, char** argv) {
+  return tevra::batch::RunProcess(argc, argv, &tevra::batch::WriteReport);
+}
