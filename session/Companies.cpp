@@ -41,8 +41,8 @@ std::optional<SoleUse> AloneWith(const fs::path& file) {
 void RequireCompany(const std::string& directory, const std::string& database) {
   CheckCompanyFile(FileIn(directory, database));
   Connection company(CompanyConnectionString(directory, database));
-  company.QueryValue("SELECT COUNT(*) FROM kv_info");
-  company.QueryValue("SELECT COUNT(*) FROM UTILIZATORI");
+  (void)company.QueryValue("SELECT COUNT(*) FROM kv_info");
+  (void)company.QueryValue("SELECT COUNT(*) FROM UTILIZATORI");
 }
 
 void RequirePlace(const std::string& directory, const Company& company, ExistingFile existing) {

@@ -6,6 +6,7 @@
 #include "platform/rowset/XmlReader.h"
 #include "platform/system/Paths.h"
 #include "platform/text/FailureText.h"
+#include "platform/text/Invariant.h"
 #include "platform/text/Strings.h"
 
 namespace tevra {
@@ -245,6 +246,7 @@ void CompanyRegistry::Remove(const Company& company) {
 }
 
 void CompanyRegistry::PutBack() {
+  Invariant(removed_.IsOpen() && removed_.RecordCount() == 1, "nu s-a scos nicio societate");
   rows_.SetFilter("");
   CopyRow(removed_, rows_);
   StayAtAdded();

@@ -25,7 +25,8 @@ struct TableDef {
   std::vector<FieldDef> fields;
   std::vector<IndexDef> indexes;  ///< the key first
 
-  const FieldDef* Find(const std::string& field) const;  ///< without case; nullptr when not there
+  [[nodiscard]] const FieldDef* Find(
+      const std::string& field) const;  ///< without case; nullptr when not there
 };
 
 struct QueryDef {
@@ -39,10 +40,10 @@ class Catalogue {
  public:
   explicit Catalogue(Connection connection) : connection_(std::move(connection)) {}
 
-  std::vector<TableDef> Tables() const;   ///< system tables too, by name
-  std::vector<QueryDef> Queries() const;  ///< saved queries, by name
-  bool HasTable(const std::string& name) const;
-  TableDef Table(const std::string& name) const;
+  [[nodiscard]] std::vector<TableDef> Tables() const;   ///< system tables too, by name
+  [[nodiscard]] std::vector<QueryDef> Queries() const;  ///< saved queries, by name
+  [[nodiscard]] bool HasTable(const std::string& name) const;
+  [[nodiscard]] TableDef Table(const std::string& name) const;
 
   void CreateTable(const TableDef& table);
   void CreateQuery(const QueryDef& query);
@@ -68,6 +69,6 @@ class Catalogue {
 };
 
 /// The CREATE TABLE statement of a table, with the checks that enforce its types.
-std::string CreateTableSql(const TableDef& table);
+[[nodiscard]] std::string CreateTableSql(const TableDef& table);
 
 }  // namespace tevra

@@ -25,7 +25,7 @@ struct ConnectionString {
   int lockTimeout = 5000;  ///< "Lock Timeout": milliseconds to wait for another program
 
   /// Reads "key=value;key=value"; keys without case, unknown ones ignored.
-  static ConnectionString Parse(const std::string& text);
+  [[nodiscard]] static ConnectionString Parse(const std::string& text);
 };
 
 /// Copies share the open file, which is closed with the last copy and the last recordset on
@@ -44,7 +44,7 @@ class Connection {
   [[nodiscard]] bool IsOpen() const { return db_ != nullptr; }
 
   /// The path of the open file, in the machine's form.
-  const std::string& Path() const;
+  [[nodiscard]] const std::string& Path() const;
 
   /// Runs a statement of the program's dialect that returns no rows, with the parameters for its
   /// "?" in order. Returns the number of rows affected. Throws Failure -2147217900 with SQLite's
@@ -52,24 +52,24 @@ class Connection {
   std::int64_t Execute(const std::string& sql, const Values& params = {});
 
   /// A static recordset over a statement of the program's dialect; see Recordset.
-  Recordset OpenRecordset(const std::string& sql, const Values& params = {});
+  [[nodiscard]] Recordset OpenRecordset(const std::string& sql, const Values& params = {});
 
   /// The same rows, read when they are looked at; only their row ids are held in memory. For lists
   /// that may be long. The recordset is static when no table of the statement identifies its rows
   /// (groups, unions, subqueries as sources). See Recordset for the differences.
   /// `totalled`: fields of numbers that are added up in the same pass, see Recordset::Total.
-  Recordset OpenKeyset(const std::string& sql, const Values& params = {},
-                       const std::vector<std::string>& totalled = {});
+  [[nodiscard]] Recordset OpenKeyset(const std::string& sql, const Values& params = {},
+                                     const std::vector<std::string>& totalled = {});
 
   /// The first field of the first row; Null when there is no row.
-  Value QueryValue(const std::string& sql, const Values& params = {});
+  [[nodiscard]] Value QueryValue(const std::string& sql, const Values& params = {});
 
   /// Transactions nest. The outermost one takes the write lock at once, so that what is read in it
   /// cannot change until the commit.
   void BeginTrans();
   void CommitTrans();
   void RollbackTrans();
-  int TransactionDepth() const;
+  [[nodiscard]] int TransactionDepth() const;
 
   /// Equal when they share the open file.
   friend bool operator==(const Connection& a, const Connection& b) { return a.db_ == b.db_; }
@@ -81,7 +81,7 @@ class Connection {
 };
 
 /// A transaction that rolls back unless it was committed.
-class Transaction {
+class [[nodiscard]] Transaction {
  public:
   explicit Transaction(Connection& connection);
   ~Transaction();

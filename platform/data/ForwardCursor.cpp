@@ -9,6 +9,7 @@
 #include "platform/data/Database.h"
 #include "platform/dialect/Rewriter.h"
 #include "platform/dialect/Tokenizer.h"
+#include "platform/text/Invariant.h"
 
 namespace tevra {
 
@@ -19,21 +20,25 @@ namespace {
 std::string InRowOrder(const std::string& sql) {
   dialect::Nodes nodes = detail::OfStatement(sql, [&] { return dialect::ReadTree(sql); });
   if (!nodes.empty() && dialect::IsSymbol(nodes.back(), ";")) nodes.pop_back();
-  const bool ordered = std::any_of(nodes.begin(), nodes.end(), [](const dialect::Node& node) {
+  const bool hasOrder = std::any_of(nodes.begin(), nodes.end(), [](const dialect::Node& node) {
     return dialect::Is(node, "ORDER") || dialect::Is(node, "LIMIT");
   });
-  return ordered ? sql : dialect::Render(nodes) + " ORDER BY rowid";
+  return hasOrder ? sql : dialect::Render(nodes) + " ORDER BY rowid";
 }
 
 }  // namespace
 
 struct ForwardCursor::Impl {
   std::shared_ptr<detail::Database> database;
+  std::string ordered;
   dialect::Rewritten rewritten;
   detail::Statement select;
   std::unique_ptr<detail::Statement> update;
   int rowIdColumn;
   int rowIdParameter;
+  bool inRowOrder;
+  std::int64_t rowId = 0;  // of the current row
+  bool hadRow = false;
   bool onRow = false;
   bool ended = false;
   std::string sql;
@@ -50,9 +55,11 @@ struct ForwardCursor::Impl {
   Impl(Connection& connection, const std::string& statement, const std::vector<std::string>& read,
        const std::vector<std::string>& write)
       : database(detail::DatabaseOf(connection)),
-        select(*database, InRowOrder(statement), Selection(read), rewritten),
+        ordered(InRowOrder(statement)),
+        select(*database, ordered, Selection(read), rewritten),
         rowIdColumn(sqlite3_column_count(select.Get()) - 1),
         rowIdParameter(static_cast<int>(write.size()) + 1),
+        inRowOrder(ordered != statement),
         sql(statement),
         dates(write.size()) {
     // A saved query has no row ids.
@@ -69,6 +76,20 @@ struct ForwardCursor::Impl {
     }
     words += " WHERE rowid = ?" + std::to_string(rowIdParameter);
     update = std::make_unique<detail::Statement>(*database, words);
+  }
+
+  // A row that a write moved ahead would be calculated twice.
+  void TakeRowId() {
+    const std::int64_t id = sqlite3_column_int64(select.Get(), rowIdColumn);
+    Invariant(!inRowOrder || !hadRow || id > rowId, "un rand al tabelei se citeste de doua ori");
+    rowId = id;
+    hadRow = true;
+  }
+
+  int Parameter(int column) const {
+    Invariant(update && column >= 0 && column + 1 < rowIdParameter,
+              "coloana nu este dintre cele de scris");
+    return column + 1;
   }
 };
 
@@ -87,6 +108,7 @@ bool ForwardCursor::Next() {
   impl.onRow = false;
   impl.onRow = impl.select.Step();
   impl.ended = !impl.onRow;
+  if (impl.onRow) impl.TakeRowId();
   return impl.onRow;
 }
 
@@ -120,22 +142,26 @@ std::string_view ForwardCursor::Text(int column) const {
 }
 
 void ForwardCursor::SetNull(int column) {
-  sqlite3_bind_null(impl_->update->Get(), column + 1);
+  const int parameter = impl_->Parameter(column);
+  sqlite3_bind_null(impl_->update->Get(), parameter);
 }
 
 void ForwardCursor::SetNumber(int column, double value) {
   if (!std::isfinite(value)) throw Failure(kOverflow, "Overflow", impl_->sql);
-  sqlite3_bind_double(impl_->update->Get(), column + 1, value);
+  const int parameter = impl_->Parameter(column);
+  sqlite3_bind_double(impl_->update->Get(), parameter, value);
 }
 
 void ForwardCursor::SetWhole(int column, std::int64_t value) {
-  sqlite3_bind_int64(impl_->update->Get(), column + 1, value);
+  const int parameter = impl_->Parameter(column);
+  sqlite3_bind_int64(impl_->update->Get(), parameter, value);
 }
 
 void ForwardCursor::SetDate(int column, const DateTime& date) {
+  const int parameter = impl_->Parameter(column);
   auto& buffer = impl_->dates[static_cast<std::size_t>(column)];
   date.IsoTo(buffer.data());
-  sqlite3_bind_text(impl_->update->Get(), column + 1, buffer.data(), 19, SQLITE_STATIC);
+  sqlite3_bind_text(impl_->update->Get(), parameter, buffer.data(), 19, SQLITE_STATIC);
 }
 
 void ForwardCursor::Set(int column, const std::optional<double>& value) {
@@ -153,8 +179,7 @@ void ForwardCursor::Set(int column, const std::optional<DateTime>& value) {
 void ForwardCursor::Write() {
   Impl& impl = *impl_;
   if (!impl.onRow) throw Failure(kNoCurrentRecord, "No current record", impl.sql);
-  sqlite3_bind_int64(impl.update->Get(), impl.rowIdParameter,
-                     sqlite3_column_int64(impl.select.Get(), impl.rowIdColumn));
+  sqlite3_bind_int64(impl.update->Get(), impl.rowIdParameter, impl.rowId);
   impl.update->Step();
   impl.update->Reset();
   if (sqlite3_changes(impl.database->db) != 1) {

@@ -5,6 +5,7 @@
 #include <sqlite3.h>
 
 #include "platform/data/Database.h"
+#include "platform/text/Invariant.h"
 
 namespace tevra::detail {
 
@@ -12,6 +13,10 @@ namespace {
 
 // Values in SQLite's storage form; their fields determine the types.
 enum class Packed : char { Null, Whole, Double, Text };
+
+void RequireBytes(std::string_view bytes, std::size_t count) {
+  Invariant(bytes.size() >= count, "un rand impachetat este trunchiat");
+}
 
 template <typename Number>
 void PutNumber(Packed kind, Number number, std::string& bytes) {
@@ -28,6 +33,7 @@ void PutText(std::string_view text, std::string& bytes) {
 
 template <typename Number>
 Number TakeNumber(std::string_view& bytes) {
+  RequireBytes(bytes, sizeof(Number));
   Number number;
   std::memcpy(&number, bytes.data(), sizeof number);
   bytes.remove_prefix(sizeof number);
@@ -35,6 +41,7 @@ Number TakeNumber(std::string_view& bytes) {
 }
 
 Value TakeValue(const FieldDef* field, std::string_view& bytes) {
+  RequireBytes(bytes, 1);
   const auto kind = static_cast<Packed>(bytes.front());
   bytes.remove_prefix(1);
   switch (kind) {
@@ -46,6 +53,7 @@ Value TakeValue(const FieldDef* field, std::string_view& bytes) {
       return TakeNumber<double>(bytes);
     default: {
       const auto size = TakeNumber<std::size_t>(bytes);
+      RequireBytes(bytes, size);
       const std::string_view text = bytes.substr(0, size);
       bytes.remove_prefix(size);
       return TextValue(text, field);

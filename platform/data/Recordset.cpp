@@ -1,136 +1,11 @@
 #include "platform/data/Recordset.h"
 
 #include <algorithm>
-#include <map>
-#include <numeric>
 
-#include <sqlite3.h>
-
-#include "platform/data/Criteria.h"
-#include "platform/data/RecordsetRows.h"
+#include "platform/data/RecordsetState.h"
 #include "platform/text/Strings.h"
 
 namespace tevra {
-
-using detail::Row;
-using detail::RowState;
-using detail::RowStore;
-
-struct Recordset::Rows : RowStore {};
-
-struct Recordset::State {
-  std::shared_ptr<Rows> rows;
-  std::vector<std::size_t> order;  // the filtered rows in their order
-  std::size_t at = 0;              // in `order`; order.size() is after the last
-  bool before = false;             // before the first
-  std::string filter;
-  std::string sort;
-  std::size_t loads = 0;  // of the rows when `order` was made
-  std::size_t changes = 0;
-
-  // The edits of the current row; a new row is not in `order` until it is written.
-  std::map<std::size_t, Value> edits;
-  bool adding = false;
-
-  // The current row as first read here; changes are compared with it.
-  detail::RowValues held;
-  std::size_t heldRow = 0;
-  std::size_t heldLoads = 0;
-  std::size_t heldWrites = 0;
-
-  bool HasRow() const { return adding || (!before && at < order.size()); }
-  std::size_t Current() const {
-    if (!HasRow() || adding) throw Failure(kNoCurrentRecord, "No current record");
-    return order[at];
-  }
-
-  const Values& CurrentValues() {
-    const std::size_t row = Current();
-    if (!held || heldRow != row || heldLoads != rows->loads || heldWrites != rows->writes) {
-      held = rows->ValuesOf(row);
-      heldRow = row;
-      heldLoads = rows->loads;
-      heldWrites = rows->writes;
-    }
-    return *held;
-  }
-
-  std::size_t IndexOf(const std::string& name) const {
-    const auto& fields = rows->fields;
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-      if (EqualNoCase(fields[i].def.name, name)) return i;
-    }
-    throw Failure(kItemNotFound, "Item not found: " + name);
-  }
-
-  detail::FieldFinder Finder() const {
-    return [this](const std::string& name) { return IndexOf(name); };
-  }
-
-  std::vector<std::size_t> Arranged(const std::string& filterText,
-                                    const std::string& sortText) const {
-    const detail::Criteria criteria(filterText, Finder());
-    const auto keys = detail::ParseSort(sortText, Finder());
-    std::vector<std::size_t> asked = criteria.Fields();
-    for (const auto& key : keys) asked.push_back(key.field);
-    const detail::FieldReader reader(*rows, asked);
-    std::vector<std::size_t> arranged;
-    for (std::size_t i = 0; i < rows->rows.size(); ++i) {
-      const RowState state = rows->rows[i].state;
-      if (state == RowState::Deleted || state == RowState::Gone) continue;
-      const auto valueOf = [&](std::size_t f) -> const Value& { return reader.At(i, f); };
-      if (criteria.Empty() || criteria.Met(valueOf)) arranged.push_back(i);
-    }
-    if (keys.empty()) return arranged;
-    std::stable_sort(arranged.begin(), arranged.end(), [&](std::size_t a, std::size_t b) {
-      for (const auto& key : keys) {
-        const int c = CompareValues(reader.At(a, key.field), reader.At(b, key.field));
-        if (c != 0) return key.descending ? c > 0 : c < 0;
-      }
-      return false;
-    });
-    return arranged;
-  }
-
-  // A text that cannot be parsed changes nothing.
-  void Arrange(const std::string& filterText, const std::string& sortText) {
-    order = Arranged(filterText, sortText);
-    filter = filterText;
-    sort = sortText;
-    at = 0;
-    before = false;
-    Note();
-  }
-
-  void Note() {
-    loads = rows->loads;
-    changes = rows->changes;
-  }
-
-  // Takes over changes that a clone of this recordset made to the shared rows.
-  void Follow() {
-    if (loads != rows->loads) {
-      edits.clear();
-      adding = false;
-      Arrange(filter, sort);
-    } else if (changes != rows->changes) {
-      const bool beforeFirst = before;
-      const std::size_t place = at;
-      const std::size_t row = at < order.size() ? order[at] : rows->rows.size();
-      order = Arranged(filter, sort);
-      GoTo(row);
-      if (row < rows->rows.size() && at == order.size()) at = std::min(place, order.size());
-      before = beforeFirst;
-      Note();
-    }
-  }
-
-  void GoTo(std::size_t row) {
-    const auto found = std::find(order.begin(), order.end(), row);
-    at = static_cast<std::size_t>(found - order.begin());
-    before = false;
-  }
-};
 
 namespace {
 
@@ -142,7 +17,7 @@ Recordset Recordset::Open(const Connection& connection, const std::string& sql,
                           const Values& params, bool byPages,
                           const std::vector<std::string>& totalled) {
   auto state = std::make_shared<State>();
-  state->rows = std::make_shared<Rows>();
+  state->rows = std::make_shared<detail::RowStore>();
   state->rows->connection = connection;
   state->rows->sql = sql;
   state->rows->params = params;
@@ -164,7 +39,7 @@ Recordset Connection::OpenKeyset(const std::string& sql, const Values& params,
 
 Recordset Recordset::Create(std::vector<FieldInfo> fields) {
   auto state = std::make_shared<State>();
-  state->rows = std::make_shared<Rows>();
+  state->rows = std::make_shared<detail::RowStore>();
   state->rows->fields = std::move(fields);
   return Recordset(state);
 }
@@ -180,10 +55,9 @@ std::size_t Recordset::FieldCount() const {
 }
 
 const FieldInfo& Recordset::Field(std::size_t index) const {
-  const auto& fields = S().rows->fields;
-  if (index >= fields.size())
-    throw Failure(kItemNotFound, "Item not found: " + std::to_string(index));
-  return fields[index];
+  const State& s = S();
+  s.RequireField(index);
+  return s.rows->fields[index];
 }
 
 std::size_t Recordset::FieldIndex(const std::string& name) const {
@@ -198,7 +72,7 @@ std::optional<std::size_t> Recordset::FindField(const std::string& name) const {
 }
 
 double Recordset::Total(const std::string& field) const {
-  const RowStore& rows = *S().rows;
+  const detail::RowStore& rows = *S().rows;
   for (std::size_t i = 0; i < rows.totalled.size(); ++i) {
     if (EqualNoCase(rows.totalled[i], field)) return rows.totals[i];
   }
@@ -275,14 +149,14 @@ void Recordset::SetPosition(std::size_t position) {
 
 Value Recordset::ValueAt(std::size_t position, std::size_t field) const {
   const State& s = S();
-  Field(field);
+  s.RequireField(field);
   if (position >= s.order.size()) throw Failure(kNoCurrentRecord, "No current record");
   return (*s.rows->ValuesOf(s.order[position]))[field];
 }
 
 const Value& Recordset::Get(std::size_t field) const {
   State& s = S();
-  Field(field);
+  s.RequireField(field);
   if (!s.HasRow()) throw Failure(kNoCurrentRecord, "No current record");
   if (const auto edit = s.edits.find(field); edit != s.edits.end()) return edit->second;
   return s.adding ? kNull : s.CurrentValues()[field];

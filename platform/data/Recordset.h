@@ -35,41 +35,42 @@ class Recordset {
   Recordset() = default;
 
   /// A recordset in memory with these columns and no rows.
-  static Recordset Create(std::vector<FieldInfo> fields);
+  [[nodiscard]] static Recordset Create(std::vector<FieldInfo> fields);
 
-  bool IsOpen() const { return s_ != nullptr; }
+  [[nodiscard]] bool IsOpen() const { return s_ != nullptr; }
   void Close() { s_.reset(); }
 
   // Fields.
-  std::size_t FieldCount() const;
-  const FieldInfo& Field(std::size_t index) const;
-  std::size_t FieldIndex(const std::string& name) const;  ///< without case; the first of that name
-  std::optional<std::size_t> FindField(const std::string& name) const;
+  [[nodiscard]] std::size_t FieldCount() const;
+  [[nodiscard]] const FieldInfo& Field(std::size_t index) const;
+  [[nodiscard]] std::size_t FieldIndex(
+      const std::string& name) const;  ///< without case; the first of that name
+  [[nodiscard]] std::optional<std::size_t> FindField(const std::string& name) const;
 
   /// The sum of a field, as the rows were when they were last read, all of them whatever the
   /// filter; Null counts as 0. Only of the fields for which OpenKeyset was asked to add up.
-  double Total(const std::string& field) const;
+  [[nodiscard]] double Total(const std::string& field) const;
 
   // Position.
-  bool Bof() const;
-  bool Eof() const;
-  std::size_t RecordCount() const;  ///< filtered rows
+  [[nodiscard]] bool Bof() const;
+  [[nodiscard]] bool Eof() const;
+  [[nodiscard]] std::size_t RecordCount() const;  ///< filtered rows
   void MoveFirst();
   void MoveLast();
   void MoveNext();
   void MovePrevious();
-  std::size_t Bookmark() const;  ///< identifies the row until Requery
+  [[nodiscard]] std::size_t Bookmark() const;  ///< identifies the row until Requery
   void SetBookmark(std::size_t bookmark);
   /// The place of the current row among the filtered and sorted rows, from 0.
-  std::size_t Position() const;
+  [[nodiscard]] std::size_t Position() const;
   void SetPosition(std::size_t position);
   /// A value of the row at a place, without moving there and without edits that wait for Update.
   /// Throws Failure 3021 for an unknown place.
-  Value ValueAt(std::size_t position, std::size_t field) const;
+  [[nodiscard]] Value ValueAt(std::size_t position, std::size_t field) const;
 
   // Values of the current row, edits included.
-  const Value& Get(const std::string& field) const;
-  const Value& Get(std::size_t field) const;
+  [[nodiscard]] const Value& Get(const std::string& field) const;
+  [[nodiscard]] const Value& Get(std::size_t field) const;
 
   /// Sets a field of the current row, converted to the field's type (see ConvertToField). Update
   /// writes it.
@@ -84,8 +85,8 @@ class Recordset {
   /// failure the edits remain and can be corrected or cancelled.
   void Update();
   void CancelUpdate();
-  bool IsEditing() const;
-  bool IsAdding() const;  ///< a new row waits for Update
+  [[nodiscard]] bool IsEditing() const;
+  [[nodiscard]] bool IsAdding() const;  ///< a new row waits for Update
 
   /// Deletes the current row. The position moves to the next one.
   void Delete();
@@ -95,8 +96,8 @@ class Recordset {
 
   /// Separates the recordset from the connection: from now on it is used and changed in memory.
   void Disconnect();
-  bool IsConnected() const;
-  Connection GetConnection() const;
+  [[nodiscard]] bool IsConnected() const;
+  [[nodiscard]] Connection GetConnection() const;
 
   /// Writes the changes made since Disconnect through `connection` in one transaction; when one is
   /// refused, none is written and all remain in memory.
@@ -108,15 +109,13 @@ class Recordset {
 
   /// "FIELD [ASC|DESC], ..."; the empty text restores the statement's order.
   void SetSort(const std::string& order);
-  const std::string& Sort() const;
+  [[nodiscard]] const std::string& Sort() const;
 
   /// Moves to the first row from the current one on (`skip` rows later) that meets the criteria; to
   /// the end when there is none.
   void Find(const std::string& criteria, std::size_t skip = 0);
 
-  Recordset Clone() const;
-
-  struct Rows;
+  [[nodiscard]] Recordset Clone() const;
 
  private:
   friend class Connection;

@@ -129,6 +129,8 @@ RowSpool::RowSpool(const Connection& connection, const std::string& sql, const V
 }
 
 void RowSpool::Append(const Values& values) {
+  InvariantEqual(static_cast<std::int64_t>(values.size()),
+                 static_cast<std::int64_t>(impl_->fields.size()), "campurile unui rand pastrat");
   detail::PackRow(values, impl_->filling);
   impl_->CountRow();
 }

@@ -7,6 +7,7 @@
 #include "platform/system/Paths.h"
 #include "platform/text/Csv.h"
 #include "platform/text/FailureText.h"
+#include "platform/text/Invariant.h"
 
 namespace fs = std::filesystem;
 
@@ -22,11 +23,17 @@ template <class Write>
 void ForEachRow(const ExportTable& table, const Progress& progress, Write write) {
   constexpr std::size_t kRowsBetween = 256;
   Values values(table.columns.size());
-  for (std::size_t row = 0; table.next(values); ++row) {
+  std::size_t row = 0;
+  for (; table.next(values); ++row) {
+    InvariantEqual(static_cast<std::int64_t>(values.size()),
+                   static_cast<std::int64_t>(table.columns.size()), "valorile unui rand exportat");
     write(values);
     if (!progress || row % kRowsBetween != 0) continue;
     if (!progress(static_cast<int>(row + 1), static_cast<int>(table.rows))) throw GivenUp();
   }
+  if (table.rows == 0) return;  // unknown
+  InvariantEqual(static_cast<std::int64_t>(row), static_cast<std::int64_t>(table.rows),
+                 "randuri exportate");
 }
 
 // A value shown as a word is written as that word; other cells keep their full value.

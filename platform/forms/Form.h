@@ -29,7 +29,7 @@ class KeepsTyping {
 class SettlesTyping {
  public:
   virtual ~SettlesTyping() = default;
-  /// Takes the text as it stands now, as leaving the box does.
+  /// Converts the current text, as leaving the box does.
   virtual void SettleTyping() = 0;
 };
 
@@ -50,31 +50,30 @@ class Form : public QWidget {
   /// Messages and menus in between do not count.
   void Activate();
 
-  /// The user leaves the box that has the focus, or has just lost it, as a button pressed by its
-  /// letter or by Enter makes him: its leave handler runs, if it did not yet. False when the box
-  /// keeps the focus, or its handler put the focus elsewhere: what the user wanted is not to happen
-  /// then.
+  /// Runs the leave handler of the box that has the focus or has just lost it, unless it has run
+  /// already. Needed where a key presses a button that does not take the focus. False when the box
+  /// keeps the focus or its handler moved the focus; the caller must then drop the user's action.
   bool LeaveBox();
 
-  /// The same before a control of the screen acts, which is not left by acting.
+  /// The same before `control` acts; a control that has the focus itself is not left.
   static bool LeaveBoxFor(const QWidget* control);
 
-  /// Leaves the box that has lost the focus, in whichever screen, and has not been left yet. False
-  /// as LeaveBox has it, and when a message was shown: the user's click went to that.
+  /// Runs the leave handler that is still due in any screen. False in the cases of LeaveBox, and
+  /// when a message was shown, because the user's click then belongs to the message.
   static bool SettleLeaving();
 
-  /// True when a box that MarkSaved was told of holds something else by now.
+  /// True when a box has changed since MarkSaved.
   bool HasChanges() const { return changes_.Differs(); }
   bool HasChanges(const QWidget* part) const { return changes_.Differs(part); }
-  /// The question before changes are lost; true when the user gives them up. Runs an event loop of
-  /// its own, so no event handler may call it directly.
+  /// Asks before changes are lost; true when the user gives them up. Runs an event loop of its own,
+  /// so no event handler may call it directly.
   bool AskToDropChanges() const;
   /// Closes the screen without the question.
   void DropChangesAndClose();
 
  signals:
   void Closed();
-  /// A box that MarkSaved was told of was changed, by the user or by what the screen derives.
+  /// Emitted when the user or the screen changed a box after MarkSaved.
   void Edited();
 
  protected:
@@ -85,7 +84,7 @@ class Form : public QWidget {
   using OnFailure = std::function<void(const Failure& failure, const Procedure& procedure)>;
 
   /// Runs a procedure of this screen. A failure is shown in the standard long form and ends only
-  /// this procedure: the caller's next step still runs. True when it ran to its end.
+  /// this procedure, not its caller. True when it ran to its end.
   bool Run(const char* procedure, const Body& body);
 
   /// The same with the short form: the number and the description, under the procedure's name
@@ -100,10 +99,10 @@ class Form : public QWidget {
   void OnClick(QAbstractButton* button, const char* procedure, Body body);
   void OnClickShort(QAbstractButton* button, const char* procedure, Body body);
 
-  /// Leaving the box runs the procedure. The focus lost to another window or screen, a menu or a
-  /// popup is no leaving, nor is giving up by Escape, by the cancel button or by closing the
-  /// screen. When it answers false, or fails, the focus goes back. The procedure runs before the
-  /// control that the user went to hears of it.
+  /// Leaving the box runs the procedure, before the next control receives the key or the click. A
+  /// box is not left when the focus goes to another window or screen, a menu or a popup, or when
+  /// the user cancels by Escape, the cancel button or closing the screen. When the procedure
+  /// returns false or fails, the focus goes back to the box.
   void OnLeave(QWidget* box, const char* procedure, LeaveBody body);
 
   /// Called each time the screen comes to the front.
@@ -111,8 +110,8 @@ class Form : public QWidget {
   /// Moves the focus without leaving a box: no leave handler runs.
   void GiveFocus(QWidget* box);
 
-  /// The boxes of `part`, or of the whole screen, hold what is stored: the screen does not close
-  /// over later changes to them before the user was asked.
+  /// Remembers the boxes of `part`, or of the whole screen, as saved. The screen asks before it
+  /// closes when one of them was changed later.
   void MarkSaved(QWidget* part = nullptr) { changes_.Remember(part ? part : this); }
 
   /// Called before the screen closes; false keeps it open.

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "platform/text/Dates.h"
+#include "platform/text/Invariant.h"
 #include "platform/text/Numbers.h"
 
 namespace tevra {
@@ -67,6 +68,7 @@ void BandedReport::LayOutMore() {
   if (complete_) return;
   Filler nobody(*this, 0, nullptr);
   const Place next = Fill(starts_.back(), nobody);
+  Invariant(next != starts_.back(), "o pagina a raportului nu cuprinde nimic");
   if (next.stage == Stage::kEnd) {
     complete_ = true;
   } else {

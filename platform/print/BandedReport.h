@@ -69,6 +69,8 @@ class BandedReport : public PagedDocument {
     Stage stage = Stage::kReportHeader;
     std::size_t group = 0;
     std::size_t row = 0;
+
+    bool operator==(const Place&) const = default;
   };
   class Filler;
 

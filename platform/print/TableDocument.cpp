@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/print/PrintFormat.h"
+#include "platform/text/Invariant.h"
 
 namespace tevra {
 namespace {
@@ -169,6 +170,8 @@ void TableDocument::LayOutMore() {
   firstRows_.push_back(first);
   twoLines_.insert(twoLines_.end(), twoLines.begin(), twoLines.end());
   nextRow_ = row;
+  InvariantEqual(static_cast<std::int64_t>(twoLines_.size()), nextRow_,
+                 "randuri asezate in pagini");
   if (row == content_.rows || content_.columns.empty()) {
     PlaceAppendix();
     complete_ = true;

@@ -10,6 +10,7 @@
 #include "platform/rowset/RowsetWriter.h"
 #include "platform/system/Paths.h"
 #include "platform/text/FailureText.h"
+#include "platform/text/Invariant.h"
 #include "platform/text/Strings.h"
 
 namespace tevra {
@@ -87,11 +88,13 @@ void SaveRowset(const Recordset& recordset, std::ostream& out) {
   RowsetWriter writer(out);
   writer.Begin(DescribedFields(rows));
   Values values(rows.FieldCount());
-  for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+  std::int64_t written = 0;
+  for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext(), ++written) {
     for (std::size_t i = 0; i < values.size(); ++i) values[i] = rows.Get(i);
     writer.Row(values);
   }
   writer.End();
+  InvariantEqual(written, static_cast<std::int64_t>(rows.RecordCount()), "randuri scrise");
 }
 
 void SaveRowset(const Recordset& recordset, const std::filesystem::path& file) {
@@ -121,6 +124,8 @@ Recordset LoadRowset(std::istream& in, const std::string& name) {
   Recordset recordset = Recordset::Create(reader.Fields());
   Values values;
   while (reader.Next(values)) {
+    InvariantEqual(static_cast<std::int64_t>(values.size()),
+                   static_cast<std::int64_t>(reader.Fields().size()), "valorile unui rand citit");
     recordset.AddNew();
     for (std::size_t i = 0; i < values.size(); ++i) {
       if (!values[i].IsNull()) recordset.Set(i, values[i]);

@@ -14,21 +14,21 @@
 
 namespace tevra {
 
-/// A test of what the boxes hold before a row is added.
+/// A check of the boxes before a row is added.
 struct EditorCheck {
   std::function<bool()> fails;
   const char* message;
-  QWidget* focus = nullptr;  ///< the box that gets the focus; none leaves it
+  QWidget* focus = nullptr;  ///< gets the focus after the message; nullptr: the focus stays
 };
 
-/// A test of a text typed into a column of the grid.
+/// A check of a text typed into a column of the grid.
 struct CellCheck {
   int column;
   std::function<bool(const std::string& text)> fails;
   const char* message;
 };
 
-/// A row that is in use cannot be deleted.
+/// A use of the current row that prevents its deletion.
 struct UseCheck {
   std::function<bool()> used;
   const char* message;
@@ -44,22 +44,22 @@ struct EditorDescription {
   int boxesInARow = 2;
 
   const char* addTip = "";
-  std::vector<EditorCheck> checks;  ///< in order; the first that fails ends the adding
-  /// The fields of the new row, once all checks passed.
+  std::vector<EditorCheck> checks;  ///< run in order; no row is added when one fails
+  /// Returns the fields of the new row; called after all checks passed.
   std::function<std::vector<std::pair<std::string, Value>>()> row;
-  std::string addFailure;  ///< the title of what the adding fails with
-  std::function<void()> added = {};
+  std::string addFailure;            ///< the title of the message when the adding fails
+  std::function<void()> added = {};  ///< called after a row was added
 
   const char* deleteTip = "";
-  std::function<std::string()> question;  ///< before the current row is deleted
-  std::vector<UseCheck> uses = {};        ///< asked after the question
-  std::string deleteFailure;              ///< the title of what the deletion fails with
+  std::function<std::string()> question;  ///< asked before the current row is deleted
+  std::vector<UseCheck> uses = {};        ///< checked after the question
+  std::string deleteFailure;              ///< the title of the message when the deletion fails
 
   std::vector<CellCheck> cells = {};
   QSize size = {620, 430};
 };
 
-/// A screen derives from it and calls Edit at the end of its constructor; see ListScreen.
+/// A screen derives from this class and calls Edit at the end of its constructor; see ListScreen.
 class EditorScreen : public ListScreen {
  public:
   DataGrid* grdDataGrid = nullptr;
@@ -72,7 +72,7 @@ class EditorScreen : public ListScreen {
 
   void Edit(EditorDescription description);
 
-  /// Writes the new row. Through the rows of the list, unless overridden.
+  /// Writes the new row; unless overridden, with AddRow.
   virtual void pAdauga();
 
  private:

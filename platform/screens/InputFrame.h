@@ -1,4 +1,4 @@
-// The frame of boxes above a list, from which a new row is made.
+// The frame above a list, with the boxes for a new row.
 #pragma once
 
 #include <QGroupBox>
@@ -13,10 +13,10 @@ struct LabelledBox {
   int stretch = 1;
 };
 
-/// A frame; its boxes are made as its children and then placed by PlaceBoxes.
+/// Makes an empty frame. The screen creates the boxes as its children and calls PlaceBoxes.
 QGroupBox* MakeInputFrame(const char* name, const QString& caption, QWidget* screen);
 
-/// The boxes side by side, `inARow` of them in a row, the labels left of them.
+/// Places the boxes in rows of `inARow` boxes, each with its label on the left.
 void PlaceBoxes(QGroupBox* frame, const std::vector<LabelledBox>& boxes, int inARow);
 
 }  // namespace tevra

@@ -7,7 +7,7 @@
 
 namespace tevra {
 
-/// The controls of the bar; null where the description does not ask for them.
+/// The controls of the bar; nullptr when the description does not ask for them.
 struct ListBar {
   QWidget* bar = nullptr;
   TextBox* text = nullptr;

@@ -19,50 +19,49 @@ namespace tevra {
 struct ListButton {
   enum class Role {
     kPlain,
-    kAdd,     ///< Tab goes from the boxes above the list to it
-    kChange,  ///< Enter and a double click on a row press it too, where the list is not edited
-    kClose    ///< closes the screen, as Escape does; takes no action
+    kAdd,     ///< follows the boxes above the list in the order of Tab
+    kChange,  ///< Enter and a double click on a row press it, unless cells can be edited
+    kClose    ///< closes the screen, as Escape does; `pressed` is not called
   };
 
   QPushButton** member;  ///< the screen's pointer to it
   const char* name;
   const char* caption;
   const char* tip;
-  /// Runs as the procedure "<name>_Click", once the box with the focus let go.
+  /// Runs as the procedure "<name>_Click", after the leave handler of the box with the focus.
   std::function<void(Procedure& running)> pressed = {};
   Role role = Role::kPlain;
-  bool inRowMenu = false;  ///< the menu of a row, behind the right mouse button, offers it too
+  bool inRowMenu = false;  ///< also in the context menu of a row
 };
 
 /// One way to search.
 struct ListSearchWay {
-  /// The statement of the rows found. Its one parameter is the text looked for with "%" behind it.
+  /// Selects the rows found. Its only parameter is the typed text followed by "%".
   std::string statement;
-  /// What is said, with the text and " !" behind it, when there are none.
+  /// The message when no rows are found, without the typed text and " !", which are added to it.
   std::string nothingFound;
-  /// The option button that chooses this way; needed where there are several.
+  /// The name of the option button that chooses this way; needed when there are several ways.
   const char* option = nullptr;
   const char* caption = nullptr;
 };
 
-/// The search above the list: a text and a button. The statement is tried first; without rows the
-/// list stays as it is.
+/// The search above the list: a text and a button. When no rows are found, the list keeps its rows.
 struct ListSearch {
-  std::string all;  ///< the statement that an empty text brings back
+  std::string all;  ///< the statement for an empty text
   std::vector<ListSearchWay> ways;
   const char* caption = "Cautare";
   const char* tip = "Cautare dupa denumire";
   int longest = 50;  ///< characters of the text
 };
 
-/// Sorting by the columns whose heads were dragged above the list, in two directions.
+/// Sorts by the columns whose headers were dragged above the list, up or down.
 struct ListSort {
   QString groupText;
   const char* up = "Sortare Crescatoare";
   const char* down = "Sortare Descrescatoare";
 };
 
-/// A column with a total below it.
+/// A column with its total below the list.
 struct ListTotal {
   std::string field;
   std::string format;  ///< as for Format of platform/text
@@ -72,31 +71,31 @@ struct ListDescription {
   const char* grid = "TDBGrid1";        ///< the name of the grid
   const char* source = "datPrimaryRS";  ///< the name of its data source
   std::string connection;               ///< the connection string
-  std::string statement;                ///< of the rows at opening
+  std::string statement;                ///< selects the rows when the screen opens
   Values params = {};
   std::vector<GridColumn> columns;
 
-  /// The field by which a row is found again; needed for `refreshed` and for deleting.
+  /// The field that identifies a row; needed for `refreshed` and for deleting.
   std::string key = {};
-  bool refreshed = false;  ///< the rows are read anew whenever the screen comes to the front
-  bool editable = false;   ///< cells are edited in place
-  bool rowSelect = false;  ///< going to a row marks it
-  bool counted = false;    ///< "Nr. :" and the number of rows stand above the list
-  bool strip = false;      ///< the strip of the data source stands below the list
+  bool refreshed = false;  ///< rows are read again each time the screen comes to the front
+  bool editable = false;   ///< cells can be edited
+  bool rowSelect = false;  ///< moving to a row marks it
+  bool counted = false;    ///< shows "Nr. :" and the number of rows above the list
+  bool strip = false;      ///< shows the data source's navigation strip below the list
 
   std::vector<ListTotal> totals = {};
   std::optional<ListSearch> search = {};
   std::optional<ListSort> sort = {};
-  /// Under which the user's columns are remembered; with it the list has its menu.
+  /// The key under which the user's columns are remembered. A list without a key has no menu.
   std::string toolsKey = {};
   GridPrintInfo print = {};
 
   std::vector<ListButton> buttons = {};
-  bool shortFailures = false;  ///< what a button fails with is told in the short form
+  bool shortFailures = false;  ///< failures of buttons have the short form
 
-  QWidget* above = nullptr;          ///< stands above the list, such as boxes for a new row
-  QWidget* below = nullptr;          ///< stands between the list and the buttons
-  std::vector<QWidget*> boxes = {};  ///< what Tab goes through in `above`
+  QWidget* above = nullptr;          ///< shown above the list, such as boxes for a new row
+  QWidget* below = nullptr;          ///< shown between the list and the buttons
+  std::vector<QWidget*> boxes = {};  ///< the controls of `above` in the order of Tab
   QSize least = {480, 240};
   QSize size = {1000, 560};
 };

@@ -1,5 +1,5 @@
 // The pattern of a list: rows of a statement in a grid, with search, sort, count, totals, listing
-// and a row of buttons. A screen describes itself as data and adds what its buttons do.
+// and a row of buttons. A screen describes itself as data; its buttons have handlers.
 #pragma once
 
 #include <QLabel>
@@ -19,8 +19,8 @@ class QMenu;
 
 namespace tevra {
 
-/// A screen derives from it and calls Open at the end of its constructor. Controls that the
-/// description does not ask for stay null.
+/// A screen derives from this class and calls Open at the end of its constructor. Controls that the
+/// description does not ask for remain nullptr.
 ///
 ///   class frmThings : public ListScreen {
 ///    public:
@@ -51,45 +51,47 @@ class ListScreen : public Form {
  protected:
   ListScreen(const char* name, const QString& caption, QWidget* parent);
 
-  /// Builds the screen, connects its controls and reads the rows; a failure of the reading is told
-  /// under "Form_Load".
+  /// Builds the screen, connects its controls and reads the rows. When the reading fails, shows the
+  /// message of the procedure "Form_Load".
   void Open(ListDescription description);
 
   DataGrid* Grid() const { return grid_; }
   const ListDescription& Description() const { return list_; }
 
-  // What a screen may do in its own way.
+  // A screen may override these.
 
-  /// Gives the data source its rows. The description's statement, unless overridden; a list with
-  /// totals has them added up while the rows are read, so it leaves this as it is.
+  /// Gives the data source its rows; unless overridden, by the description's statement. A list with
+  /// totals must not override it, because the totals are added up while the rows are read.
   virtual void ReadRows();
-  /// Adds one row to the totals of the rows marked. Null counts as 0.
+  /// Adds one row to the totals of the marked rows. Null counts as 0.
   virtual void AddToTotals(std::vector<double>& totals, const Values& row) const;
-  /// Other rows are marked; `key`: of the one that the user went to last.
+  /// Called when other rows are marked. `key`: the key of the row that the user moved to last.
   virtual void RowSelected(const std::string& /*key*/) {}
-  /// A search has brought other rows, or none.
+  /// Called after a search, whether it found rows or not.
   virtual void Searched() {}
   virtual void ShowCount();
 
-  // What the buttons of most lists do.
+  // The steps of most lists' buttons.
 
-  /// What was typed into the boxes above the list is written or of no use: the screen may close.
+  /// Marks the boxes above the list as saved, so that the screen closes without a question about
+  /// them.
   void MarkBoxesSaved();
-  /// Adds a row with these fields and goes to it. Throws Failure; then there is no new row.
+  /// Adds a row with these fields and moves to it. Throws Failure and then adds no row.
   void AddRow(const std::vector<std::pair<std::string, Value>>& fields);
-  /// The question before a deletion, with "Nu" as the default button. `icon`: kQuestion or 0.
+  /// Asks before a deletion, with "Nu" as the default button; true when the answer is "Da".
+  /// `icon`: kQuestion or 0.
   bool AskToDelete(const std::string& question, long icon = kQuestion) const;
-  /// Asks, runs `remove` with the key of the current row and reads the rows anew. Nothing happens
-  /// without a current row.
+  /// Asks, calls `remove` with the key of the current row and reads the rows again. Does nothing
+  /// when there is no current row.
   void DeleteRow(Procedure& running, const std::string& question, long icon,
                  const std::function<void(const Value& key)>& remove);
-  /// The list goes on where the recordset stands after its current row was deleted.
+  /// Moves the list to the recordset's current row after a row was deleted.
   void ShowWithoutDeleted();
-  /// Shows the totals of the rows marked and opens their preview behind the page's set-up.
+  /// Shows the totals of the marked rows, then the page set-up and the preview of these rows.
   void ListMarked(Procedure& running);
   void cmdCauta_Click(Procedure& running);
 
-  /// Reads the rows anew at the place where the user is.
+  /// Reads the rows again and keeps the user's current row.
   void RefreshInPlace();
   std::vector<std::string> TotalledFields() const;
   std::vector<double> TotalsOfRows() const;

@@ -3,6 +3,7 @@
 #include "platform/data/MoneySum.h"
 #include "platform/data/RowSpool.h"
 #include "platform/shape/ShapeText.h"
+#include "platform/text/Invariant.h"
 #include "platform/text/Strings.h"
 
 namespace tevra {
@@ -70,7 +71,10 @@ class Grouper {
     group.push_back(static_cast<std::int64_t>(first_));
     group.push_back(static_cast<std::int64_t>(row_ - first_));
     groups_.Append(group);
+    grouped_ += row_ - first_;
   }
+
+  std::size_t Grouped() const { return grouped_; }  // the rows of all finished groups
 
   Values GrandTotals() const {
     Values totals;
@@ -87,6 +91,7 @@ class Grouper {
   Value key_;
   std::size_t first_ = 0;
   std::size_t row_ = 0;
+  std::size_t grouped_ = 0;
 };
 
 }  // namespace
@@ -108,6 +113,8 @@ struct ShapedRecordset::State {
     RowSpool rows(connection, InGroupOrder(text.statement, key), params,
                   [&](const RowSpool::ValueOf& valueOf) { grouper.Take(valueOf); });
     grouper.Finish();
+    InvariantEqual(static_cast<std::int64_t>(grouper.Grouped()),
+                   static_cast<std::int64_t>(rows.RowCount()), "randurile tuturor grupelor");
     return std::make_shared<const State>(
         State{std::move(text), std::move(groups), std::move(rows), grouper.GrandTotals()});
   }

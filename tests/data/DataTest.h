@@ -135,7 +135,7 @@ class RowsTest : public AssetsTest, public ::testing::WithParamInterface<bool> {
   Recordset Rows(const std::string& sql, const Values& params = {}) {
     if (!GetParam()) return connection_.OpenRecordset(sql, params);
     Recordset rows = connection_.OpenKeyset(sql, params);
-    if (!rows.Eof()) rows.Get(0);
+    if (!rows.Eof()) (void)rows.Get(0);
     return rows;
   }
 };

@@ -78,7 +78,7 @@ TEST_F(KeysetTest, AddsUpFieldsWhileItReads) {
     }
     Recordset rows = connection_.OpenKeyset(statement, {100.0}, {"DUBLU", "val"});
     EXPECT_EQ(rows.Total("VAL"), sum);
-    ExpectRefused(kItemNotFound, "COD", [&] { rows.Total("COD"); });
+    ExpectRefused(kItemNotFound, "COD", [&] { (void)rows.Total("COD"); });
     rows.SetFilter("VAL < 0");
     EXPECT_EQ(rows.Total("VAL"), sum) << "of all rows";
   }
@@ -87,7 +87,7 @@ TEST_F(KeysetTest, AddsUpFieldsWhileItReads) {
   rows.Requery();
   EXPECT_EQ(rows.Total("VAL"), 0);
   ExpectRefused(kItemNotFound, "NIMIC",
-                [&] { connection_.OpenKeyset("SELECT * FROM T_IMO", {}, {"NIMIC"}); });
+                [&] { (void)connection_.OpenKeyset("SELECT * FROM T_IMO", {}, {"NIMIC"}); });
 }
 
 TEST_F(KeysetTest, KeepsTheFileFreeForOthers) {
@@ -110,7 +110,7 @@ TEST_F(KeysetTest, RowsAreAsTheyAreWhenLookedAt) {
   EXPECT_EQ(std::size_t{kAssets}, rows.RecordCount());
   EXPECT_EQ(Value("altul"), rows.ValueAt(4999, named));
   EXPECT_TRUE(rows.ValueAt(5000, named).IsNull());
-  for (std::size_t i = 0; i < kAssets; ++i) rows.ValueAt(i, named);  // all pages come and go
+  for (std::size_t i = 0; i < kAssets; ++i) (void)rows.ValueAt(i, named);  // all pages come and go
   EXPECT_EQ(before, first) << "what was got of the current row is held";
 
   rows.Set("DENUMIRE", "al meu");
@@ -137,7 +137,7 @@ TEST_F(KeysetTest, WhatWasWrittenHereStaysInTheList) {
   rows.AddNew();
   Save(rows, {{"COD", "nou"}, {"VAL", 2.0}});
   const std::size_t last = rows.Position();
-  for (std::size_t i = 0; i < last; ++i) rows.ValueAt(i, coded);
+  for (std::size_t i = 0; i < last; ++i) (void)rows.ValueAt(i, coded);
   EXPECT_EQ(Value("nou"), rows.Get("COD"));
   rows.SetPosition(0);
   EXPECT_EQ(Value(code), rows.Get("COD"));

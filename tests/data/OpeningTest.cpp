@@ -87,7 +87,7 @@ TEST_F(OpeningTest, PasswordIsAskedAtEveryOpen) {
 TEST_F(OpeningTest, ClosedConnectionSaysSo) {
   Connection connection;
   EXPECT_EQ(kObjectRequired, FailureOf([&] { connection.Execute("SELECT 1"); }));
-  EXPECT_EQ(kObjectRequired, FailureOf([&] { Catalogue(connection).Tables(); }));
+  EXPECT_EQ(kObjectRequired, FailureOf([&] { (void)Catalogue(connection).Tables(); }));
   EXPECT_EQ(kObjectRequired, FailureOf([&] { Recordset().MoveNext(); }));
 }
 

@@ -25,7 +25,7 @@ TEST_P(RecordsetTest, PositionsAtBothEnds) {
   EXPECT_FALSE(rows.Bof() || rows.Eof());
   rows.MovePrevious();
   EXPECT_TRUE(rows.Bof());
-  EXPECT_EQ(kNoCurrentRecord, FailureOf([&] { rows.Get("COD"); }));
+  EXPECT_EQ(kNoCurrentRecord, FailureOf([&] { (void)rows.Get("COD"); }));
   EXPECT_EQ(kNoCurrentRecord, FailureOf([&] { rows.MovePrevious(); }));
   rows.MoveNext();
   EXPECT_EQ(Value("100"), rows.Get("COD"));
@@ -73,9 +73,9 @@ TEST_P(RecordsetTest, FieldsKnowTheirTypesAndOrigin) {
     }
   }
   EXPECT_EQ(7u, rows.FieldCount());
-  EXPECT_EQ(kItemNotFound, FailureOf([&] { rows.Get("NIMIC"); }));
-  EXPECT_EQ(kItemNotFound, FailureOf([&] { rows.Get(7); }));
-  EXPECT_EQ(kItemNotFound, FailureOf([&] { rows.Get("__row1"); }));
+  EXPECT_EQ(kItemNotFound, FailureOf([&] { (void)rows.Get("NIMIC"); }));
+  EXPECT_EQ(kItemNotFound, FailureOf([&] { (void)rows.Get(7); }));
+  EXPECT_EQ(kItemNotFound, FailureOf([&] { (void)rows.Get("__row1"); }));
   EXPECT_FALSE(rows.FindField("NIMIC"));
 }
 
@@ -187,7 +187,7 @@ TEST_P(RecordsetTest, ACloneHasAPlaceOfItsOwnOnTheSameRows) {
   connection_.Execute("DELETE FROM T_IMO");
   rows.Requery();
   EXPECT_TRUE(clone.Eof());
-  EXPECT_EQ(kNoCurrentRecord, FailureOf([&] { clone.Get("COD"); }));
+  EXPECT_EQ(kNoCurrentRecord, FailureOf([&] { (void)clone.Get("COD"); }));
 }
 
 TEST_P(RecordsetTest, RequeryKeepsFilterSortAndParameters) {

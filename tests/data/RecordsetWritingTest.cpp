@@ -120,7 +120,7 @@ TEST_P(RecordsetWritingTest, ARowThatTookTheIdOfADeletedOneIsAnother) {
     SCOPED_TRACE(table);
     Recordset rows = Rows("SELECT * FROM " + std::string(table));
     rows.MoveLast();
-    rows.Get(0);
+    (void)rows.Get(0);
     Raw(file_, theirs);
     EXPECT_EQ(kRowChanged, FailureOf([&] { rows.Delete(); }));
     rows.Set(0, "x");
@@ -129,7 +129,7 @@ TEST_P(RecordsetWritingTest, ARowThatTookTheIdOfADeletedOneIsAnother) {
   }
   Recordset rows = Rows("SELECT * FROM T_GR ORDER BY COD_GR");
   rows.MoveLast();
-  rows.Get(0);
+  (void)rows.Get(0);
   Raw(file_, "DELETE FROM T_GR WHERE COD_GR = '9.9'; INSERT INTO T_GR VALUES ('9.8', 4)");
   rows.Set("DURATA", 5);
   EXPECT_EQ(kRowChanged, FailureOf([&] { rows.Update(); }));

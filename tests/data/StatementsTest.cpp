@@ -115,7 +115,8 @@ TEST_F(StatementsTest, FailuresTellTheReasonAndTheStatement) {
     EXPECT_EQ(sql, refusal.source);
   }
   EXPECT_EQ(2, Count());
-  EXPECT_EQ(kStatementError, FailureOf([&] { connection_.OpenRecordset("DELETE FROM T_LOC"); }));
+  EXPECT_EQ(kStatementError,
+            FailureOf([&] { (void)connection_.OpenRecordset("DELETE FROM T_LOC"); }));
   EXPECT_EQ(2, Count());
 }
 

@@ -146,7 +146,7 @@ TEST_F(FrmSocietati, ADatabaseInUseIsToldAndKept) {
   screen.show();
   Add(screen, "02", "Doi");
   Connection user(CompanyConnectionString(company_.Directory().string(), "Kelnar02.mdb"));
-  user.QueryValue("SELECT COUNT(*) FROM I_IMO");
+  (void)user.QueryValue("SELECT COUNT(*) FROM I_IMO");
   QTest::mouseClick(screen.cmdSterge, Qt::LeftButton);
   EXPECT_EQ(messages_.shown.back().prompt.substr(0, 9), "Eroare 70");
   EXPECT_TRUE(HasFile("Kelnar02.mdb"));
