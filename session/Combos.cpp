@@ -36,7 +36,8 @@ void LoadComboBox(QComboBox& combo) {
   }
   try {
     for (const std::string& entry : ComboEntries(name)) {
-      combo.addItem(QString::fromStdString(entry));
+      const QString text = QString::fromStdString(entry);
+      combo.addItem(text, text);
     }
     // At first no entry is selected.
     combo.setCurrentIndex(-1);

@@ -1,6 +1,8 @@
 #include "app/tevra/Screens.h"
 
 #include "platform/forms/Windows.h"
+#include "reference/ReferenceScreen.h"
+#include "reference/ReferenceTables.h"
 #include "register/frmImo.h"
 #include "reports/frmRapCHE.h"
 #include "session/frmParamSoc.h"
@@ -13,6 +15,9 @@ void HandInScreens(frmMain& frame) {
   frame.SetOpener("Soc_Lista", [] { windows::Open<frmSocietati>(); });
   frame.SetOpener("Soc_Conf", [] { windows::Open<frmParamSoc>(); });
   frame.SetOpener("Utilizatori", [] { windows::Open<frmUtilizatori>(); });
+  for (const ReferenceTable& table : ReferenceTables()) {
+    frame.SetOpener(table.menuItem, [&table] { OpenReference(table.screen); });
+  }
   frame.SetOpener("Materiale_imo", [] { windows::Open<frmImo>(); });
   frame.SetOpener("Rapoarte_Cheltuieli", [] { windows::Open<frmRapCHE>(); });
 }

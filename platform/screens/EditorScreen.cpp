@@ -18,25 +18,29 @@ ListDescription EditorScreen::Describe() {
   list.connection = editor_.connection;
   list.statement = editor_.statement;
   list.columns = editor_.columns;
+  list.key = editor_.key;
+  list.toolsKey = editor_.toolsKey;
   list.editable = true;
   list.above = editor_.frame;
-  for (const LabelledBox& each : editor_.boxes) list.boxes.push_back(each.box);
+  for (const LabelledBox& each : editor_.boxes) {
+    list.boxes.push_back(each.box);
+    if (each.beside) list.boxes.push_back(each.beside);
+  }
   PlaceBoxes(editor_.frame, editor_.boxes, editor_.boxesInARow);
   list.buttons = {{&cmdAdauga, "cmdAdauga", "Adaugare", editor_.addTip,
                    [this](Procedure&) { cmdAdauga_Click(); }, Role::kAdd},
                   {&cmdSterge, "cmdSterge", "Stergere", editor_.deleteTip,
-                   [this](Procedure&) { cmdSterge_Click(); }},
+                   [this](Procedure&) { cmdSterge_Click(); }, Role::kPlain, true},
                   {&cmdIesire, "cmdIesire", "Iesire", "Inchidere fereastra", {}, Role::kClose}};
   list.size = editor_.size;
   return list;
 }
 
-void EditorScreen::RunTitled(const std::string& title, const std::function<void()>& body) {
-  RunWith(
-      title.c_str(), [&](Procedure&) { body(); },
-      [&](const Failure& failure, const Procedure&) {
-        ShowMessage({ShortErrorText(failure), kCritical, title, {}});
-      });
+void EditorScreen::RunTitled(const std::string& title, bool withLine, const Body& body) {
+  RunWith(title.c_str(), body, [&](const Failure& failure, const Procedure& running) {
+    const std::string line = withLine ? " Linia: " + std::to_string(running.line) : "";
+    ShowMessage({ShortErrorText(failure) + line, kCritical, title, {}});
+  });
 }
 
 bool EditorScreen::AreBoxesValid() {
@@ -50,9 +54,12 @@ bool EditorScreen::AreBoxesValid() {
 }
 
 void EditorScreen::cmdAdauga_Click() {
-  RunTitled(editor_.addFailure, [this] {
+  RunTitled(editor_.addFailure, editor_.addFailureLine, [this](Procedure& running) {
+    running.line = 1;
     if (!AreBoxesValid()) return;
+    running.line = 2;
     pAdauga();
+    running.line = 3;
     if (editor_.added) editor_.added();
     MarkBoxesSaved();
   });
@@ -63,7 +70,7 @@ void EditorScreen::pAdauga() {
 }
 
 void EditorScreen::cmdSterge_Click() {
-  RunTitled(editor_.deleteFailure, [this] {
+  RunTitled(editor_.deleteFailure, false, [this](Procedure&) {
     if (!datPrimaryRS->HasRow() || !AskToDelete(editor_.question())) return;
     for (const UseCheck& use : editor_.uses) {
       if (!use.used()) continue;

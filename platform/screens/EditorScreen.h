@@ -17,7 +17,7 @@ namespace tevra {
 /// A check of the boxes before a row is added.
 struct EditorCheck {
   std::function<bool()> fails;
-  const char* message;
+  std::string message;
   QWidget* focus = nullptr;  ///< gets the focus after the message; nullptr: the focus stays
 };
 
@@ -38,6 +38,8 @@ struct EditorDescription {
   std::string connection;
   std::string statement;
   std::vector<GridColumn> columns;
+  std::string key = {};       ///< see ListDescription
+  std::string toolsKey = {};  ///< see ListDescription
 
   QGroupBox* frame;  ///< of MakeInputFrame, with the boxes as its children
   std::vector<LabelledBox> boxes;
@@ -48,6 +50,7 @@ struct EditorDescription {
   /// Returns the fields of the new row; called after all checks passed.
   std::function<std::vector<std::pair<std::string, Value>>()> row;
   std::string addFailure;            ///< the title of the message when the adding fails
+  bool addFailureLine = false;       ///< that message names the line, too
   std::function<void()> added = {};  ///< called after a row was added
 
   const char* deleteTip = "";
@@ -81,7 +84,7 @@ class EditorScreen : public ListScreen {
   void cmdSterge_Click();
   bool AreBoxesValid();
   bool grdDataGrid_BeforeColUpdate(int column, const QString& text);
-  void RunTitled(const std::string& title, const std::function<void()>& body);
+  void RunTitled(const std::string& title, bool withLine, const Body& body);
 
   EditorDescription editor_;
 };

@@ -22,7 +22,14 @@ void PlaceBoxes(QGroupBox* frame, const std::vector<LabelledBox>& boxes, int inA
     grid->addWidget(label, i / inARow, column);
     // A box that may not grow stands at its label and not in the middle of the room.
     const bool narrow = each.box->maximumWidth() < QWIDGETSIZE_MAX;
-    grid->addWidget(each.box, i / inARow, column + 1, narrow ? Qt::AlignLeft : Qt::Alignment());
+    if (each.beside) {
+      auto* pair = new QHBoxLayout;
+      pair->addWidget(each.box, 1);
+      pair->addWidget(each.beside, 3);
+      grid->addLayout(pair, i / inARow, column + 1);
+    } else {
+      grid->addWidget(each.box, i / inARow, column + 1, narrow ? Qt::AlignLeft : Qt::Alignment());
+    }
     grid->setColumnStretch(column + 1, each.stretch);
   }
 }

@@ -11,6 +11,7 @@ struct LabelledBox {
   const char* label;
   QWidget* box;
   int stretch = 1;
+  QWidget* beside = nullptr;  ///< a second control right of the box
 };
 
 /// Makes an empty frame. The screen creates the boxes as its children and calls PlaceBoxes.
