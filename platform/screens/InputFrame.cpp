@@ -24,6 +24,7 @@ void PlaceBoxes(QGroupBox* frame, const std::vector<LabelledBox>& boxes, int inA
     const bool narrow = each.box->maximumWidth() < QWIDGETSIZE_MAX;
     if (each.beside) {
       auto* pair = new QHBoxLayout;
+      pair->setSpacing(6);
       pair->addWidget(each.box, 1);
       pair->addWidget(each.beside, 3);
       grid->addLayout(pair, i / inARow, column + 1);
