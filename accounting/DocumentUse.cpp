@@ -1,6 +1,10 @@
 #include "accounting/DocumentUse.h"
 
-#include "platform/data/Recordset.h"
+#include <algorithm>
+#include <map>
+
+#include "platform/data/MoneySum.h"
+#include "platform/data/RowReader.h"
 #include "platform/system/MessageBox.h"
 #include "platform/text/Numbers.h"
 #include "platform/text/Strings.h"
@@ -8,20 +12,40 @@
 
 namespace tevra {
 
+namespace {
+
+// The notes of one journal.
+struct JournalNotes {
+  int notes = 0;
+  MoneySum lei;
+};
+
+}  // namespace
+
 DocumentUse NotesUnder(Connection& connection, const std::string& document,
                        const std::vector<std::string>& own) {
-  std::string condition = "DOC = ?";
-  Values values{document};
-  for (const std::string& journal : own) {
-    condition += " AND JURNAL <> ?";
-    values.push_back(journal);
+  std::map<std::string, JournalNotes> journals;
+  RowReader rows(connection,
+                 "SELECT JURNAL, NDI, SUM(DEBIT) AS LEI FROM Kv_Linii WHERE DOC = ? GROUP BY "
+                 "JURNAL, NDI",
+                 {document});
+  const int journal = rows.Column("JURNAL");
+  const int lei = rows.Column("LEI");
+  while (rows.Next()) {
+    JournalNotes& notes = journals[UCase(rows.Text(journal))];
+    ++notes.notes;
+    notes.lei.Add(rows.Number(lei).value_or(0));
   }
-  const Recordset rows = connection.OpenRecordset(
-      "SELECT COUNT(*) AS NOTE, SUM(LEI) AS TOTAL FROM (SELECT NDI, SUM(DEBIT) AS LEI FROM "
-      "Kv_Linii WHERE " +
-          condition + " GROUP BY NDI) Q",
-      values);
-  return {document, CLng(rows.Get("NOTE").AsDouble()), Nz(rows.Get("TOTAL")).AsDouble()};
+  DocumentUse use{document};
+  MoneySum sum;
+  for (const auto& [name, notes] : journals) {
+    const bool isOwn = std::find(own.begin(), own.end(), name) != own.end();
+    if (isOwn && notes.notes == 1) continue;
+    use.notes += notes.notes;
+    sum.Add(notes.lei.Total());
+  }
+  use.lei = sum.Total();
+  return use;
 }
 
 bool MayDelete(const DocumentUse& use) {

@@ -14,8 +14,9 @@ struct DocumentUse {
   double lei = 0;  ///< the sum of their debits
 };
 
-/// The notes under `document`, except those in the journals `own`, which the caller knows as its
-/// earlier notes. Throws Failure.
+/// The notes under `document`, except the caller's earlier ones: `own` has their journals, at most
+/// one note in each. Where a journal of `own` has several notes, nobody can tell which one is the
+/// caller's, and all of them count. Throws Failure.
 DocumentUse NotesUnder(Connection& connection, const std::string& document,
                        const std::vector<std::string>& own = {});
 

@@ -61,7 +61,7 @@ void RequirePlace(const std::string& directory, const Company& company, Existing
 void WriteName(const std::string& connectionString, const std::string& name) {
   constexpr std::size_t kLongest = 35;
   Connection company(connectionString);
-  company.Execute("UPDATE kv_info SET DENUMIRE = ?", {Left(Trim(name), kLongest)});
+  company.Execute("UPDATE kv_info SET DENUMIRE = ?", {Trim(Left(Trim(name), kLongest))});
 }
 
 void MakeDatabase(const std::string& directory, const Company& company) {

@@ -44,11 +44,13 @@ ListDescription frmSocietati::Describe() {
   list.editable = true;
   list.above = fraInput;
   list.boxes = {txtCod, txtDenumire};
-  list.buttons = {{&cmdAdauga, "cmdAdauga", "Adaugare", "Creare societate noua",
-                   [this](Procedure&) { cmdAdauga_Click(); }, Role::kAdd},
-                  {&cmdSterge, "cmdSterge", "Stergere", "Stergere societate selectata",
-                   [this](Procedure&) { cmdSterge_Click(); }, Role::kPlain, true},
-                  {&cmdIesire, "cmdIesire", "Iesire", "Inchidere fereastra", {}, Role::kClose}};
+  list.buttons = {
+      {&cmdAdauga, "cmdAdauga", "Adaugare", "Creare societate noua",
+       [this](Procedure&) { Run("Adauga societate", [this](Procedure&) { cmdAdauga_Click(); }); },
+       Role::kAdd},
+      {&cmdSterge, "cmdSterge", "Stergere", "Stergere societate selectata",
+       [this](Procedure&) { cmdSterge_Click(); }, Role::kPlain, true},
+      {&cmdIesire, "cmdIesire", "Iesire", "Inchidere fereastra", {}, Role::kClose}};
   list.size = {580, 430};
   return list;
 }
