@@ -91,8 +91,7 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   const GeneratedCompany company(kAssets);
   Connection connection(company.ConnectionString());
-  sqlite3* bare = nullptr;
-  sqlite3_open(company.File().c_str(), &bare);
+  sqlite3* bare = OpenBare(company.File());
   const auto add = [](const char* name, auto function, auto* over) {
     benchmark::RegisterBenchmark(name, function, over)
         ->Unit(benchmark::kMillisecond)

@@ -8,6 +8,7 @@
 
 #include <sqlite3.h>
 
+#include "bench/BareRows.h"
 #include "engine/DepreciationRules.h"
 
 namespace tevra::bench {
@@ -104,10 +105,9 @@ void Write(sqlite3_stmt* update, sqlite3_int64 rowId, const CalculatedFields& fi
 }  // namespace
 
 int RunFloor(const std::filesystem::path& file, const DateTime& dataCalcul, bool checks) {
-  sqlite3* db = nullptr;
+  sqlite3* db = OpenBare(file);
   sqlite3_stmt* row = nullptr;
   sqlite3_stmt* update = nullptr;
-  Check(sqlite3_open_v2(file.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr));
   Check(sqlite3_exec(db, "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL; BEGIN IMMEDIATE",
                      nullptr, nullptr, nullptr));
   if (!checks) {

@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 
 #include "accounting/ChargePostings.h"
+#include "bench/BareRows.h"
 #include "platform/text/Numbers.h"
 
 namespace tevra::bench {
@@ -33,8 +34,10 @@ void Check(int code) {
 class Floor {
  public:
   Floor(const std::filesystem::path& file, const DateTime& date)
-      : document_(ChargeDocument(date)), day_(date.Iso()), due_(date.AddMonths(1).Iso()) {
-    Check(sqlite3_open_v2(file.c_str(), &db_, SQLITE_OPEN_READWRITE, nullptr));
+      : db_(OpenBare(file)),
+        document_(ChargeDocument(date)),
+        day_(date.Iso()),
+        due_(date.AddMonths(1).Iso()) {
     Run("PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL; BEGIN IMMEDIATE");
     Run("DELETE FROM Kv_Linii WHERE DOC='" + document_ + "'");
     Check(sqlite3_prepare_v2(db_, kSelect, -1, &row_, nullptr));

@@ -161,8 +161,7 @@ int main(int argc, char** argv) {
     Connection connection(company.ConnectionString());
     RunMonth(connection, DateTime(2026, 10, 31));
   }
-  sqlite3* bare = nullptr;
-  sqlite3_open(company.File().c_str(), &bare);
+  sqlite3* bare = OpenBare(company.File());
   const std::vector<std::vector<Drawn>> pages = DrawnPages();
   const auto once = [](auto* registered) {
     registered->Unit(benchmark::kMillisecond)->Iterations(1);

@@ -63,8 +63,7 @@ void Bare(benchmark::State& state, sqlite3* db) {
 int main(int argc, char** argv) {
   const GeneratedCompany company(kAssets);
   Connection connection(company.ConnectionString());
-  sqlite3* bare = nullptr;
-  sqlite3_open(company.File().c_str(), &bare);
+  sqlite3* bare = OpenBare(company.File());
   const auto add = [](const char* name, auto function, auto* over) {
     benchmark::RegisterBenchmark(name, function, over)
         ->Unit(benchmark::kMillisecond)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/text/Invariant.h"
 #include "platform/text/Strings.h"
 
 namespace tevra::detail {
@@ -151,7 +152,13 @@ void Database::RequireTransaction(const std::string& statement) const {
   }
 }
 
+void Database::RequireItsThread() const {
+  Invariant(thread == std::this_thread::get_id(),
+            "conexiunea este folosita din alt fir de executie");
+}
+
 void Database::Run(const std::string& sql) {
+  RequireItsThread();
   if (const int code = sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr);
       code != SQLITE_OK) {
     Throw(sqlite3_extended_errcode(db), sql);
@@ -253,6 +260,7 @@ Statement::Statement(Database& database, const std::string& sql, dialect::Option
 }
 
 void Statement::Prepare(const std::string& sql) {
+  database_.RequireItsThread();
   if (database_.guard) database_.guard->RequireSame();
   const char* tail = nullptr;
   const int code = sqlite3_prepare_v2(database_.db, sql.c_str(), static_cast<int>(sql.size()) + 1,
@@ -322,6 +330,7 @@ bool Statement::StepInTransaction() {
 }
 
 bool Statement::Step() {
+  database_.RequireItsThread();
   database_.RequireTransaction(sql_);
   if (needsTransaction_ && database_.depth == 0) return StepInTransaction();
   if (changesSchema_) database_.schemaChanged = true;

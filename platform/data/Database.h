@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include <sqlite3.h>
@@ -55,6 +56,7 @@ struct Database {
   // Of the open transaction; a change of the schema is not among the engine's counted changes.
   std::int64_t changesBefore = 0;
   bool schemaChanged = false;
+  std::thread::id thread = std::this_thread::get_id();
 
   Database() = default;
   Database(const Database&) = delete;
@@ -73,6 +75,10 @@ struct Database {
   /// Throws when SQLite has ended the open transaction: after a full disk it rolls everything back,
   /// and the following statements would be written one by one.
   void RequireTransaction(const std::string& statement) const;
+
+  /// Throws in any other thread than the one that opened the file: the engine's handle has no
+  /// mutex.
+  void RequireItsThread() const;
 
   /// Throws the failure of SQLite's last error, with `statement` as its source.
   [[noreturn]] void Throw(int code, const std::string& statement);

@@ -1,10 +1,13 @@
 // Which files open, which are refused, and in whose words.
 
+#include <thread>
+
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include "platform/data/FilePassword.h"
+#include "platform/text/Invariant.h"
 #include "tests/data/DataTest.h"
 
 namespace fs = std::filesystem;
@@ -161,6 +164,16 @@ TEST_F(OpeningTest, LookingAtAFileKeepsItsLocks) {
   int status = -1;
   waitpid(child, &status, 0);
   EXPECT_EQ(0, status) << "the file is no longer held";
+}
+
+// The engine's handle has no mutex of its own.
+TEST_F(OpeningTest, AConnectionIsRefusedInAnotherThread) {
+  Connection connection = Open();
+  std::thread([&] {
+    ExpectRefused(kBrokenInvariant, "alt fir", [&] { connection.QueryValue("SELECT 1"); });
+    ExpectRefused(kBrokenInvariant, "alt fir", [&] { connection.BeginTrans(); });
+  }).join();
+  EXPECT_EQ(1, connection.QueryValue("SELECT 1").AsLong());
 }
 
 }  // namespace
