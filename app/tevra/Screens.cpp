@@ -5,6 +5,7 @@
 #include "reference/ReferenceTables.h"
 #include "register/frmImo.h"
 #include "reports/frmRapCHE.h"
+#include "reports/frmRapStatistici.h"
 #include "session/frmParamSoc.h"
 #include "session/frmSocietati.h"
 #include "session/frmUtilizatori.h"
@@ -20,6 +21,7 @@ void HandInScreens(frmMain& frame) {
   }
   frame.SetOpener("Materiale_imo", [] { windows::Open<frmImo>(); });
   frame.SetOpener("Rapoarte_Cheltuieli", [] { windows::Open<frmRapCHE>(); });
+  frame.SetOpener("Rapoarte_Statistici", [] { windows::Open<frmRapStatistici>(); });
 }
 
 }  // namespace tevra
