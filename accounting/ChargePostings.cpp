@@ -91,6 +91,7 @@ void AddCharge(cBLLNoteContabile& note, const Connection& connection, const Char
 
 ChargesPosted WriteNotes(Connection& connection, cBLLNoteContabile& note) {
   ChargesPosted posted;
+  posted.document = note.Doc;
   MoneySum sum;
   NoteChecker checker;
   for (Charges charges(connection); charges.Next();) {
@@ -118,15 +119,16 @@ ChargesPosted WriteNotes(Connection& connection, cBLLNoteContabile& note) {
 
 }  // namespace
 
-std::string ChargeDocument(const DateTime& date) {
-  return "IMO" + Format(date.Month(), "00");
-}
-
-ChargesPosted PostCharges(Connection& connection, const DateTime& date) {
+ChargesPosted PostCharges(Connection& connection, const DateTime& date, const MonthUse& agreed) {
   Transaction transaction(connection);
+  const MonthUse now = OthersUnderMonth(connection, date);
+  if (now.others != agreed.others) {
+    throw Failure(kRowChanged, "Notele contabile sub documentul \"" + now.document +
+                                   "\" s-au schimbat intre timp; scrieti din nou notele lunii");
+  }
   cBLLNoteContabile note;
-  static_cast<NoteLine&>(note) = LineOf("OD", ChargeDocument(date), date);
-  connection.Execute("DELETE FROM Kv_LINII WHERE DOC=?", {note.Doc});
+  static_cast<NoteLine&>(note) = LineOf("OD", now.document, date);
+  DeleteMonth(connection, date);
   const ChargesPosted posted = WriteNotes(connection, note);
   transaction.Commit();
   return posted;

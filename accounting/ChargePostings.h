@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "accounting/MonthDocument.h"
 #include "platform/data/Connection.h"
 #include "platform/text/DateTime.h"
 
@@ -10,20 +11,20 @@ namespace tevra {
 
 /// The result of a posting.
 struct ChargesPosted {
+  std::string document;
   int notes = 0;
   double lei = 0;  ///< the sum of their debits
 };
 
-/// The document of a month's postings: "IMO07" for July of any year.
-std::string ChargeDocument(const DateTime& date);
-
 /// Writes a note for each asset with a charge, using the rates of the last run: it credits the
 /// depreciation account and debits the expense account, rounded to bani. All lines with the month's
-/// document are deleted first, in the same transaction. A charge that rounds to 0 has no note, and
-/// neither has an asset whose account is not associated.
+/// document are deleted first (see DeleteMonth), in the same transaction. A charge that rounds to 0
+/// has no note, and neither has an asset whose account is not associated.
 ///
-/// Throws Failure and keeps the old postings; when a note was refused, the source names the asset's
-/// number.
-ChargesPosted PostCharges(Connection& connection, const DateTime& date);
+/// `agreed`: what OthersUnderMonth returned before the user agreed to its deletion. Throws Failure
+/// kRowChanged when something else stands there now. Every Failure keeps the old postings; when a
+/// note was refused, the source names the asset's number.
+ChargesPosted PostCharges(Connection& connection, const DateTime& date,
+                          const MonthUse& agreed = {});
 
 }  // namespace tevra

@@ -60,11 +60,13 @@ void frmRapCHE::cmdCalcul_Click() {
 // Posts after a failed run too, with the rates that the register has then.
 void frmRapCHE::pAddNoteContabile() {
   Run("pAddNoteContabile", [this](Procedure& procedure) {
-    const Hourglass waiting;
     procedure.line = 1;
     Connection connection(CurrentSession().connectionString);
+    const MonthUse others = OthersUnderMonth(connection, SelectedDate());
+    if (!MayReplace(others)) return;
+    const Hourglass waiting;
     procedure.line = 2;
-    PostCharges(connection, SelectedDate());
+    PostCharges(connection, SelectedDate(), others);
   });
 }
 

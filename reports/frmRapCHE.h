@@ -2,10 +2,10 @@
 // prints the depreciation of the month.
 #pragma once
 
-#include <QCalendarWidget>
 #include <QLabel>
 #include <QPushButton>
 
+#include "platform/forms/MonthCalendar.h"
 #include "platform/text/DateTime.h"
 #include "reports/ReportScreen.h"
 
@@ -15,7 +15,7 @@ class frmRapCHE : public ReportScreen {
  public:
   explicit frmRapCHE(QWidget* parent = nullptr);
 
-  QCalendarWidget* MonthView1;
+  MonthCalendar* MonthView1;
   QLabel* lblData;
   QGroupBox* Frame1;
   QLabel* Label1;

@@ -44,8 +44,7 @@ void frmRapCHE::Build() {
 
 QWidget* frmRapCHE::BuildCalendar() {
   auto* part = new QWidget(this);
-  MonthView1 = new QCalendarWidget(part);
-  MonthView1->setObjectName("MonthView1");
+  MonthView1 = new MonthCalendar("MonthView1", part);
   MonthView1->setLocale(QLocale(QLocale::Romanian, QLocale::Romania));
   MonthView1->setFirstDayOfWeek(Qt::Monday);
   MonthView1->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);

@@ -10,7 +10,7 @@ bool MayChangeTable(int userType, const std::string& table) {
   if (userType == kAll) return true;
   if (EqualNoCase(table, "UTILIZATORI")) return false;
   const bool settings = EqualNoCase(table, "kv_par") || EqualNoCase(table, "kv_info") ||
-                        EqualNoCase(table, "I_COEFAD");
+                        EqualNoCase(table, "I_COEFAD") || EqualNoCase(table, "kv_setari");
   return !settings || userType != kReportsOnly;
 }
 

@@ -3,6 +3,7 @@
 #include "platform/system/MessageBox.h"
 #include "platform/text/Numbers.h"
 #include "session/Combos.h"
+#include "session/CompanySettings.h"
 #include "session/Module1.h"
 #include "session/Session.h"
 
@@ -134,9 +135,10 @@ void frmParamSoc::Form_Load() {
     procedure.line = 1;
     LoadAccountCombos();
     // Both are written by one save.
-    const Connection configuration(CurrentSession().connectionString);
+    Connection configuration(CurrentSession().connectionString);
     adoCoefAD->SetConnection(configuration);
     adoConfigurari->SetConnection(configuration);
+    chkDocumentAn->setChecked(IsOn(configuration, CompanySetting::kDocumentWithYear));
     for (const auto& [source, statement] : sources) {
       ++procedure.line;
       source->SetConnectionString(CurrentSession().connectionString);
@@ -198,17 +200,21 @@ void frmParamSoc::UpdateParameters(Adodc& source) {
   source.UpdateRow();
 }
 
-// Coefficients and accounts are saved together or not at all. After a failure the boxes of both
-// keep what was typed.
+// Coefficients, accounts and settings are saved together or not at all. After a failure the boxes
+// of both keep what was typed.
 void frmParamSoc::SaveConfiguration() {
   const std::optional<DateTime> start = dtpInceput->Date();
   std::array<std::string, 3> typed;
   for (std::size_t i = 0; i < typed.size(); ++i) typed[i] = txtCoefDeg[i]->Text();
   const std::size_t row = adoCoefAD->HasRow() ? adoCoefAD->Recordset().Position() : 0;
   try {
-    Transaction transaction(adoCoefAD->GetConnection());
+    Connection connection = adoCoefAD->GetConnection();
+    Transaction transaction(connection);
     adoCoefAD->UpdateRow();
     UpdateParameters(*adoConfigurari);
+    if (HasChanges(chkDocumentAn)) {
+      SetOn(connection, CompanySetting::kDocumentWithYear, chkDocumentAn->isChecked());
+    }
     transaction.Commit();
   } catch (const Failure&) {
     adoCoefAD->Refresh();

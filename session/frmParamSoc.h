@@ -38,6 +38,7 @@ class frmParamSoc : public Form {
   std::array<DataCombo*, 3> cboCont;
   std::array<TextBox*, 3> txtConfig;  ///< the accounts; hidden
   DataCombo* cboDeviza;
+  CheckBox* chkDocumentAn;  ///< CompanySetting::kDocumentWithYear
   QPushButton* cmdSalvare;
   QPushButton* cmdCancel;
   QLabel* lblStare;  ///< the result of the last save
@@ -51,6 +52,7 @@ class frmParamSoc : public Form {
   QWidget* BuildYears();
   QWidget* BuildCoefficients();
   QWidget* BuildAccounts();
+  QWidget* BuildCharges();
   QWidget* BuildConfiguration();
   void CheckOnLeaving();
   void GuardCoefficients();

@@ -233,11 +233,25 @@ QWidget* frmParamSoc::BuildAccounts() {
   return frame;
 }
 
+QWidget* frmParamSoc::BuildCharges() {
+  auto* frame = new QGroupBox("Note contabile");
+  frame->setObjectName("frmNoteContabile");
+  chkDocumentAn =
+      new CheckBox("chkDocumentAn", "Documentul lunii contine anul (IMO07/2026)", frame);
+  chkDocumentAn->setToolTip(
+      "Nebifat: IMO07 in fiecare an, deci notele unei luni le inlocuiesc pe cele ale aceleiasi "
+      "luni "
+      "din alt an");
+  (new QVBoxLayout(frame))->addWidget(chkDocumentAn);
+  return frame;
+}
+
 QWidget* frmParamSoc::BuildConfiguration() {
   auto* page = new QWidget;
   auto* all = new QVBoxLayout(page);
   all->addWidget(BuildCoefficients());
   all->addWidget(BuildAccounts());
+  all->addWidget(BuildCharges());
   all->addStretch();
   return page;
 }

@@ -32,7 +32,7 @@ class ChargePostings : public ::testing::Test {
   }
   ChargesPosted Post(const DateTime& date) {
     Connection connection = company_.Open();
-    return PostCharges(connection, date);
+    return PostCharges(connection, date, OthersUnderMonth(connection, date));
   }
   std::string Lines(const std::string& fields = "NDI, NRLINIE, CONT, DEBIT, CREDIT") {
     return company_.Rows("SELECT " + fields + " FROM Kv_Linii ORDER BY NDI, NRLINIE");

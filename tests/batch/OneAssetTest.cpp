@@ -1,5 +1,6 @@
 // Postings, one asset to a date and its plan from the command line.
 #include "app/batch/Batch.h"
+#include "session/CompanySettings.h"
 #include "tests/batch/BatchTest.h"
 
 namespace tevra::batch::test {
@@ -36,13 +37,33 @@ TEST_F(OneAssetTest, AMonthIsPostedBehindItsRun) {
   EXPECT_EQ(Lines("MAX(UTILIZATOR)"), Value("admin"));
 
   company_.Open().Execute("UPDATE I_CONTURIIM SET CONT_CHELT = NULL");
-  result = RunAsAdmin({"calculate", "31.01.2007", "--post"});
+  result = RunAsAdmin({"calculate", "15.01.2006", "--post"});
   EXPECT_EQ(result.code, kRefused);
   EXPECT_NE(result.out.find("s-a efectuat"), std::string::npos);
   EXPECT_EQ(result.err,
             "Luna a fost calculata, dar notele contabile nu au fost scrise !\n"
             "Eroare -2147221494 - Trebuie sa precizati: Cont (NRCRT 1)\n");
   EXPECT_EQ(Lines("MAX(DATAINR)").AsText(), "31.01.2006");
+}
+
+TEST_F(OneAssetTest, NotesOfAnotherYearAreDeletedOnlyWithYes) {
+  const std::vector<std::string> post{"calculate", "31.01.2007", "--post"};
+  RunAsAdmin({"calculate", "31.01.2006", "--post"});
+  ExpectRefused(post, "- anul 2006: o nota, 500,00 lei\nScrierea notelor lunii le sterge. ");
+  ExpectRefused(post, "Doriti sa continuati?\nNu s-a efectuat nimic ! Pentru raspunsul Da");
+
+  Result result = RunAsAdmin({"calculate", "31.01.2007", "--post", "--yes"});
+  EXPECT_EQ(result.code, kDone) << result.err;
+  EXPECT_NE(result.err.find("Raspuns: Da (--yes)"), std::string::npos) << result.err;
+  EXPECT_EQ(Lines("MIN(DATAINR)").AsText(), "31.01.2007");
+  result = RunAsAdmin(post);
+  EXPECT_EQ(result.code, kDone) << "its own notes are no question: " << result.err;
+
+  Connection company = company_.Open();
+  SetOn(company, CompanySetting::kDocumentWithYear, true);
+  result = RunAsAdmin({"calculate", "31.01.2006", "--post"});
+  EXPECT_NE(result.out.find("Note contabile IMO01/2006: 1 nota"), std::string::npos) << result.err;
+  EXPECT_EQ(Lines("COUNT(DISTINCT DOC)").AsLong(), 2);
 }
 
 TEST_F(OneAssetTest, ARunThatFailedPostsNothing) {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "session/CompanySettings.h"
 #include "session/frmParamSoc.h"
 #include "tests/TestCompany.h"
 
@@ -74,16 +75,28 @@ TEST_F(FrmParamSoc, CoefficientsAndAccountsAreSavedTogetherOrNotAtAll) {
   screen_->SSTab1->setCurrentIndex(2);
   screen_->txtCoefDeg[0]->SetText("9");
   screen_->txtConfig[0]->SetText("404");
+  screen_->chkDocumentAn->click();
   Save();
   ASSERT_EQ(messages_.shown.size(), 1u);
   EXPECT_NE(LastPrompt().find(" in procedura Salvare din Form frmParamSoc Linia: "),
             std::string::npos);
   EXPECT_EQ(Stored("coef1", "I_COEFAD"), before);
   EXPECT_EQ(screen_->txtCoefDeg[0]->Text(), "9");
+  Connection file = company_.Open();
+  EXPECT_FALSE(IsOn(file, CompanySetting::kDocumentWithYear));
+  EXPECT_FALSE(frmParamSoc().chkDocumentAn->isChecked());
   company_.Open().Execute("DROP TRIGGER refuza");
   Save();
   EXPECT_EQ(Stored("coef1", "I_COEFAD"), Value(9.0));
   EXPECT_EQ(Stored("CONTFURNIZORI", "kv_par"), Value("404"));
+  EXPECT_TRUE(IsOn(file, CompanySetting::kDocumentWithYear));
+  EXPECT_TRUE(frmParamSoc().chkDocumentAn->isChecked());
+
+  // What another program set in the meantime stays, unless the box was changed.
+  SetOn(file, CompanySetting::kDocumentWithYear, false);
+  screen_->txtConfig[0]->SetText("401");
+  Save();
+  EXPECT_FALSE(IsOn(file, CompanySetting::kDocumentWithYear));
 }
 
 TEST_F(FrmParamSoc, YearsThatDoNotFitAreNotSaved) {

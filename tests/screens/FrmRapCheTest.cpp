@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QTableView>
 #include <QtTest>
 #include <functional>
 
@@ -126,6 +127,74 @@ TEST_F(FrmRapChe, PostsTheMonthWhenAskedAlsoBehindARunThatFailed) {
             "Eroare -2147221494 - Trebuie sa precizati: Cont in procedura pAddNoteContabile din "
             "Form frmRapCHE Linia: 2");
   EXPECT_EQ(lines("SUM(DEBIT)").AsDouble(), 240.0);
+}
+
+TEST_F(FrmRapChe, NotesOfAnotherYearAreAskedForAndKeptOnNo) {
+  company_.Open().Execute("UPDATE I_IMO SET CONT = '2131'");
+  const auto days = [&] { return company_.Rows("SELECT DISTINCT DATAINR FROM Kv_Linii"); };
+  const auto post = [&](const QDate& day) {
+    screen_.MonthView1->setSelectedDate(day);
+    QTest::mouseClick(screen_.cmdCalcul, Qt::LeftButton);
+  };
+  screen_.chkGenNoteContabile->setChecked(true);
+  post({2026, 6, 15});
+  messages_.answers = {kOk, kNo, kOk, kYes};
+  post({2027, 6, 15});
+  ASSERT_EQ(messages_.shown.size(), 3u);
+  EXPECT_NE(messages_.shown[2].prompt.find("- anul 2026: o nota, 200,00 lei"), std::string::npos)
+      << messages_.shown[2].prompt;
+  EXPECT_EQ(days(), "15.06.2026 \n");
+  post({2027, 6, 15});
+  EXPECT_EQ(days(), "15.06.2027 \n");
+  post({2027, 6, 30});
+  EXPECT_EQ(messages_.shown.size(), 6u) << "a month again is no question";
+  EXPECT_EQ(days(), "30.06.2027 \n");
+}
+
+// June 2026 begins on a Monday, so its page shows the week before and the days until 5 July.
+TEST_F(FrmRapChe, GreyDaysLeadToTheirMonthAndSelectNothing) {
+  auto* calendar = screen_.MonthView1;
+  auto* days = calendar->findChild<QTableView*>();
+  const auto click = [&](int row, int column, const QPoint& drag = {}) {
+    const QPoint place = days->visualRect(days->model()->index(row, column)).center();
+    QTest::mousePress(days->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseMove(days->viewport(), place + drag);
+    QTest::mouseRelease(days->viewport(), Qt::LeftButton, {}, place + drag);
+  };
+  const auto shown = [&] { return QDate(calendar->yearShown(), calendar->monthShown(), 1); };
+  const QDate selected(2026, 6, 15);
+  calendar->setSelectedDate(selected);
+  ASSERT_EQ(days->model()->index(6, 6).data().toInt(), 5) << "the grid shows 5 July there";
+  click(6, 6);
+  EXPECT_EQ(shown(), QDate(2026, 7, 1));
+  EXPECT_EQ(calendar->selectedDate(), selected);
+  EXPECT_TRUE(screen_.lblData->text().endsWith("15.06.2026"));
+  click(1, 0);
+  EXPECT_EQ(shown(), QDate(2026, 6, 1));
+  click(1, 6);
+  EXPECT_EQ(calendar->selectedDate(), selected) << "31 May stands there";
+  EXPECT_EQ(shown(), QDate(2026, 5, 1));
+  click(3, 3);
+  EXPECT_EQ(calendar->selectedDate(), QDate(2026, 5, 14));
+
+  // A drag that ends on a grey day selects nothing either.
+  const int below = days->visualRect(days->model()->index(6, 3)).center().y() -
+                    days->visualRect(days->model()->index(3, 4)).center().y();
+  click(3, 4, {0, below});
+  EXPECT_EQ(calendar->selectedDate(), QDate(2026, 5, 14));
+
+  const auto press = [&](int key) { QTest::keyClick(days, static_cast<Qt::Key>(key)); };
+  calendar->setSelectedDate({2026, 6, 30});
+  press(Qt::Key_Left);
+  EXPECT_EQ(calendar->selectedDate(), QDate(2026, 6, 29));
+  press(Qt::Key_Down);
+  EXPECT_EQ(shown(), QDate(2026, 7, 1));
+  EXPECT_EQ(calendar->selectedDate(), QDate(2026, 6, 29));
+  press(Qt::Key_Down);
+  EXPECT_EQ(calendar->selectedDate(), QDate(2026, 7, 1));
+  press(Qt::Key_Up);
+  press(Qt::Key_Up);
+  EXPECT_EQ(calendar->selectedDate(), QDate(2026, 6, 30));
 }
 
 TEST_F(FrmRapChe, TheCurrencyWaitsForItsTick) {

@@ -21,11 +21,11 @@ std::string Reason(const Failure& failure) {
 }
 
 // When the postings fail the month stays calculated; the output says both.
-void Post(const DateTime& date, std::ostream& out) {
+void Post(const DateTime& date, const MonthUse& agreed, std::ostream& out) {
   try {
     Connection connection(CurrentSession().connectionString);
-    const ChargesPosted posted = PostCharges(connection, date);
-    out << "Note contabile " << ChargeDocument(date) << ": " << posted.notes
+    const ChargesPosted posted = PostCharges(connection, date, agreed);
+    out << "Note contabile " << posted.document << ": " << posted.notes
         << (posted.notes == 1 ? " nota, " : " note, ") << Format(posted.lei, "Standard")
         << " lei\n";
   } catch (const Failure& failure) {
@@ -45,14 +45,18 @@ DateTime ParseDate(const std::string& text) {
   return *date;
 }
 
+// Asks before the run: a refusal leaves the company as it was.
 void Calculate(const DateTime& date, bool post, std::ostream& out) {
+  MonthUse agreed;
   try {
     Connection connection(CurrentSession().connectionString);
+    if (post) agreed = OthersUnderMonth(connection, date);
+    if (!MayReplace(agreed)) throw Refusal("Nu s-a efectuat nimic !");
     out << MonthDoneText(RunMonth(connection, date)) << '\n';
   } catch (const Failure& failure) {
     throw Refusal(std::string(kMonthFailedText) + '\n' + Reason(failure), failure);
   }
-  if (post) Post(date, out);
+  if (post) Post(date, agreed, out);
 }
 
 }  // namespace tevra::batch

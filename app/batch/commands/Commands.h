@@ -34,8 +34,9 @@ void LoadFile(const std::string& file, const std::string& table, const Streams& 
 /// Reads 31.12.2006 or 2006-12-31; throws Refusal for anything else.
 DateTime ParseDate(const std::string& text);
 
-/// The monthly run over all assets and, with `post`, its postings after a successful run. Throws
-/// Refusal with the reason when one of them failed.
+/// The monthly run over all assets and, with `post`, its postings after a successful run. Asks
+/// first when posting would delete other notes than the month's. Throws Refusal with the reason
+/// when one of them failed.
 void Calculate(const DateTime& date, bool post, std::ostream& out);
 
 /// Calculates one asset for a date, like a disposal, and prints the result. Throws Refusal when no

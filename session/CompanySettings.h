@@ -1,0 +1,20 @@
+// Settings of the open company that kv_par has no column for: the table kv_setari, one row each.
+#pragma once
+
+#include "platform/data/Connection.h"
+
+namespace tevra {
+
+/// Yes/no settings. A company without the table or the row has all of them off.
+enum class CompanySetting {
+  kDocumentWithYear,  ///< the document of a month's charges contains the year: "IMO07/2026"
+};
+
+/// Throws Failure when it cannot be read.
+bool IsOn(Connection& company, CompanySetting setting);
+
+/// Stores a setting within the caller's transaction, if there is one. Company files are made
+/// without the table; it is created when the first setting is switched on. Throws Failure.
+void SetOn(Connection& company, CompanySetting setting, bool on);
+
+}  // namespace tevra
