@@ -167,24 +167,6 @@ TEST_F(CompaniesTest, WhatIsRefusedLeavesEverythingAsItWas) {
             "Directorul \"/nu/exista\" nu exista !\n");
 }
 
-TEST_F(CompaniesTest, AFileThatDoesNotServeIsToldAndNothingMade) {
-  const auto expectNothingMade = [&](const std::string& told) {
-    const std::vector<std::string> files = NamesIn(Directory());
-    const Result result = Run({"create", "02", "A doua"});
-    EXPECT_EQ(result.code, kRefused) << told;
-    EXPECT_NE(result.err.find(told), std::string::npos) << result.err;
-    EXPECT_EQ(NamesIn(Directory()), files) << told;
-  };
-  CompanyRegistry::WriteDefault(Directory().string());
-  fs::permissions(Directory() / "Societat.XML", fs::perms::owner_read);
-  expectNothingMade("Societat.XML");
-  fs::remove(Directory() / "Societat.XML");
-  for (const char* name : {"Kelnar.mdb", "Societat.XML"}) {
-    File(name, "nu este al nostru");
-    expectNothingMade(name);
-  }
-}
-
 }  // namespace
 
 }  // namespace tevra::batch::test

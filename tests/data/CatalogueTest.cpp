@@ -66,39 +66,6 @@ TEST_F(CatalogueTest, AStructureReadsBackAsItWasMade) {
   EXPECT_EQ("sqlite_sequence* T_Cheie T_GR T_IMO T_LOC T_Toate ", names);
 }
 
-// What the types promise holds also for a statement that goes around the conversions.
-TEST_F(CatalogueTest, AWrongValueIsRefusedInEveryType) {
-  Cat().CreateTable(AllTypes());
-  const auto insert = [&](const std::string& field, const std::string& value) {
-    return connection_.Execute("INSERT INTO T_Toate ([" + field + "]) VALUES (" + value + ")");
-  };
-  const std::vector<std::pair<std::string, std::string>> refused = {
-      {"CU SPATIU", "'abcd'|''|zeroblob(1)"},
-      {"OBLIGAT", "Null|'abcdef'"},
-      {"DA", "1|'da'|-2"},
-      {"OCTET", "-1|256|'a'|1.5"},
-      {"SCURT", "32768|-32769|'a'"},
-      {"LUNG", "2147483648|-2147483649|'1,5'|2.5"},
-      {"REAL1", "'abc'|'1,5'|zeroblob(1)"},
-      {"DATA", "'2006-02-31 00:00:00'|'2006-01-01'|'01.01.2006'|38353|''|'2006-01-01 25:00:00'"}};
-  for (const auto& [field, values] : refused) {
-    for (const auto& value : Parts(values)) {
-      SCOPED_TRACE(value);
-      ExpectRefused(kValueNotAccepted, field, [&, &to = field] { insert(to, value); });
-    }
-  }
-  const std::vector<std::pair<std::string, std::string>> taken = {
-      {"CU SPATIU", "'abc'|Null|'\xc8\x99\xc8\x9b\xc4\x83'|12"},
-      {"DA", "-1|0|True"},
-      {"OCTET", "0|255|'7'|Null"},
-      {"LUNG", "2147483647|-2147483648|3.0"},
-      {"REAL1", "1|-1e300|'2.5'"},
-      {"DATA", "'2004-02-29 23:59:59'|CDate('31/12/2006')|Null"}};
-  for (const auto& [field, values] : taken) {
-    for (const auto& value : Parts(values)) EXPECT_EQ(1, insert(field, value)) << value;
-  }
-}
-
 TEST_F(CatalogueTest, FieldsComeGoAndChangeTheirNames) {
   Cat().CreateQuery({"qryCoduri", "SELECT COD, DENUMIRE FROM T_IMO"});
   FieldDef added = Text("NOTA", 10);

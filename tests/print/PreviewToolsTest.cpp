@@ -256,24 +256,6 @@ TEST_F(PreviewTools, RowsAreSavedAsSpreadsheetAndCsv) {
   EXPECT_TRUE(messages_.shown.empty());
 }
 
-TEST_F(PreviewTools, AFileIsReplacedWholeOrNotAtAll) {
-  frmPreview& preview = Open(30);
-  std::string chosen = (folder_ / "lipsa" / "registru.csv").string();
-  SetSaveFileHandler([&](const SaveFileRequest&) { return chosen; });
-  preview.cmdCSV->click();
-  ASSERT_EQ(messages_.shown.size(), 1u);
-  EXPECT_NE(messages_.shown[0].prompt.find("Eroare 76 - Path not found"), std::string::npos);
-  chosen = (folder_ / "veche").string();
-  std::ofstream(chosen) << "veche";
-  document_->brokenRow = 290;
-  preview.cmdCSV->click();
-  preview.cmdFoaieCalcul->click();
-  ASSERT_EQ(messages_.shown.size(), 3u);
-  EXPECT_NE(messages_.shown[2].prompt.find("randul nu poate fi citit"), std::string::npos);
-  EXPECT_EQ(TextOf(chosen), "veche");
-  EXPECT_EQ(NamesIn(folder_), std::vector<std::string>{"veche"});
-}
-
 TEST_F(PreviewTools, RowsAreOfferedOnlyWhereThereAreSome) {
   frmPreview& preview = Open(3);
   EXPECT_TRUE(preview.cmdFoaieCalcul->isVisible());

@@ -10,12 +10,11 @@ namespace {
 
 class Lines : public DocumentRows {
  public:
-  Lines(int rows, int broken) : rows_(rows), broken_(broken) {}
+  explicit Lines(int rows) : rows_(rows) {}
 
   const std::vector<ExportColumn>& Columns() const override { return columns_; }
   std::size_t Count() const override { return static_cast<std::size_t>(rows_); }
   bool Next(Values& row) override {
-    if (next_ == broken_) throw Failure(kStatementError, "randul nu poate fi citit");
     if (next_ == rows_) return false;
     row = {"MF " + std::to_string(next_), next_ + 0.5, DateTime(2026, 3, 1 + next_ % 28)};
     ++next_;
@@ -28,7 +27,6 @@ class Lines : public DocumentRows {
       {"Valoare", "Standard", FieldType::Double, Qt::AlignRight, true},
       {"Data", "dd.MM.yyyy", FieldType::DateTime, Qt::AlignHCenter}};
   int rows_;
-  int broken_;
   int next_ = 0;
 };
 
@@ -55,7 +53,7 @@ void RegisterDocument::PaintPage(QPainter& painter, int page) {
 }
 
 std::unique_ptr<DocumentRows> RegisterDocument::Rows() {
-  return std::make_unique<Lines>(pages_ * kLines, brokenRow);
+  return std::make_unique<Lines>(pages_ * kLines);
 }
 
 }  // namespace tevra::test

@@ -30,7 +30,6 @@ class RegisterDocument : public PagedDocument {
 
   /// The page that cannot be painted, the row that cannot be read; none below 0.
   int brokenPage = -1;
-  int brokenRow = -1;
   /// The pages that its slow source of data has given so far.
   int ready = 1000000;
   /// What stands at the foot of every page.

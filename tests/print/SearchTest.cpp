@@ -170,19 +170,5 @@ TEST_F(Search, EndsWhenThereAreTooManyPlaces) {
   EXPECT_LT(document.PaintedPages(), 30);
 }
 
-TEST_F(Search, APageThatCannotBeReadIsNotTakenForSearched) {
-  RegisterDocument document(4);
-  document.LayOutAll();
-  document.brokenPage = 1;
-  TextSearch search(document);
-  search.Begin("pagina", 0);
-  EXPECT_TRUE(search.SearchMore());
-  EXPECT_THROW(search.SearchMore(), Failure);
-  EXPECT_THROW(search.SearchMore(), Failure);
-  document.brokenPage = -1;
-  SearchAll(search);
-  EXPECT_EQ(search.Places().size(), 40u);
-}
-
 }  // namespace
 }  // namespace tevra::test

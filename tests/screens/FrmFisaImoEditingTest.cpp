@@ -105,14 +105,6 @@ TEST_F(EditedCard, ABoxThatWasChangedDerivesOnAnExistingAssetToo) {
             "0 0 0 0");
 }
 
-TEST_F(EditedCard, OnANewCardDatesFollowAlsoWhereABoxIsOnlyPassedThrough) {
-  const auto card = Open();
-  card->DTPicker1[kBought]->setFocus();
-  card->txtText[kRemarks]->setFocus();
-  QCoreApplication::processEvents();
-  EXPECT_EQ(card->DTPicker1[kStart]->Date(), DateTime(2026, 12, 1));
-}
-
 TEST_F(EditedCard, AListThatNamesAnEntryAnewIsNoChange) {
   const int asset = AddOddAsset(company_);
   Connection file = company_.Open();

@@ -207,22 +207,6 @@ TEST_F(FrmFisaImo, WhatCannotBeDerivedIsToldAndTheBoxKeepsItsText) {
   EXPECT_EQ(card->txtNumar[kNormalYears]->Text(), "opt");
 }
 
-TEST_F(FrmFisaImo, AnOptionChosenAgainDerivesAnewAndTheBoxLeftIsHeardFirst) {
-  const auto card = Open();
-  Type(card->txtNumar[kNormalYears], "5");
-  Press(card->FaraUzura);
-  Type(card->txtNumar[kNormalYears], "4");
-  EXPECT_EQ(Boxes(*card, {5, 10}), "0,25 37,5");
-  Press(card->FaraUzura);
-  EXPECT_EQ(Boxes(*card, {5, 10}), "0,333333333333333 0,375");
-  Press(card->Liniara);
-  card->txtNumar[kNormalYears]->setFocus();
-  card->txtNumar[kNormalYears]->selectAll();
-  QTest::keyClicks(card->txtNumar[kNormalYears], "5");
-  Press(card->FaraUzura);
-  EXPECT_EQ(Boxes(*card, {4, 5, 10}), "5 0,333333333333333 0,3");
-}
-
 TEST_F(FrmFisaImo, AChoiceThatTheBoxLeftTookBackIsHeardOnce) {
   const auto card = Open();
   Type(card->txtNumar[kNormalYears], "8");
@@ -266,29 +250,6 @@ TEST_F(FrmFisaImo, AnAssetThatIsGoneIsToldOnce) {
   ASSERT_EQ(messages_.shown.size(), 1u);
   EXPECT_EQ(messages_.shown[0].title, " Form_Load ");
   EXPECT_EQ(LastPrompt(), "3021 - No current record");
-}
-
-TEST_F(FrmFisaImo, DatesFollowTheOneAbove) {
-  const auto card = Open();
-  Type(card->txtNumar[kNormalYears], "8");
-  const auto leave = [&](std::size_t index, const DateTime& date) {
-    card->DTPicker1[index]->setFocus();
-    card->DTPicker1[index]->SetDate(date);
-    card->txtText[kRemarks]->setFocus();
-    QCoreApplication::processEvents();
-  };
-  leave(0, DateTime(2026, 1, 31));
-  EXPECT_EQ(card->DTPicker1[kInService]->Date(), DateTime(2026, 1, 31));
-  EXPECT_EQ(card->DTPicker1[kStart]->Date(), DateTime(2026, 2, 1));
-  EXPECT_EQ(card->DTPicker1[kEnd]->Date(), DateTime(2034, 2, 1));
-  EXPECT_EQ(card->DTPicker1[kBlockedFrom]->Date(), DateTime(2026, 2, 1));
-  leave(2, DateTime(2026, 6, 1));
-  EXPECT_EQ(card->DTPicker1[kEnd]->Date(), DateTime(2034, 6, 1));
-  EXPECT_EQ(card->DTPicker1[kInService]->Date(), DateTime(2026, 1, 31));
-  card->Faraam->setChecked(true);
-  leave(1, DateTime(2026, 5, 5));
-  EXPECT_EQ(card->DTPicker1[kStart]->Date(), DateTime(2026, 1, 31));
-  EXPECT_EQ(card->DTPicker1[kBlockedFrom]->Date(), DateTime(2026, 1, 31));
 }
 
 TEST_F(FrmFisaImo, DirectExpenseIsOfLinearAssetsAlone) {

@@ -13,7 +13,6 @@
 #include "session/Module1.h"
 #include "session/Session.h"
 #include "session/frmLogin.h"
-#include "tests/Hostile.h"
 #include "tests/TestCompany.h"
 
 namespace tevra::test {
@@ -95,22 +94,6 @@ TEST_F(FrmLogin, RefusalsInTheirWords) {
   QTest::mouseClick(screen.cmdCancel, Qt::LeftButton);
   EXPECT_FALSE(screen.LoginSucceeded());
   EXPECT_FALSE(screen.isVisible());
-}
-
-TEST_F(FrmLogin, HostileTextsOpenNothingAndChangeNothing) {
-  frmLogin screen;
-  screen.show();
-  for (const std::string& text : HostileTexts()) {
-    LogIn(screen, text, "1");
-    LogIn(screen, "admin", text);
-  }
-  EXPECT_FALSE(screen.LoginSucceeded());
-  for (const MessageRequest& shown : messages_.shown) {
-    EXPECT_EQ(shown.buttons, kCritical);
-    EXPECT_TRUE(shown.prompt.find("nu exista !") != std::string::npos ||
-                shown.prompt == "Parola nu este corecta !");
-  }
-  EXPECT_EQ(company_.Open().QueryValue("SELECT COUNT(*) FROM UTILIZATORI"), Value(1));
 }
 
 TEST_F(FrmLogin, AnotherStructureAsksAndLeavesTheVersionAlone) {

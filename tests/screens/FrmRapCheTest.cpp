@@ -88,18 +88,6 @@ TEST_F(FrmRapChe, EnterOnTheWayOutLeavesAndCalculatesNothing) {
   EXPECT_TRUE(Stored("DATA_CALCUL").IsNull());
 }
 
-TEST_F(FrmRapChe, AFailedRunSaysSoAndLeavesTheScreenUsable) {
-  company_.Open().Execute("UPDATE I_IMO SET DATA_SF = NULL");
-  QTest::mouseClick(Find<QPushButton>("cmdCalcul"), Qt::LeftButton);
-  ASSERT_EQ(messages_.shown.size(), 1u);
-  EXPECT_EQ(messages_.shown[0].prompt, "Eroare la CALCUL !");
-  EXPECT_TRUE(Stored("DATA_CALCUL").IsNull());
-  company_.Open().Execute("UPDATE I_IMO SET DATA_SF = '2031-02-01 00:00:00'");
-  QTest::mouseClick(Find<QPushButton>("cmdCalcul"), Qt::LeftButton);
-  EXPECT_EQ(messages_.shown.back().prompt,
-            "Calculul cheltuielilor lunare s-a efectuat pentru  1 imobilizari");
-}
-
 TEST_F(FrmRapChe, PostsTheMonthWhenAskedAlsoBehindARunThatFailed) {
   company_.Open().Execute("UPDATE I_IMO SET CONT = '2131'");
   const auto lines = [&](const char* what) {
@@ -257,18 +245,6 @@ TEST_F(FrmRapChe, PrintsByWhatWasClickedLastButNeverBackByAccount) {
     delete preview;
   }
   EXPECT_TRUE(messages_.shown.empty());
-}
-
-TEST_F(FrmRapChe, AReportThatCannotBeMadeLeavesTheScreen) {
-  CurrentSession().connectionString += "x";
-  screen_.ckbDetaliu->setChecked(true);
-  QTest::mouseClick(screen_.cmdListare, Qt::LeftButton);
-  ASSERT_EQ(messages_.shown.size(), 1u);
-  EXPECT_NE(
-      messages_.shown[0].prompt.find(" in procedura cmdListare_Click din Form frmRapCHE Linia: 2"),
-      std::string::npos)
-      << messages_.shown[0].prompt;
-  EXPECT_TRUE(screen_.isVisible());
 }
 
 }  // namespace

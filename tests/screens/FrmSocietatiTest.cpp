@@ -36,18 +36,6 @@ class FrmSocietati : public ::testing::Test {
   MessageRecorder messages_;
 };
 
-TEST_F(FrmSocietati, AddsACompanyFromTheTemplateUnderItsCodeInCapitals) {
-  frmSocietati screen;
-  screen.show();
-  Add(screen, "a2", "  Brutaria 'La Ion' ");
-  EXPECT_TRUE(messages_.shown.empty());
-  ASSERT_EQ(Registered().size(), 2u);
-  EXPECT_EQ(Registered()[1], (Company{"A2", "Brutaria 'La Ion'", "KelnarA2.mdb"}));
-  EXPECT_EQ(screen.TDBGrid1->ColumnText(0), "A2");
-  Connection file(CompanyConnectionString(company_.Directory().string(), "KelnarA2.mdb"));
-  EXPECT_EQ(file.QueryValue("SELECT NUME FROM UTILIZATORI"), Value("admin"));
-}
-
 TEST_F(FrmSocietati, ADatabaseInTheWayIsAskedAbout) {
   company_.Open().Execute("UPDATE kv_info SET DENUMIRE = 'Veche SA'");
   for (const char* name : {"Kelnar02.mdb", "Kelnar03.mdb"}) {
@@ -76,22 +64,6 @@ TEST_F(FrmSocietati, ADatabaseInTheWayIsAskedAbout) {
   EXPECT_EQ(nameIn("Kelnar02.mdb"), "Veche SA");
   EXPECT_EQ(nameIn("Kelnar03.mdb"), "Trei");
   EXPECT_TRUE(HasFile("Salv_Tevra"));
-}
-
-TEST_F(FrmSocietati, ANewCompanyThatWasNotAddedIsAskedForAtTheClose) {
-  frmSocietati screen;
-  screen.show();
-  screen.txtDenumire->SetText("Doi");
-  messages_.answers = {kNo};
-  screen.close();
-  QCoreApplication::processEvents();
-  EXPECT_EQ(messages_.shown.size(), 1u);
-  EXPECT_TRUE(screen.isVisible());
-  Add(screen, "02", "Doi");
-  screen.close();
-  QCoreApplication::processEvents();
-  EXPECT_EQ(messages_.shown.size(), 1u);
-  EXPECT_FALSE(screen.isVisible());
 }
 
 TEST_F(FrmSocietati, RefusalsInTheirWords) {
@@ -139,18 +111,6 @@ TEST_F(FrmSocietati, DeletesThatCompanyOnlyWhenAsked) {
   EXPECT_TRUE(HasFile("Kelnar03.mdb"));
   ASSERT_EQ(Registered().size(), 2u);
   EXPECT_EQ(Registered()[1].cod, "03");
-}
-
-TEST_F(FrmSocietati, ADatabaseInUseIsToldAndKept) {
-  frmSocietati screen;
-  screen.show();
-  Add(screen, "02", "Doi");
-  Connection user(CompanyConnectionString(company_.Directory().string(), "Kelnar02.mdb"));
-  (void)user.QueryValue("SELECT COUNT(*) FROM I_IMO");
-  QTest::mouseClick(screen.cmdSterge, Qt::LeftButton);
-  EXPECT_EQ(messages_.shown.back().prompt.substr(0, 9), "Eroare 70");
-  EXPECT_TRUE(HasFile("Kelnar02.mdb"));
-  EXPECT_EQ(Registered().size(), 2u);
 }
 
 TEST_F(FrmSocietati, ADeletionThatFailedShowsTheListAsItIsNow) {

@@ -172,14 +172,6 @@ TEST_F(Companies, ADatabaseIsTakenOverAsItIs) {
   });
 }
 
-TEST_F(Companies, ANewOneKnowsItsName) {
-  CompanyRegistry registry = Load();
-  const std::string name = "Întreprinderea de construcții și montaj Dâmbovița";
-  AdaugaSocietate(registry, Directory(), "02", " " + name);
-  EXPECT_EQ(Open("Kelnar02.mdb").QueryValue("SELECT DENUMIRE FROM kv_info").AsText(),
-            Left(name, 35));
-}
-
 TEST_F(Companies, WhatCannotBeMadeLeavesEverythingAsItWas) {
   CompanyRegistry registry = Load();
   fs::copy_file(company_.File(), At("Kelnar02.mdb"));
