@@ -3,17 +3,22 @@
 #include <QTableView>
 #include <algorithm>
 
+#include "engine/Module3.h"
 #include "engine/PlanAmortizare.h"
 #include "platform/forms/Hourglass.h"
 #include "platform/forms/Windows.h"
 #include "platform/system/MessageBox.h"
 #include "register/AssetColumns.h"
 #include "register/AssetList.h"
+#include "register/TransferPreview.h"
 #include "register/frmFisaImo.h"
 #include "register/frmPlanAmo.h"
+#include "register/frmSelLuna.h"
 #include "session/Lists.h"
+#include "session/MenuTable.h"
 #include "session/Module1.h"
 #include "session/Session.h"
+#include "session/frmParamSoc.h"
 
 namespace tevra {
 
@@ -24,6 +29,29 @@ bool LacksNewCode(const std::string& nrcrt) {
   const Recordset asset =
       OpenRecordset("SELECT COD_GR_NOU FROM I_IMO WHERE NRCRT = CLng(?)", {nrcrt});
   return !asset.Eof() && asset.Get(0).TextOrEmpty().empty();
+}
+
+// Not for a user who has no right to it.
+void OpenConfiguration() {
+  const std::vector<std::string> forbidden = ForbiddenItems(CurrentSession().userType);
+  const bool may = std::find(forbidden.begin(), forbidden.end(), "Soc_Conf") == forbidden.end();
+  if (may) windows::Open<frmParamSoc>();
+}
+
+TransferSelection FindSmallAssets(Connection& connection) {
+  const Hourglass waiting;
+  return ReadTransferSelection(connection);
+}
+
+const char* ProcedureOf(TransferStep step) {
+  switch (step) {
+    case TransferStep::kNote:
+      return "pAddNoteContabile";
+    case TransferStep::kMark:
+      return "pIesireMF";
+    default:
+      return "TrecereInInventar";
+  }
 }
 
 }  // namespace
@@ -73,10 +101,7 @@ std::vector<ListButton> frmImo::Buttons() {
        "Afisare Plan de amortizare anual pentru imobilizarea selectata",
        [this](Procedure& running) { cmdPlan_Click(running); }, Role::kPlain, true},
       {&cmdInv, "cmdInv", "In inventar", "Transformare automata in obiecte de inventar",
-       [](Procedure&) {
-         MsgBoxEx("Trecerea in inventar nu este disponibila in aceasta versiune a programului !",
-                  kInformation);
-       }},
+       [this](Procedure& running) { cmdInv_Click(running); }},
       {&cmdClose, "cmdClose", "Iesire", "Inchidere fereastra", {}, Role::kClose},
   };
 }
@@ -136,6 +161,55 @@ void frmImo::cmdPlan_Click(Procedure& running) {
   }
   running.line = 3;
   windows::Open<frmPlanAmo>().ShowPlan();
+}
+
+void frmImo::cmdInv_Click(Procedure& running) {
+  if (CurrentSession().contObiecteInventar.empty()) {
+    MsgBoxEx(kNoInventoryAccount, kInformation);
+    OpenConfiguration();
+    return;
+  }
+  running.line = 1;
+  Connection connection(CurrentSession().connectionString);
+  frmSelLuna month(this, new TransferPreview(FindSmallAssets(connection)));
+  month.ShowModal();
+  if (!month.OkPressed) return;
+  running.line = 2;
+  const DateTime day = TransferDay(month.An, month.Luna);
+  const DateTime last = day.AddDays(-1);
+  if (!IsValidCalcul(last)) {
+    MsgBoxEx(OtherMonthText(last), kInformation);
+    return;
+  }
+  running.line = 3;
+  const TransferSelection selection = FindSmallAssets(connection);
+  if (selection.assets.empty()) {
+    MsgBoxEx(NothingToTransferText(selection), kInformation);
+    return;
+  }
+  if (AskToTransfer(selection)) Transfer(connection, selection, day);
+  running.line = 4;
+  RefreshInPlace();
+}
+
+// The failure of a step is told under the step's own name.
+void frmImo::Transfer(Connection& connection, const TransferSelection& selection,
+                      const DateTime& day) {
+  Transferred done;
+  bool shortForm = true;
+  const auto transfer = [&](Procedure& running) {
+    const Hourglass waiting;
+    done = TransferToInventory(connection, selection, day, [&](TransferStep step) {
+      running.name = ProcedureOf(step);
+      running.line = 1;
+      shortForm = step == TransferStep::kCopy;
+    });
+  };
+  const auto show = [&](const Failure& failure, const Procedure& failed) {
+    shortForm ? ShowShortError(failure, failed) : ShowStandardError(failure, failed);
+  };
+  if (!RunWith("TrecereInInventar", transfer, show)) return;
+  if (!done.warning.empty()) MsgBoxEx(done.warning, done.warningIcon);
 }
 
 }  // namespace tevra

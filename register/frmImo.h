@@ -2,11 +2,12 @@
 #pragma once
 
 #include "platform/screens/ListScreen.h"
+#include "register/InventoryTransfer.h"
 
 namespace tevra {
 
 /// The list of all assets with their totals: search, sort, card, plan, deletion, listing of the
-/// selected rows.
+/// selected rows, transfer of the smallest assets to the inventory objects.
 class frmImo : public ListScreen {
  public:
   explicit frmImo(QWidget* parent = nullptr);
@@ -31,6 +32,8 @@ class frmImo : public ListScreen {
   void cmdModificare_Click();
   void CommandButton3_Click(Procedure& running);
   void cmdPlan_Click(Procedure& running);
+  void cmdInv_Click(Procedure& running);
+  void Transfer(Connection& connection, const TransferSelection& selection, const DateTime& day);
 
   void AddToTotals(std::vector<double>& totals, const Values& row) const override;
   void RowSelected(const std::string& key) override { sNrCrt = key; }

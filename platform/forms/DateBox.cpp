@@ -43,14 +43,11 @@ QChar TypedBy(const QKeyEvent& event) {
 
 }  // namespace
 
-DateBox::DateBox(const char* name, QWidget* parent, const QString& format) : QDateEdit(parent) {
+DateBox::DateBox(const char* name, QWidget* parent, const QString& format)
+    : QDateEdit(parent), first_(format.contains('d') ? DatePart::kDay : DatePart::kMonth) {
   setObjectName(name);
-  const QLocale romanian(QLocale::Romanian, QLocale::Romania);
-  setLocale(romanian);
-  setCalendarPopup(true);
-  calendarWidget()->setLocale(romanian);
-  calendarWidget()->setFirstDayOfWeek(Qt::Monday);
-  calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  setLocale(QLocale(QLocale::Romanian, QLocale::Romania));
+  if (first_ == DatePart::kDay) AddCalendar();
   setDisplayFormat(format);
   setDateRange(kNoDate, QDate(9999, 12, 31));
   setSpecialValueText(" ");
@@ -73,6 +70,13 @@ DateBox::DateBox(const char* name, QWidget* parent, const QString& format) : QDa
                                   if (same) return std::nullopt;
                                   return date ? Value(*date) : Value();
                                 }});
+}
+
+void DateBox::AddCalendar() {
+  setCalendarPopup(true);
+  calendarWidget()->setLocale(locale());
+  calendarWidget()->setFirstDayOfWeek(Qt::Monday);
+  calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
 }
 
 // ---- The date -----------------------------------------------------------------------------------
@@ -127,14 +131,14 @@ void DateBox::Type(QChar character) {
   if (typing_.IsEmpty()) {
     const bool all = lineEdit()->hasSelectedText() && lineEdit()->selectedText() == text();
     const auto section = std::find(std::begin(kSections), std::end(kSections), currentSection());
-    part_ = all || section == std::end(kSections) ? DatePart::kDay
-                                                  : kParts[section - std::begin(kSections)];
+    part_ =
+        all || section == std::end(kSections) ? first_ : kParts[section - std::begin(kSections)];
     typing_.BeginAt(part_);
   }
   const DateTyping::Step step = typing_.Take(character);
   if (step == DateTyping::Step::kFull) {
     // It begins the next date, or the next year where only years are typed.
-    const DatePart part = typing_.Begin() == DatePart::kYear ? DatePart::kYear : DatePart::kDay;
+    const DatePart part = typing_.Begin() == DatePart::kYear ? DatePart::kYear : first_;
     SettleTyping();
     typing_.BeginAt(part);
     typing_.Take(character);
@@ -152,7 +156,7 @@ void DateBox::Type(QChar character) {
 // What was typed stands in its parts, the date on show in the others; the part that comes next is
 // selected.
 void DateBox::ShowTyping() {
-  const QChar separator = displayFormat().at(displayFormat().indexOf('M') - 1);
+  const QChar separator = displayFormat().at(displayFormat().indexOf("yyyy") - 1);
   const bool padded = displayFormat().startsWith("dd");
   const QDate shown = Shown();
   const QString stands[] = {QString("%1").arg(shown.day(), padded ? 2 : 1, 10, QChar('0')),
@@ -161,8 +165,10 @@ void DateBox::ShowTyping() {
   QString whole;
   int start = 0;
   int length = 0;
-  for (std::size_t i = 0; i < std::size(kParts); ++i) {
-    if (i > 0) whole += separator;
+  // A whole date may be typed into a box for a month too.
+  const auto first = static_cast<std::size_t>(std::min(first_, typing_.Begin()));
+  for (std::size_t i = first; i < std::size(kParts); ++i) {
+    if (i > first) whole += separator;
     const QString typed = typing_.Of(kParts[i]);
     if (typing_.At() == kParts[i]) {
       start = static_cast<int>(whole.size() + typed.size());
@@ -207,12 +213,13 @@ void DateBox::Refuse(const QString& typed) {
 // ---- Parts --------------------------------------------------------------------------------------
 
 void DateBox::GoTo(DatePart part) {
+  part = std::max(part, first_);
   part_ = part;
   typing_.BeginAt(part);
   {
     // The picker notices a new section by the cursor's move only.
     const QSignalBlocker quiet(lineEdit());
-    lineEdit()->setCursorPosition(part == DatePart::kDay ? static_cast<int>(text().size()) : 0);
+    lineEdit()->setCursorPosition(part == first_ ? static_cast<int>(text().size()) : 0);
   }
   setSelectedSection(kSections[static_cast<std::size_t>(part)]);
 }
@@ -228,7 +235,7 @@ DatePart DateBox::PartAt(int cursor) const {
   const QString before = text().left(cursor);
   const auto separators =
       std::count_if(before.begin(), before.end(), [](QChar each) { return !each.isDigit(); });
-  return kParts[std::clamp<qsizetype>(separators, 0, 2)];
+  return kParts[std::clamp<qsizetype>(separators + static_cast<int>(first_), 0, 2)];
 }
 
 // A click selects the part under it.
@@ -316,7 +323,8 @@ void DateBox::Erase(bool before) {
 
 void DateBox::Paste(const QString& text) {
   DropTyping();
-  const std::optional<QDate> date = DateInText(text);
+  std::optional<QDate> date = DateInText(text);
+  if (!date && first_ == DatePart::kMonth) date = DateInText("1." + text.trimmed());
   if (date && IsTaken(*date)) {
     mark_->Clear();
     setDate(*date);
@@ -337,7 +345,17 @@ void DateBox::stepBy(int steps) {
     setDate(Shown());
     GoTo(DatePart::kDay);
   }
+  if (first_ == DatePart::kMonth && currentSection() == MonthSection) {
+    setDate(date().addMonths(steps));
+    return GoTo(DatePart::kMonth);
+  }
   QDateEdit::stepBy(steps);
+}
+
+// The picker stops at December.
+QAbstractSpinBox::StepEnabled DateBox::stepEnabled() const {
+  if (first_ == DatePart::kDay) return QDateEdit::stepEnabled();
+  return StepUpEnabled | StepDownEnabled;
 }
 
 // ---- Focus, mouse -------------------------------------------------------------------------------

@@ -21,11 +21,14 @@ class InputMark;
 /// next digit begins another one. What is half typed counts when the box is left, and for whoever
 /// asks for the date meanwhile. A date that does not exist changes nothing and is marked. Escape
 /// drops what is half typed. A pasted date may stand in any usual form.
+///
+/// With a format without a day it is a box for a month: the arrows go on into the next year, and
+/// the day of its date has no meaning.
 class DateBox : public QDateEdit, public SettlesTyping {
   Q_OBJECT
 
  public:
-  /// `format`: the calendar's own notation, "dd.MM.yyyy" or "d/MM/yyyy".
+  /// `format`: the calendar's own notation, "dd.MM.yyyy", "d/MM/yyyy" or "MM/yyyy".
   explicit DateBox(const char* name, QWidget* parent = nullptr,
                    const QString& format = "dd.MM.yyyy");
 
@@ -43,6 +46,7 @@ class DateBox : public QDateEdit, public SettlesTyping {
   void stepBy(int steps) override;
 
  protected:
+  StepEnabled stepEnabled() const override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
@@ -53,6 +57,7 @@ class DateBox : public QDateEdit, public SettlesTyping {
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
+  void AddCalendar();
   bool IsOptional() const;
   bool IsTaken(const QDate& date) const;
   QDate Shown() const;
@@ -68,6 +73,7 @@ class DateBox : public QDateEdit, public SettlesTyping {
   void Paste(const QString& text);
   void Copy() const;
 
+  DatePart first_;  // day, or month in a box for a month
   DateTyping typing_;
   DatePart part_ = DatePart::kDay;  // the one selected
   InputMark* mark_;

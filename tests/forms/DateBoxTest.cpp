@@ -418,5 +418,41 @@ TEST_F(FuzzedDateBox, DoesWhatItsUserExpects) {
   }
 }
 
+TEST(MonthBox, TakesAMonthInAnyForm) {
+  QWidget window;
+  DateBox box("box", &window, "MM/yyyy");
+  box.SetRequired();
+  QLineEdit next(&window);
+  next.move(0, 60);
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  struct Case {
+    const char* typed;
+    const char* meant;
+    bool refused = false;
+  };
+  // Over 12.2025.
+  const Case kCases[] = {
+      {"3", "03/2025"},        {"032026", "03/2026"},   {"3.26", "03/2026"},
+      {"3/2026", "03/2026"},   {".2024", "12/2024"},    {"15.08.2024", "08/2024"},
+      {"15082024", "08/2024"}, {"13", "12/2025", true}, {"13.2024", "12/2025", true}};
+  for (const Case& each : kCases) {
+    box.SetDate(DateTime(2025, 12, 31));
+    box.setFocus();
+    QTest::keyClicks(&box, each.typed);
+    next.setFocus();
+    EXPECT_EQ(box.text().toStdString(), each.meant) << each.typed;
+    EXPECT_EQ(!box.Refused().isEmpty(), each.refused) << each.typed;
+  }
+  for (const char* pasted : {"02.2024", "29.02.2024"}) {
+    box.SetDate(DateTime(2025, 12, 31));
+    QApplication::clipboard()->setText(pasted);
+    box.setFocus();
+    QTest::keySequence(&box, QKeySequence::Paste);
+    EXPECT_EQ(box.text(), "02/2024") << pasted;
+  }
+}
+
 }  // namespace
 }  // namespace tevra::test

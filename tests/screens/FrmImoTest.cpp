@@ -283,11 +283,5 @@ TEST_F(FrmImo, APlanThatFailsLeavesTheOneBefore) {
   EXPECT_EQ(company_.Open().QueryValue("SELECT COUNT(*) FROM I_PLANAMO WHERE ID = 4").AsLong(), 6);
 }
 
-TEST_F(FrmImo, WhatComesLaterIsSaid) {
-  Press(Open().cmdInv);
-  EXPECT_EQ(LastMessage(),
-            "Trecerea in inventar nu este disponibila in aceasta versiune a programului !");
-}
-
 }  // namespace
 }  // namespace tevra::test
