@@ -9,6 +9,7 @@
 
 #include "platform/forms/Buttons.h"
 #include "platform/forms/Pictures.h"
+#include "platform/screens/BoxPairs.h"
 #include "register/frmFisaImo.h"
 
 namespace tevra {
@@ -65,46 +66,6 @@ constexpr NumberInfo kNumbers[] = {
 
 constexpr int kShortNumber = 90;
 
-std::string Indexed(const char* name, std::size_t index) {
-  return std::string(name) + "(" + std::to_string(index) + ")";
-}
-
-QLabel* LabelOf(QWidget* box, const char* caption) {
-  auto* label = new QLabel(caption);
-  label->setBuddy(box);
-  return label;
-}
-
-QGroupBox* Frame(const char* name, const char* caption) {
-  auto* frame = new QGroupBox(caption);
-  frame->setObjectName(name);
-  return frame;
-}
-
-// Pairs of a label and its box, one pair in each row.
-class Pairs {
- public:
-  explicit Pairs(QWidget* frame) : grid_(new QGridLayout(frame)) {
-    grid_->setHorizontalSpacing(8);
-    grid_->setVerticalSpacing(5);
-  }
-
-  void Add(const char* caption, QWidget* box, const char* unit = nullptr) {
-    grid_->addWidget(LabelOf(box, caption), row_, 0);
-    grid_->addWidget(box, row_, 1, 1, unit ? 1 : 2);
-    if (unit) grid_->addWidget(new QLabel(unit), row_, 2);
-    ++row_;
-  }
-
-  void AddAcross(QWidget* widget) { grid_->addWidget(widget, row_++, 0, 1, 3); }
-  void AddAcross(QLayout* layout) { grid_->addLayout(layout, row_++, 0, 1, 3); }
-  void Close() { grid_->setRowStretch(row_, 1); }
-
- private:
-  QGridLayout* grid_;
-  int row_ = 0;
-};
-
 }  // namespace
 
 void frmFisaImo::MakeBoxes() {
@@ -149,8 +110,8 @@ DataCombo* frmFisaImo::MakeCombo(const char* name, const char* tag) {
 }
 
 QWidget* frmFisaImo::BuildIdentity() {
-  QGroupBox* frame = Frame("Frame1", "Imobilizare");
-  Pairs pairs(frame);
+  QGroupBox* frame = MakeFrame("Frame1", "Imobilizare");
+  BoxPairs pairs(frame);
   pairs.Add("Nr. inv.", txtText[kCode]);
   pairs.Add("&Denumire", txtText[kName]);
   pairs.Add("Cod &grupa", cboGrupa);
@@ -162,8 +123,8 @@ QWidget* frmFisaImo::BuildIdentity() {
 }
 
 QWidget* frmFisaImo::BuildPurchase() {
-  QGroupBox* frame = Frame("Frame3", "Cumparare");
-  Pairs pairs(frame);
+  QGroupBox* frame = MakeFrame("Frame3", "Cumparare");
+  BoxPairs pairs(frame);
   pairs.Add("D&ocument", txtText[kDocument]);
   pairs.Add("Furni&zor", cboFurnizori);
   pairs.Add("TVA", cboTVA);
@@ -182,7 +143,7 @@ OptionButton* frmFisaImo::MakeOption(Method method) {
 }
 
 QWidget* frmFisaImo::BuildMethod() {
-  Frame6 = Frame("Frame6", "Tip de amortizare");
+  Frame6 = MakeFrame("Frame6", "Tip de amortizare");
   Liniara = MakeOption(kLinear);
   Accelerata = MakeOption(kAccelerated);
   CuUzura = MakeOption(kWithWear);
@@ -201,8 +162,8 @@ QWidget* frmFisaImo::BuildMethod() {
 }
 
 QWidget* frmFisaImo::BuildDurations() {
-  QGroupBox* frame = Frame("Frame4", "Durata");
-  Pairs pairs(frame);
+  QGroupBox* frame = MakeFrame("Frame4", "Durata");
+  BoxPairs pairs(frame);
   pairs.Add("&Normala", txtNumar[kNormalYears], "ani");
   pairs.Add("Reala", txtNumar[kRealYears], "ani");
   pairs.Add("Cota anuala", txtNumar[kRate]);
@@ -212,8 +173,8 @@ QWidget* frmFisaImo::BuildDurations() {
 }
 
 QWidget* frmFisaImo::BuildDates() {
-  QGroupBox* frame = Frame("Frame5", "Date");
-  Pairs pairs(frame);
+  QGroupBox* frame = MakeFrame("Frame5", "Date");
+  BoxPairs pairs(frame);
   pairs.Add("Achizitie", DTPicker1[kBought]);
   pairs.Add("Punere in functiune", DTPicker1[kInService]);
   pairs.Add("Inceput amortizare", DTPicker1[kStart]);
@@ -223,9 +184,9 @@ QWidget* frmFisaImo::BuildDates() {
 }
 
 QWidget* frmFisaImo::BuildExpense() {
-  Frame7 = Frame("Frame7", "Trecere direct in cheltuieli");
+  Frame7 = MakeFrame("Frame7", "Trecere direct in cheltuieli");
   chkChelt = new CheckBox("chkChelt", "20%", Frame7);
-  Pairs pairs(Frame7);
+  BoxPairs pairs(Frame7);
   pairs.AddAcross(chkChelt);
   pairs.Add("Valoare Lei", txtNumar[kExpensed]);
   pairs.Add("Valoare Valuta", txtNumar[kExpensedForeign]);
@@ -234,7 +195,7 @@ QWidget* frmFisaImo::BuildExpense() {
 }
 
 QWidget* frmFisaImo::BuildBlocking() {
-  QGroupBox* frame = Frame("Frame8", "Blocare");
+  QGroupBox* frame = MakeFrame("Frame8", "Blocare");
   chkBlocata = new CheckBox("chkBlocata", "Blocata", frame);
   auto* left = new QHBoxLayout;
   left->setSpacing(5);
@@ -244,7 +205,7 @@ QWidget* frmFisaImo::BuildBlocking() {
   left->addWidget(txtNumar[kMonthsLeft]);
   left->addWidget(new QLabel("luni"));
   left->addStretch();
-  Pairs pairs(frame);
+  BoxPairs pairs(frame);
   pairs.AddAcross(chkBlocata);
   pairs.Add("Data", DTPicker1[kBlockedFrom]);
   pairs.Add("Valoare blocata LEI", txtNumar[kBlockedValue]);

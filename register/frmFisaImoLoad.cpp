@@ -147,15 +147,10 @@ void frmFisaImo::LoadCombos() {
     LoadDataCombo(*sources_[i], *each.combo, each.list, each.listField, each.boundColumn);
     const std::string value = each.box->text().toStdString();
     if (value.empty()) continue;
-    if (!each.text) {
-      if (value != "0") each.combo->SetBoundText(value, value);
-      continue;
-    }
-    const std::string text = GetTextDataCombo(each.text, {value});
-    if (text.empty()) {
-      each.combo->SetText("");
-    } else {
-      each.combo->SetBoundText(value, text);
+    if (each.text) {
+      ShowCode(*each.combo, each.text, value);
+    } else if (value != "0") {
+      each.combo->SetBoundText(value, value);
     }
   }
   loaded_ = true;

@@ -27,6 +27,15 @@ void LoadDataCombo(Adodc& source, DataCombo& combo, const std::string& sql,
   }
 }
 
+void ShowCode(DataCombo& combo, const std::string& statement, const std::string& code) {
+  const std::string text = GetTextDataCombo(statement, {code});
+  if (text.empty()) {
+    combo.SetText("");
+  } else {
+    combo.SetBoundText(code, text);
+  }
+}
+
 void LoadComboBox(QComboBox& combo) {
   Procedure procedure{"LoadComboBox", "Module", "Module1", 1};
   const std::string name = combo.objectName().section('(', 0, 0).toStdString();

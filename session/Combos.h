@@ -15,6 +15,10 @@ void LoadDataCombo(Adodc& source, DataCombo& combo, const std::string& sql,
                    const std::string& listField, const std::string& boundColumn,
                    const Values& params = {});
 
+/// Shows the entry of a code. `statement`: returns its text, which is shown for a code that the
+/// list lacks. A code that is in no table any more leaves the combo empty. Throws Failure.
+void ShowCode(DataCombo& combo, const std::string& statement, const std::string& code);
+
 /// Fills a plain combo by its own name. An unknown name shows a message and fills nothing; a
 /// failure is shown.
 void LoadComboBox(QComboBox& combo);

@@ -55,6 +55,7 @@ ListBar MakeListBar(const ListDescription& list, QWidget* screen) {
   row->setContentsMargins(0, 0, 0, 0);
   if (list.search) AddSearch(made, *list.search, row);
   if (list.sort) {
+    if (list.sort->caption) row->addWidget(new QLabel(list.sort->caption, made.bar));
     made.up = MakeArrow("cmdUp", "\\BMP\\Sus.bmp", list.sort->up, made.bar);
     made.down = MakeArrow("cmdDown", "\\BMP\\Jos.bmp", list.sort->down, made.bar);
     row->addWidget(made.up);

@@ -57,6 +57,7 @@ struct ListSearch {
 /// Sorts by the columns whose headers were dragged above the list, up or down.
 struct ListSort {
   QString groupText;
+  const char* caption = nullptr;  ///< a label beside the arrows
   const char* up = "Sortare Crescatoare";
   const char* down = "Sortare Descrescatoare";
 };

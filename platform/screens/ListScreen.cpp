@@ -324,7 +324,7 @@ void ListScreen::ShowTotals(const std::vector<double>& totals) {
   }
 }
 
-void ListScreen::ShowTotalsOfMarked() {
+std::vector<double> ListScreen::TotalsOfMarked() const {
   const Hourglass waiting;
   const Recordset& rows = datPrimaryRS->Recordset();
   std::vector<std::size_t> fields;
@@ -340,7 +340,11 @@ void ListScreen::ShowTotalsOfMarked() {
     sum.Add(total);
     total = sum.Total();
   }
-  ShowTotals(totals);
+  return totals;
+}
+
+void ListScreen::ShowTotalsOfMarked() {
+  ShowTotals(TotalsOfMarked());
 }
 
 // Black on white with bold headings is how every list is printed; the grid keeps its colours.

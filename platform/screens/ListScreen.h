@@ -89,12 +89,13 @@ class ListScreen : public Form {
   void ShowWithoutDeleted();
   /// Shows the totals of the marked rows, then the page set-up and the preview of these rows.
   void ListMarked(Procedure& running);
-  void cmdCauta_Click(Procedure& running);
+  virtual void cmdCauta_Click(Procedure& running);
 
   /// Reads the rows again and keeps the user's current row.
-  void RefreshInPlace();
+  virtual void RefreshInPlace();
   std::vector<std::string> TotalledFields() const;
   std::vector<double> TotalsOfRows() const;
+  std::vector<double> TotalsOfMarked() const;
   void ShowTotals(const std::vector<double>& totals);
   void ShowTotalsOfMarked();
   /// The text of a column of the current row.
