@@ -1,5 +1,6 @@
 #include "app/tevra/Screens.h"
 
+#include "inventory/frmObInv.h"
 #include "platform/forms/Windows.h"
 #include "reference/ReferenceScreen.h"
 #include "reference/ReferenceTables.h"
@@ -20,6 +21,7 @@ void HandInScreens(frmMain& frame) {
     frame.SetOpener(table.menuItem, [&table] { OpenReference(table.screen); });
   }
   frame.SetOpener("Materiale_imo", [] { windows::Open<frmImo>(); });
+  frame.SetOpener("Materiale_inv", [] { windows::Open<frmObInv>(); });
   frame.SetOpener("Rapoarte_Cheltuieli", [] { windows::Open<frmRapCHE>(); });
   frame.SetOpener("Rapoarte_Statistici", [] { windows::Open<frmRapStatistici>(); });
 }

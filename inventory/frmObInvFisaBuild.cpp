@@ -1,0 +1,193 @@
+// The boxes of the card of an inventory object and their layout.
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include "inventory/frmObInvFisa.h"
+#include "platform/forms/Buttons.h"
+#include "platform/forms/Pictures.h"
+#include "platform/screens/BoxPairs.h"
+
+namespace tevra {
+
+namespace {
+
+using namespace object;
+
+struct TextInfo {
+  int longest;  ///< 0: hidden
+  const char* tip;
+};
+
+constexpr TextInfo kTextInfos[kTexts] = {{20, "Maxim 20 caractere alfanumerice"},
+                                         {0, nullptr},
+                                         {50, "Maxim 50 caractere alfanumerice"},
+                                         {0, nullptr},
+                                         {15, "Maxim 15 caractere alfanumerice"},
+                                         {0, nullptr},
+                                         {0, nullptr},
+                                         {0, nullptr},
+                                         {100, "Maxim 100 caractere alfanumerice"},
+                                         {50, "Maxim 50 caractere alfanumerice"},
+                                         {0, nullptr}};
+
+// Rate and value in currency are shown with all their digits.
+constexpr const char* kNumberFormats[kNumbers] = {"#.##0,00", "", ""};
+
+}  // namespace
+
+void frmObInvFisa::MakeBoxes() {
+  for (std::size_t i = 0; i < kTexts; ++i) {
+    const TextInfo& info = kTextInfos[i];
+    txtText[i] = new TextBox(Indexed("txtText", i).c_str(), this, info.longest);
+    if (info.tip) txtText[i]->setToolTip(info.tip);
+    if (info.longest == 0) txtText[i]->hide();
+  }
+  for (std::size_t i = 0; i < kNumbers; ++i) {
+    txtNumar[i] = new NumberBox(Indexed("txtNumar", i).c_str(), kNumberFormats[i], this);
+  }
+  for (std::size_t i = 0; i < kDates; ++i) {
+    DTPicker1[i] = new DateBox(Indexed("DTPicker1", i).c_str(), this, "dd/MM/yyyy");
+    DTPicker1[i]->SetRequired();
+  }
+  DataCombo** combos[] = {&cboCentruCost, &cboLocalizare, &cboFurnizori, &cboTVA, &cboCont};
+  for (std::size_t i = 0; i < std::size(combos); ++i) {
+    *combos[i] = new DataCombo(ObjectCodeLists()[i].combo, this);
+  }
+  cboFurnizori->setMinimumContentsLength(20);  // a company's name
+}
+
+QWidget* frmObInvFisa::BuildObject() {
+  Frame1 = MakeFrame("Frame1", "Obiect");
+  auto* identity = new QWidget;
+  BoxPairs left(identity);
+  left.Add("Nr. inv.", txtText[kCode]);
+  left.Add("&Denumire", txtText[kName]);
+  left.Add("C&ont", cboCont);
+  left.Add("&Centru de cost", cboCentruCost);
+  left.Add("&Localizare", cboLocalizare);
+  left.Add("Persoana e&videnta", txtText[kPerson]);
+  left.Close();
+  auto* purchase = new QWidget;
+  BoxPairs middle(purchase);
+  middle.Add("Docu&ment", txtText[kDocument]);
+  middle.Add("Furni&zor", cboFurnizori);
+  middle.Add("TVA", cboTVA);
+  middle.Add("Valoare LEI", txtNumar[kValue]);
+  middle.Add("C&urs", txtNumar[kRate]);
+  middle.Add("Valoare valuta", txtNumar[kForeignValue]);
+  middle.Close();
+  auto* dates = new QWidget;
+  BoxPairs right(dates);
+  right.Add("Achizitie", DTPicker1[kBought]);
+  right.Add("Punere in functiune", DTPicker1[kInService]);
+  right.Close();
+  auto* remarks = new QHBoxLayout;
+  remarks->setContentsMargins(9, 0, 9, 0);  // as the columns above have them
+  remarks->addWidget(LabelOf(txtText[kRemarks], "Observatii"));
+  remarks->addWidget(txtText[kRemarks], 1);
+  auto* grid = new QGridLayout(Frame1);
+  grid->addWidget(identity, 0, 0);
+  grid->addWidget(purchase, 0, 1);
+  grid->addWidget(dates, 0, 2);
+  grid->addLayout(remarks, 1, 0, 1, 3);
+  grid->setColumnStretch(0, 3);
+  grid->setColumnStretch(1, 3);
+  return Frame1;
+}
+
+QWidget* frmObInvFisa::BuildExit() {
+  Frame5 = MakeFrame("Frame5", "Iesire");
+  chKCasare = new CheckBox("chKCasare", "CASARE", Frame5);
+  BoxPairs pairs(Frame5);
+  pairs.AddAcross(chKCasare);
+  pairs.Add("Data iesire", DTPicker1[kLeft]);
+  pairs.Close();
+  return Frame5;
+}
+
+QWidget* frmObInvFisa::BuildNote() {
+  noteFrame_ = MakeFrame(
+      "fraNota", bAdaugare_ ? "Nota contabila de cumparare" : "Nota contabila de descarcare");
+  grdNota = new NotePreview("grdNota", noteFrame_);
+  auto* layout = new QVBoxLayout(noteFrame_);
+  layout->addWidget(grdNota);
+  layout->addStretch();
+  return noteFrame_;
+}
+
+QWidget* frmObInvFisa::BuildButtons() {
+  auto* strip = new QWidget(this);
+  cmdSalvare = MakeButton("cmdSalvare", "Adaugare", "Creare obiect nou de inventar", strip);
+  cmdModificare = MakeButton("cmdModificare", "Salvare", "Salvare modificari", strip);
+  cmdDescarcare = MakeButton("cmdDescarcare", "Descarcare",
+                             "Generare formula contabila de trecere pe cheltuieli", strip);
+  cmdVanzare = MakeButton("cmdVanzare", "Casare", "", strip);
+  cmdConservare = MakeButton("cmdConservare", "Conservare", "", strip);
+  cmdIesire = MakeButton("cmdIesire", "Iesire", "Inchidere fereastra", strip);
+  cmdIesire->setIcon(PictureIcon("\\BMP\\Iesire.bmp"));
+  auto* row = new QHBoxLayout(strip);
+  row->setContentsMargins(0, 0, 0, 0);
+  for (QPushButton* each : {cmdSalvare, cmdModificare, cmdDescarcare, cmdVanzare, cmdConservare}) {
+    row->addWidget(each);
+  }
+  row->addStretch();
+  row->addWidget(cmdIesire);
+  SetCancelButton(cmdIesire);
+  return strip;
+}
+
+void frmObInvFisa::Build() {
+  MakeBoxes();
+  auto* page = new QWidget;
+  auto* whole = new QVBoxLayout(page);
+  whole->addWidget(BuildObject());
+  auto* below = new QHBoxLayout;
+  below->addWidget(BuildExit());
+  below->addWidget(BuildNote(), 1);
+  whole->addLayout(below);
+  whole->addStretch();
+  // Shows the whole card if there is room; otherwise it scrolls and the buttons stay visible.
+  auto* area = new QScrollArea(this);
+  area->setWidgetResizable(true);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidget(page);
+  auto* all = new QVBoxLayout(this);
+  all->addWidget(area, 1);
+  all->addWidget(BuildButtons());
+  SetTabOrder();
+  setMinimumSize(560, 240);
+  resize(page->sizeHint().expandedTo({980, 0}) + QSize(24, 90));
+  txtText[kCode]->setFocus();
+}
+
+// The reading order: the object, its purchase, its dates, its exit.
+void frmObInvFisa::SetTabOrder() {
+  OrderTabs({txtText[kCode],
+             txtText[kName],
+             cboCont,
+             cboCentruCost,
+             cboLocalizare,
+             txtText[kPerson],
+             txtText[kDocument],
+             cboFurnizori,
+             cboTVA,
+             txtNumar[kValue],
+             txtNumar[kRate],
+             txtNumar[kForeignValue],
+             DTPicker1[kBought],
+             DTPicker1[kInService],
+             txtText[kRemarks],
+             chKCasare,
+             DTPicker1[kLeft],
+             cmdSalvare,
+             cmdModificare,
+             cmdDescarcare,
+             cmdVanzare,
+             cmdConservare,
+             cmdIesire});
+}
+
+}  // namespace tevra
