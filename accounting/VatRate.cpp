@@ -6,9 +6,13 @@ namespace tevra {
 
 VatRate ReadVatRate(const std::string& text) {
   if (text.empty()) return {};
+  return {text.substr(0, text.find('-')), CInt(VatPercent(text))};
+}
+
+double VatPercent(const std::string& text) {
+  if (text.empty()) return 0;
   const std::size_t dash = text.find('-');
-  const std::string percent = dash == std::string::npos ? text : text.substr(dash + 1);
-  return {text.substr(0, dash), CInt(CDbl(percent))};
+  return CDbl(dash == std::string::npos ? text : text.substr(dash + 1));
 }
 
 }  // namespace tevra

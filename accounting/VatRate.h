@@ -17,4 +17,7 @@ struct VatRate {
 /// for one outside 16 bits.
 VatRate ReadVatRate(const std::string& text);
 
+/// The percentage of such a text with its decimals; 0 for the empty text. Throws Failure 13.
+double VatPercent(const std::string& text);
+
 }  // namespace tevra

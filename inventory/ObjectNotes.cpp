@@ -1,5 +1,6 @@
 #include "inventory/ObjectNotes.h"
 
+#include "accounting/VatRate.h"
 #include "accounting/cBLLNoteContabile.h"
 #include "platform/data/Recordset.h"
 #include "platform/system/MessageBox.h"
@@ -13,19 +14,6 @@ namespace tevra {
 namespace {
 
 using namespace object;
-
-/// "4426-19": account and percentage of a VAT rate, as its list shows them.
-struct VatRate {
-  std::string account;
-  double percent = 0;
-};
-
-VatRate ReadVatRate(const std::string& text) {
-  if (text.empty()) return {};
-  const std::size_t dash = text.find('-');
-  const bool bare = dash == std::string::npos;
-  return {text.substr(0, dash), bare ? 0 : CDbl(text.substr(dash + 1))};
-}
 
 NoteLine LineOfObject(const char* journal, const ObjectCard& card, Date day) {
   NoteLine line = LineOf(journal, ObjectDocument(card), card.date[day]);
@@ -60,17 +48,16 @@ std::string ObjectDocument(const ObjectCard& card) {
 Note PurchaseNote(const ObjectCard& card) {
   Note note;
   if (card.scrapped) return note;
-  const VatRate vat = ReadVatRate(card.vat);
   const double lei = NumberOrZero(card, kValue);
   const double value = RoundTo(lei, 2);
-  const double tax = RoundTo(lei * vat.percent / 100, 2);
+  const double tax = RoundTo(lei * VatPercent(card.vat) / 100, 2);
   NoteLine line = LineOfObject("JC", card, kBought);
   line.CodBUG = card.text[kCentre];
   NoteLine supplier = line;
   const std::string& third = card.text[kSupplier];
   if (!third.empty()) supplier.Tert = third;
   AddLine(note, supplier, CurrentSession().contFurnizori, 0, RoundTo(value + tax, 2));
-  AddLine(note, line, vat.account, tax, 0);
+  AddLine(note, line, card.vat.substr(0, card.vat.find('-')), tax, 0);
   AddLine(note, line, CurrentSession().contObiecteInventar, value, 0);
   return note;
 }

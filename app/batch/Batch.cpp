@@ -3,6 +3,7 @@
 #include <optional>
 #include <ostream>
 #include <utility>
+#include <vector>
 
 #include "app/batch/CommandLine.h"
 #include "app/batch/Login.h"
@@ -22,7 +23,8 @@ void RunOnCompany(const CommandLine& line, const Streams& streams, ReportWriter*
   // Checked before the user types a password.
   const bool dated = line.command == Command::Calculate || line.command == Command::Asset;
   const DateTime date = dated ? ParseDate(line.date) : DateTime();
-  for (const std::string* day : {&line.date, &line.from, &line.to}) {
+  for (const std::string* day :
+       {&line.date, &line.from, &line.to, &line.object.bought, &line.object.inService}) {
     if (!day->empty()) ParseDate(*day);
   }
   Connection company = Login({line.directory, line.company, line.user, line.passwordFile}, streams);
@@ -37,6 +39,12 @@ void RunOnCompany(const CommandLine& line, const Streams& streams, ReportWriter*
       return WritePlan(line.nrcrt, line.csv, streams.out);
     case Command::Report:
       return writeReport(line, streams);
+    case Command::Objects:
+      return ListObjects(line.csv, streams.out);
+    case Command::AddObject:
+      return AddObject(company, line.object, streams.out);
+    case Command::WriteOff:
+      return WriteOffObject(company, line.nrcrt, streams.out);
     case Command::Assets:
       return ListAssets(line.csv, streams.out);
     default:
@@ -63,8 +71,10 @@ void Run(const CommandLine& line, const Streams& streams, ReportWriter* writeRep
 
 // The log must not contain what the user typed.
 std::string WithoutTyped(std::string text, const CommandLine& line) {
-  for (const std::string* typed : {&line.user, &line.code, &line.name, &line.date, &line.nrcrt,
-                                   &line.currency, &line.from, &line.to}) {
+  std::vector<const std::string*> all = line.object.All();
+  all.insert(all.end(), {&line.user, &line.code, &line.name, &line.date, &line.nrcrt,
+                         &line.currency, &line.from, &line.to});
+  for (const std::string* typed : all) {
     if (typed->empty()) continue;
     for (std::size_t at = text.find(*typed); at != text.npos; at = text.find(*typed, at + 1)) {
       text.replace(at, typed->size(), "?");

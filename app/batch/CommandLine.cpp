@@ -54,6 +54,7 @@ class Parser {
     AddProgramOptions();
     AddCompanyCommands();
     AddAssetCommands();
+    AddObjectCommands();
     AddReportCommand();
   }
 
@@ -163,6 +164,17 @@ class Parser {
                      "(localizare), centre (centru de cost)")
         ->type_name("GRUPARE");
     AddCsvFlag(charges);
+  }
+
+  void AddObjectCommands() {
+    AddCsvFlag(
+        Add(Command::Objects, "objects", "Afiseaza obiectele de inventar si totalurile lor", {}));
+    AddObjectOptions(
+        *Add(Command::AddObject, "object", "Adauga un obiect de inventar si nota lui de cumparare",
+             {{"ACTIUNE", &action_, "add"}}),
+        line_.object);
+    Add(Command::WriteOff, "write-off", "Descarca un obiect de inventar: il trece pe cheltuieli",
+        {{"NRCRT", &line_.nrcrt, "Numarul curent al obiectului"}});
   }
 
   void AddReportCommand() {
@@ -283,6 +295,9 @@ class Parser {
   void CheckOptions() {
     if (line_.command == Command::Create) CheckCreate();
     if (line_.command == Command::Report) CheckReport();
+    if (line_.command == Command::AddObject && action_ != "add") {
+      throw UsageError("Actiune necunoscuta: " + action_ + " (add) !");
+    }
     CheckGrouping();
     if (passwordFile_->count() > 0) line_.passwordFile = password_;
     if (NeedsLogin(line_.command) && line_.user.empty()) {
@@ -299,7 +314,8 @@ class Parser {
   bool takeOver_ = false;
   bool replace_ = false;
   CLI::App* report_ = nullptr;
-  std::string kind_;  // of the report
+  std::string kind_;    // of the report
+  std::string action_;  // with an object
   std::vector<std::pair<CLI::App*, Command>> commands_;
 };
 

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "app/batch/ObjectOptions.h"
 #include "session/Companies.h"
 
 namespace tevra::batch {
@@ -19,6 +20,9 @@ enum class Command {
   Plan,
   Assets,
   Charges,
+  Objects,
+  AddObject,
+  WriteOff,
   Report
 };
 
@@ -47,7 +51,8 @@ struct CommandLine {
   std::string table;                              ///< to load into
   std::string date;                               ///< of the calculation, as written
   bool post = false;                              ///< also posts the month's charges
-  std::string nrcrt;                              ///< of the asset to plan, as written
+  std::string nrcrt;                              ///< of the asset or object, as written
+  ObjectOptions object;                           ///< to add
   Grouping grouping = Grouping::Account;
   ReportKind report = ReportKind::Charges;
   std::string currency = "LEI";

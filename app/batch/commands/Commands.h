@@ -51,6 +51,18 @@ void WritePlan(const std::string& nrcrt, bool csv, std::ostream& out);
 /// Writes all assets by number and the six totals of their list.
 void ListAssets(bool csv, std::ostream& out);
 
+/// Writes all inventory objects, the newest first, and the totals of their list.
+void ListObjects(bool csv, std::ostream& out);
+
+/// Adds an inventory object with its purchase note, as its card does, and prints the note. Asks
+/// before notes under its document are deleted. Throws Refusal for what the card refuses and for a
+/// code that its lists do not have, Failure when the object cannot be written.
+void AddObject(Connection& company, const ObjectOptions& options, std::ostream& out);
+
+/// Writes off the inventory object with that NRCRT as it is stored and prints the note. Throws
+/// Refusal for what the card refuses, Failure when nothing could be written.
+void WriteOffObject(Connection& company, const std::string& nrcrt, std::ostream& out);
+
 /// Prints the month's charge of every asset after the last run, in groups with their sums.
 void ListCharges(Grouping grouping, bool csv, std::ostream& out);
 

@@ -1,9 +1,9 @@
 #include <array>
-#include <charconv>
 #include <optional>
 
 #include "app/batch/Refusal.h"
 #include "app/batch/Table.h"
+#include "app/batch/WholeNumber.h"
 #include "app/batch/commands/Commands.h"
 #include "engine/PlanAmortizare.h"
 #include "platform/data/Recordset.h"
@@ -29,14 +29,6 @@ constexpr std::array<Column, 9> kColumns{{
     {"VALAMOCUM_VAL", "Valoare amortizata cumulata USD"},
     {"VALRAMASA_VAL", "Valoare ramasa de amortizat USD"},
 }};
-
-// Digits only: "1,4" is not an asset's number.
-std::optional<std::int32_t> WholeNumber(const std::string& text) {
-  std::int32_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return number;
-}
 
 void RequirePlan(Connection& connection, const std::string& nrcrt) {
   Recordset asset;
