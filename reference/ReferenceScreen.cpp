@@ -92,7 +92,6 @@ EditorDescription ReferenceScreen::Describe() {
     editor.checks.push_back(
         {[this, &check] { return Fails(check); }, check.message, inputs_.at(check.input).box});
   }
-  editor.row = [this] { return Row(); };
   editor.addFailure = table_.addFailure;
   editor.addFailureLine = table_.addFailureLine;
   editor.added = [this] {
@@ -257,8 +256,8 @@ bool ReferenceScreen::Fails(const ReferenceCheck& check) {
   return false;
 }
 
-ReferenceScreen::Fields ReferenceScreen::Row() {
-  Fields fields;
+CodeRow ReferenceScreen::Row() {
+  CodeRow fields;
   for (const ReferenceField& field : table_.row) fields.emplace_back(field.field, ValueOf(field));
   return fields;
 }
@@ -293,12 +292,13 @@ Value ReferenceScreen::ValueOf(const ReferenceField& field) {
 }
 
 void ReferenceScreen::pAdauga() {
-  table_.insert ? InsertByStatement() : EditorScreen::pAdauga();
+  const CodeRow row = Row();
+  table_.insert ? InsertByStatement(row) : AddRow(row);
+  if (added_) added_(row);
 }
 
 // The list is read again to show the new row, and goes to it.
-void ReferenceScreen::InsertByStatement() {
-  const Fields fields = Row();
+void ReferenceScreen::InsertByStatement(const CodeRow& fields) {
   Values values;
   for (const auto& [field, value] : fields) values.push_back(value);
   ExecuteSQL(table_.insert, values);

@@ -7,6 +7,7 @@
 #include "platform/forms/DataCombo.h"
 #include "platform/screens/EditorScreen.h"
 #include "reference/ReferenceTable.h"
+#include "session/CodeEditors.h"
 
 namespace tevra {
 
@@ -16,14 +17,15 @@ class ReferenceScreen : public EditorScreen {
   explicit ReferenceScreen(const ReferenceTable& table, QWidget* parent = nullptr);
   ~ReferenceScreen() override;
 
+  /// Sets what is called with the fields of each row added from now on.
+  void WhenAdded(CodeAdded added) { added_ = std::move(added); }
+
  protected:
   void pAdauga() override;
   void Form_Activate() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  using Fields = std::vector<std::pair<std::string, Value>>;
-
   struct Input {
     QWidget* box = nullptr;
     DataCombo* picker = nullptr;
@@ -40,15 +42,16 @@ class ReferenceScreen : public EditorScreen {
   static void ShowPicker(const Input& input);
   bool Fails(const ReferenceCheck& check);
   std::string TextOf(const std::string& input) const;
-  Fields Row();
+  CodeRow Row();
   Value ValueOf(const ReferenceField& field);
   std::string Question() const;
-  void InsertByStatement();
+  void InsertByStatement(const CodeRow& row);
   void ClearBoxes();
 
   const ReferenceTable& table_;
   std::map<std::string, Input> inputs_;
   std::map<std::string, Adodc*> sources_;
+  CodeAdded added_;
 };
 
 /// Opens the editor of a screen of ReferenceTables, or brings it to the front.

@@ -2,6 +2,7 @@
 
 #include "platform/system/MessageBox.h"
 #include "platform/system/StandardError.h"
+#include "session/CodeEditors.h"
 #include "session/ComboLists.h"
 #include "session/Module1.h"
 #include "session/Session.h"
@@ -22,6 +23,7 @@ void LoadDataCombo(Adodc& source, DataCombo& combo, const std::string& sql,
     combo.SetRowSource(&source);
     procedure.line = 6;
     source.Refresh();
+    OfferCodeEditor(combo, source);
   } catch (const std::exception&) {
     ShowStandardError(CaughtFailure(procedure), procedure);
   }

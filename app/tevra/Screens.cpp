@@ -19,6 +19,9 @@ void HandInScreens(frmMain& frame) {
   frame.SetOpener("Utilizatori", [] { windows::Open<frmUtilizatori>(); });
   for (const ReferenceTable& table : ReferenceTables()) {
     frame.SetOpener(table.menuItem, [&table] { OpenReference(table.screen); });
+    SetCodeEditor(table.table, [&table](const CodeAdded& added) {
+      OpenReference(table.screen).WhenAdded(added);
+    });
   }
   frame.SetOpener("Materiale_imo", [] { windows::Open<frmImo>(); });
   frame.SetOpener("Materiale_inv", [] { windows::Open<frmObInv>(); });

@@ -1,9 +1,12 @@
 #include "platform/forms/DataCombo.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QCompleter>
 #include <QIdentityProxyModel>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QWheelEvent>
 #include <utility>
 
@@ -27,6 +30,21 @@ QString Folded(const QString& text) {
   QString folded = text.toCaseFolded().normalized(QString::NormalizationForm_D);
   folded.removeIf([](QChar each) { return each.category() == QChar::Mark_NonSpacing; });
   return folded;
+}
+
+// Three dots, as on buttons that open another screen.
+QIcon EditIcon(const QPalette& palette) {
+  constexpr int kSide = 16;
+  constexpr int kDensity = 2;
+  QPixmap picture(kSide * kDensity, kSide * kDensity);
+  picture.setDevicePixelRatio(kDensity);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(palette.color(QPalette::Text));
+  for (const qreal x : {3.5, 8.0, 12.5}) painter.drawEllipse(QPointF(x, 10), 1.3, 1.3);
+  return QIcon(picture);
 }
 
 class FoldedTexts : public QIdentityProxyModel {
@@ -249,6 +267,31 @@ void DataCombo::wheelEvent(QWheelEvent* event) {
   } else {
     event->ignore();
   }
+}
+
+void DataCombo::Pick(const std::string& bound) {
+  if (findData(QString::fromStdString(bound), Qt::UserRole, Qt::MatchFixedString) < 0) return;
+  typed_ = false;
+  SetBoundText(bound);
+  TellPicked();
+}
+
+void DataCombo::SetEditor(std::function<void()> open) {
+  const bool first = !editor_;
+  editor_ = std::move(open);
+  if (!first) return;
+  QAction* action = lineEdit()->addAction(EditIcon(palette()), QLineEdit::TrailingPosition);
+  action->setToolTip("Editarea listei (F4)");
+  connect(action, &QAction::triggered, this, [this] { AfterEvent(this, [this] { editor_(); }); });
+}
+
+// Without an editor F4 opens the list, as Alt and the arrow do in any case.
+void DataCombo::keyPressEvent(QKeyEvent* event) {
+  if (editor_ && event->key() == Qt::Key_F4 && event->modifiers() == Qt::NoModifier) {
+    AfterEvent(this, [this] { editor_(); });
+    return;
+  }
+  QComboBox::keyPressEvent(event);
 }
 
 // Shows the beginning of a text longer than the box.

@@ -3,6 +3,7 @@
 
 #include <QComboBox>
 #include <QPointer>
+#include <functional>
 #include <string>
 
 #include "platform/forms/Binding.h"
@@ -36,12 +37,18 @@ class DataCombo : public QComboBox, public SettlesTyping {
   void SetBoundText(const std::string& text);
   /// The same, with the text to show for a value that is not in the list.
   void SetBoundText(const std::string& bound, const std::string& text);
+  const std::string& BoundColumn() const { return boundColumn_; }
+  /// Chooses the entry with a value as if the user had picked it; nothing happens without one.
+  void Pick(const std::string& bound);
   std::string Text() const { return currentText().toStdString(); }
   /// Shows a text, whether or not the list has it.
   void SetText(const std::string& text);
 
   /// Binds the value to a field of another source; nullptr unbinds it.
   void SetDataField(Adodc* source, const std::string& field = {});
+
+  /// Sets what edits the list: a small button in the box and F4 call `open`.
+  void SetEditor(std::function<void()> open);
 
   void SettleTyping() override;
   /// Why the text typed last was not taken; empty when it was.
@@ -54,6 +61,7 @@ class DataCombo : public QComboBox, public SettlesTyping {
  protected:
   void wheelEvent(QWheelEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void showPopup() override;
 
  private:
@@ -65,6 +73,7 @@ class DataCombo : public QComboBox, public SettlesTyping {
   void TellPicked();
 
   InputMark* mark_;
+  std::function<void()> editor_;
   QPointer<Adodc> rows_;
   std::string listField_;
   std::string boundColumn_;

@@ -47,7 +47,8 @@ struct EditorDescription {
 
   const char* addTip = "";
   std::vector<EditorCheck> checks;  ///< run in order; no row is added when one fails
-  /// Returns the fields of the new row; called after all checks passed.
+  /// Returns the fields of the new row; called after all checks passed. Not needed by a screen that
+  /// overrides pAdauga.
   std::function<std::vector<std::pair<std::string, Value>>()> row;
   std::string addFailure;            ///< the title of the message when the adding fails
   bool addFailureLine = false;       ///< that message names the line, too

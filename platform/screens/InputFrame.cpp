@@ -5,6 +5,12 @@
 
 namespace tevra {
 
+namespace {
+
+constexpr int kLeastBeside = 90;  // pixels of a box with a control beside it
+
+}  // namespace
+
 QGroupBox* MakeInputFrame(const char* name, const QString& caption, QWidget* screen) {
   auto* frame = new QGroupBox(caption, screen);
   frame->setObjectName(name);
@@ -25,6 +31,7 @@ void PlaceBoxes(QGroupBox* frame, const std::vector<LabelledBox>& boxes, int inA
     if (each.beside) {
       auto* pair = new QHBoxLayout;
       pair->setSpacing(6);
+      each.box->setMinimumWidth(kLeastBeside);
       pair->addWidget(each.box, 1);
       pair->addWidget(each.beside, 3);
       grid->addLayout(pair, i / inARow, column + 1);

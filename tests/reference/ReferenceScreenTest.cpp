@@ -324,6 +324,34 @@ TEST_F(Editors, MinimumValue) {
   EXPECT_EQ(company_.Rows("SELECT COUNT(*) FROM I_VALIM"), "0 \n");
 }
 
+TEST_F(Editors, ARowAddedInTheEditorOfAListIsChosenThere) {
+  std::unique_ptr<ReferenceScreen> chart;
+  SetCodeEditor("KV_pc", [&chart](const CodeAdded& added) {
+    chart = std::make_unique<ReferenceScreen>(ReferenceTableOf("frmPC"));
+    chart->WhenAdded(added);
+  });
+  Open("frmConturi");
+  auto* list = Find<DataCombo>("cboCont(1)");
+  QTest::keyClick(list, Qt::Key_F4);
+  QCoreApplication::processEvents();
+  ASSERT_NE(chart, nullptr);
+  const auto add = [&](const char* account) {
+    chart->findChild<TextBox*>("txtCont")->SetText(account);
+    chart->findChild<TextBox*>("txtTitlu")->SetText("AMORTIZARE");
+    Press(chart->cmdAdauga);
+  };
+  add("ZZ");  // too short for the list
+  EXPECT_EQ(Find<TextBox>("txtCont(1)")->Text(), "");
+  add("6898");
+  EXPECT_EQ(list->Text(), "6898-AMORTIZARE");
+  EXPECT_EQ(Find<TextBox>("txtCont(1)")->Text(), "6898");
+  EXPECT_EQ(Find<TextBox>("txtCont(0)")->Text(), "");
+  screen_.reset();
+  add("6899");  // the list is gone by now
+  EXPECT_TRUE(messages_.shown.empty()) << LastPrompt();
+  SetCodeEditor("kv_pc", [](const CodeAdded&) {});
+}
+
 TEST_F(Editors, FailuresAreShownUnderTheTitlesOfTheirScreens) {
   CurrentSession().connectionString += ";Lock Timeout=50";
   Open("frmConturi");
