@@ -1,7 +1,5 @@
 #include "register/AssetSave.h"
 
-#include "accounting/VatRate.h"
-#include "accounting/cBLLNoteContabile.h"
 #include "platform/data/Recordset.h"
 #include "platform/system/Clock.h"
 #include "platform/text/Numbers.h"
@@ -264,59 +262,6 @@ AssetRow pModificaImobilizare(const AssetCard& card, std::int32_t nrCrt) {
   WriteRow(rows, row);
   transaction.Commit();
   return row;
-}
-
-// ---- The purchase note --------------------------------------------------------------------------
-
-namespace {
-
-void Prepare(cBLLNoteContabile& note, const AssetCard& card, const VatRate& vat, double rate) {
-  const Session& session = CurrentSession();
-  note.Curs = rate;
-  note.CotaTVA = CByte(vat.percent);
-  note.DataInr = card.date[kInService].Midnight();
-  note.Doc = note.Marca = card.text[kCode];
-  note.Utilizator = session.userName;
-  note.Jurnal = "JC";
-  note.cod = session.codDeviza;
-  note.CodSucursala = GetCodSocietate();
-  note.Cantit = 1;
-  note.Prov = "I";
-  note.CodBUG = card.text[kCostCentre];
-}
-
-}  // namespace
-
-void pAddNoteContabile(const AssetCard& card) {
-  const Coefficients none;
-  const RowWriter boxes(card, none, DateTime());
-  Connection connection(CurrentSession().connectionString);
-  Transaction transaction(connection);
-  connection.Execute("DELETE FROM Kv_LINII WHERE DOC=?", {card.text[kCode]});
-  if (boxes.NumberOrZero(kValue) != 0) {
-    const VatRate vat = ReadVatRate(card.tva);
-    const double lei = boxes.Number(kValue);
-    const double foreign = boxes.NumberOrZero(kForeignValue);
-    cBLLNoteContabile note;
-    Prepare(note, card, vat, boxes.NumberOrZero(kExchangeRate));
-    note.Cont = card.text[kAccount];
-    double total = note.Debit = RoundTo(lei, 2);
-    double foreignTotal = note.DevDebit = RoundTo(foreign, 2);
-    note.AddNota(connection, false);
-    if (vat.percent != 0) {
-      note.Cont = vat.account;
-      total += note.Debit = RoundTo(lei * vat.percent / 100, 2);
-      foreignTotal += note.DevDebit = RoundTo(foreign * vat.percent / 100, 2);
-      note.AddNota(connection, true);
-    }
-    note.Cont = CurrentSession().contFurnizori;
-    note.Debit = note.DevDebit = 0;
-    note.SetCredit(CStr(total));
-    note.DevCredit = foreignTotal;
-    note.Tert = TextOrNull(card.text[kSupplier]);
-    note.AddNota(connection, true);
-  }
-  transaction.Commit();
 }
 
 }  // namespace tevra

@@ -1,5 +1,5 @@
-// Saves the asset card: derives the remaining fields, writes the asset's row and its purchase
-// note.
+// Saves the asset card: derives the remaining fields and writes the asset's row. Its purchase note
+// is in PurchaseNote.h.
 #pragma once
 
 #include <array>
@@ -50,10 +50,5 @@ AssetRow pAdaugaImobilizare(const AssetCard& card);
 
 /// Writes the changes of the asset `nrCrt`. Throws Failure 3021 when it no longer exists.
 AssetRow pModificaImobilizare(const AssetCard& card, std::int32_t nrCrt);
-
-/// Replaces the purchase note of the asset on the card in one transaction: deletes the lines of the
-/// document, then writes the asset, its VAT and the supplier. An asset without a value gets no
-/// note. Throws Failure like cBLLNoteContabile::AddNota and then keeps the old note.
-void pAddNoteContabile(const AssetCard& card);
 
 }  // namespace tevra

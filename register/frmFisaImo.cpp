@@ -5,6 +5,7 @@
 #include "platform/system/MessageBox.h"
 #include "platform/text/Numbers.h"
 #include "session/Module1.h"
+#include "session/Session.h"
 
 namespace tevra {
 
@@ -117,7 +118,8 @@ void frmFisaImo::cmdSalvare_Click() {
         "Va rog stabiliti duratele normale noi (HG 2139/2004 )in Tabelul Coduri de Clasificare");
     return;
   }
-  if (!EsteFisaValida()) return;
+  PurchaseNoteUse use;
+  if (!EsteFisaValida() || !MayReplaceNotes(use)) return;
   const bool saved = RunWith(
       "pAdaugaImobilizare",
       [this](Procedure&) {
@@ -128,13 +130,14 @@ void frmFisaImo::cmdSalvare_Click() {
         MsgBoxEx(ShortErrorText(failure), kCritical, "Salvare");
       });
   if (!saved) return;
-  AddNote();
+  AddNote(use);
   RunShort("CurataCampuri", [this](Procedure&) { CurataCampuri(); });
   MarkSaved();
 }
 
 void frmFisaImo::cmdModificare_Click() {
-  if (!EsteFisaValida()) return;
+  PurchaseNoteUse use;
+  if (!EsteFisaValida() || !MayReplaceNotes(use)) return;
   const bool saved = RunWith(
       "pModificaImobilizare",
       [this](Procedure& procedure) {
@@ -151,14 +154,28 @@ void frmFisaImo::cmdModificare_Click() {
                  "Modificare ");
       });
   if (!saved) return;
+  ShowTitle();
   MarkSaved();
-  AddNote();
+  AddNote(use);
 }
 
-void frmFisaImo::AddNote() {
-  Run("pAddNoteContabile", [this](Procedure& procedure) {
+// Asks before the row is written: a No saves neither the row nor the note.
+bool frmFisaImo::MayReplaceNotes(PurchaseNoteUse& use) {
+  bool may = false;
+  RunShort("pAddNoteContabile", [&](Procedure&) {
+    Connection connection(CurrentSession().connectionString);
+    std::optional<std::int32_t> number;
+    if (!asset_.bAdaugare) number = CLng(CDbl(asset_.sNrCrt));
+    use = FindPurchaseNoteUse(connection, txtText[kCode]->Text(), number);
+    may = MaySavePurchaseNote(use);
+  });
+  return may;
+}
+
+void frmFisaImo::AddNote(const PurchaseNoteUse& agreed) {
+  Run("pAddNoteContabile", [&](Procedure& procedure) {
     procedure.line = 1;
-    pAddNoteContabile(Card());
+    pAddNoteContabile(Card(), agreed);
   });
 }
 

@@ -12,6 +12,7 @@
 #include "platform/forms/DataCombo.h"
 #include "platform/forms/Form.h"
 #include "register/AssetSave.h"
+#include "register/PurchaseNote.h"
 
 class QGridLayout;
 
@@ -88,6 +89,7 @@ class frmFisaImo : public Form {
   void Form_Load();
   void OpenNew();
   void OpenExisting();
+  void ShowTitle();
   void LoadBoxes(const Recordset& row);
   void LoadCombos();
   std::array<ComboSource, 7> Combos() const;
@@ -123,7 +125,8 @@ class frmFisaImo : public Form {
   void ShowSaved(const AssetRow& row);
   void cmdSalvare_Click();
   void cmdModificare_Click();
-  void AddNote();
+  bool MayReplaceNotes(PurchaseNoteUse& use);
+  void AddNote(const PurchaseNoteUse& agreed);
   void CurataCampuri();
 
   // The checks before a save.

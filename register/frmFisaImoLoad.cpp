@@ -71,6 +71,7 @@ void frmFisaImo::OpenExisting() {
   const Recordset row =
       OpenRecordset("Select * from I_IMO Where NRCRT = ?", {CLng(CDbl(asset_.sNrCrt))});
   LoadBoxes(row);
+  ShowTitle();
   if (KeepsNewClass()) txtText[kGroup]->SetText(row.Get("COD_GR_NOU").TextOrEmpty());
   if (Nz(row.Get("BLOCATA"), Value::YesNo(false)).AsBool()) chkBlocata->setChecked(true);
   for (OptionButton* option : {Liniara, CuUzura, FaraUzura, Accelerata, Faraam}) {
@@ -80,6 +81,11 @@ void frmFisaImo::OpenExisting() {
   }
   const std::optional<double> expensed = txtNumar[kExpensed]->Number();
   chkChelt->setChecked(expensed && *expensed != 0);
+}
+
+// Several cards may be open; the title says which asset each one has.
+void frmFisaImo::ShowTitle() {
+  setWindowTitle("Fisa imobilizare - " + txtText[kCode]->text() + " " + txtText[kName]->text());
 }
 
 void frmFisaImo::LoadBoxes(const Recordset& row) {

@@ -1,4 +1,4 @@
-// What the card's two saves and its note write.
+// What the card's two saves write.
 #include <gtest/gtest.h>
 
 #include "platform/data/Recordset.h"
@@ -7,6 +7,7 @@
 #include "session/Module1.h"
 #include "session/Session.h"
 #include "tests/TestCompany.h"
+#include "tests/register/SampleCard.h"
 #include "tests/text/Expect.h"
 
 namespace tevra {
@@ -29,21 +30,6 @@ class AssetSave : public ::testing::Test {
   }
   ~AssetSave() override { clock::Reset(); }
 
-  // A linear asset of 8 years for 12,000.40 lei at the rate 5, in service in January 2026.
-  static AssetCard Card(char method = 'L', double normal = 8, double real = 8, double rate = 0.125,
-                        const Value& coef = {}) {
-    AssetCard card;
-    card.text = {"INV1", "2.1.16", "Strung", "ADM",  "",
-                 "F123", "7",      "1",      "2131", std::string(1, method),
-                 ""};
-    card.number = {12000.4, 5.0,     2400.0808, normal,  real,    rate, 100.0, Value(),
-                   Value(), Value(), coef,      Value(), Value(), 0.0,  0.0};
-    card.date = {DateTime(2026, 1, 10), DateTime(2026, 1, 15), DateTime(2026, 2, 1),
-                 DateTime(2034, 2, 1), DateTime(2026, 2, 1)};
-    card.tva = "4426-19";
-    return card;
-  }
-
   Recordset Row() { return OpenRecordset("SELECT * FROM I_IMO ORDER BY NRCRT DESC"); }
 
   // "FIELD=value ..." of the newest row, for the fields asked for.
@@ -56,20 +42,6 @@ class AssetSave : public ::testing::Test {
     }
     return text;
   }
-  std::string Lines() {
-    std::string text;
-    Recordset rows = OpenRecordset("SELECT * FROM Kv_Linii ORDER BY NDI, NRLINIE");
-    for (; !rows.Eof(); rows.MoveNext()) {
-      for (const char* field :
-           {"NDI", "NRLINIE", "CONT", "DEBIT", "CREDIT", "DEVDEBIT", "DEVCREDIT", "TERT"}) {
-        text += rows.Get(field).IsNull() ? "-" : rows.Get(field).AsText();
-        text += " ";
-      }
-      text += "| ";
-    }
-    return text;
-  }
-
   test::TestCompany company_;
 };
 
@@ -77,7 +49,7 @@ const std::vector<std::string> kMethodFields = {"DRFANI", "DRFLUNI",    "COEF", 
                                                 "AD2",    "DATA_IN_AM", "DATA_AMORT"};
 
 TEST_F(AssetSave, ANewAssetIsWrittenInFull) {
-  AssetCard card = Card();
+  AssetCard card = SampleCard();
   card.number[kExpensed] = 2000.0849;
   card.number[kExpensedForeign] = 400.016;
   pAdaugaImobilizare(card);
@@ -97,7 +69,7 @@ TEST_F(AssetSave, ANewAssetIsWrittenInFull) {
 
 TEST_F(AssetSave, HalvesGoToTheEvenLeuAndEmptyBoxesAreZero) {
   for (const auto& [value, stored] : {std::pair{1000.5, "1000"}, {1001.5, "1002"}}) {
-    AssetCard card = Card();
+    AssetCard card = SampleCard();
     card.number[kValue] = value;
     for (const auto box : {kExchangeRate, kForeignValue, kExpensed, kExpensedForeign}) {
       card.number[box] = Value();
@@ -125,7 +97,7 @@ TEST_F(AssetSave, TheMethodDecidesPhasesAndDates) {
       {'F', 8, 8, 0, Value(), "8 96 0 0 0 10.01.2026 10.01.2026"},
   };
   for (const Case& c : cases) {
-    const AssetRow row = pAdaugaImobilizare(Card(c.method, c.normal, c.real, c.rate, c.coef));
+    const AssetRow row = pAdaugaImobilizare(SampleCard(c.method, c.normal, c.real, c.rate, c.coef));
     EXPECT_EQ(Stored(kMethodFields), c.expected) << c.method;
     EXPECT_EQ(row.real.has_value(), c.method == 'M');
     EXPECT_EQ(Stored({"VAL_RAMASA"}), "12000");
@@ -146,7 +118,7 @@ TEST_F(AssetSave, ABlockedAssetGoesByTheYearsLeftFromAFirst) {
                         {'F', 3, "0 0 3 01.03.2026"}};
   for (const Case& c : cases) {
     const double normal = c.method == 'N' ? 5 : 12;
-    AssetCard card = Card(c.method, normal, normal, 0.25, 0.4);
+    AssetCard card = SampleCard(c.method, normal, normal, 0.25, 0.4);
     card.blocked = true;
     card.date[kBlockedFrom] = DateTime(2026, 3, 17);
     card.number[kBlockedValue] = 7000.5;
@@ -166,7 +138,7 @@ TEST_F(AssetSave, ABlockedAssetGoesByTheYearsLeftFromAFirst) {
 }
 
 TEST_F(AssetSave, AChangeEstimatesTheDepreciationSoFar) {
-  pAdaugaImobilizare(Card());
+  pAdaugaImobilizare(SampleCard());
   company_.Open().Execute("UPDATE I_IMO SET UTILIZATOR = 'ana', DRBANI = 3, DATA_BLOCARE = ?",
                           {DateTime(2020, 1, 1)});
   const std::int32_t number = Row().Get("NRCRT").AsLong();
@@ -181,7 +153,7 @@ TEST_F(AssetSave, AChangeEstimatesTheDepreciationSoFar) {
                         {'A', 2000.4, "1125 10875 225 2175"},
                         {'F', 0, "0 12000 0 2400"}};
   for (const Case& c : cases) {
-    AssetCard card = Card(c.method);
+    AssetCard card = SampleCard(c.method);
     card.text[kCode] = "INV2";
     card.number[kCoef] = 0.5;
     card.number[kExpensed] = c.expensed;
@@ -194,7 +166,7 @@ TEST_F(AssetSave, AChangeEstimatesTheDepreciationSoFar) {
   }
   EXPECT_EQ(Stored({"COD", "UTILIZATOR", "VAL_CUMP_VAL", "BLOCATA", "DATA_BLOCARE", "DRBANI"}),
             "INV2 ana 2400,0808 False 01.01.2020 3");
-  AssetCard ahead = Card();
+  AssetCard ahead = SampleCard();
   ahead.date[kStart] = DateTime(2027, 2, 1);
   pModificaImobilizare(ahead, number);
   EXPECT_EQ(Stored({"DALUNI", "VAL_AMOR_CUMULATA", "VAL_RAMASA"}), "-3 -375 12375");
@@ -203,7 +175,7 @@ TEST_F(AssetSave, AChangeEstimatesTheDepreciationSoFar) {
 // One row is changed from method to method: what a method does not write keeps what the one before
 // wrote.
 TEST_F(AssetSave, AChangeWritesWhatTheCardHoldsNow) {
-  pAdaugaImobilizare(Card());
+  pAdaugaImobilizare(SampleCard());
   const std::int32_t number = Row().Get("NRCRT").AsLong();
   struct Case {
     char method;
@@ -219,7 +191,7 @@ TEST_F(AssetSave, AChangeWritesWhatTheCardHoldsNow) {
       {'L', 3, 3, 0.9, "3 36 0,2 5 2 01.04.2025 01.04.2025"},
   };
   for (const Case& c : cases) {
-    AssetCard card = Card(c.method, c.normal, c.real, 0.24, c.coef);
+    AssetCard card = SampleCard(c.method, c.normal, c.real, 0.24, c.coef);
     card.text = {"INV2",  "3.1", "Presa", "PRD", "H1",
                  "F9",    "8",   "2",     "214", std::string(1, c.method),
                  "mutata"};
@@ -247,64 +219,21 @@ TEST_F(AssetSave, TheClassGoesIntoTheFieldOfTheCatalogueInForce) {
                                       {DateTime(2005, 1, 1), "- 2.1.16"},
                                       {DateTime(2005, 1, 2), "- 2.1.16"}}) {
     clock::Set(today);
-    pAdaugaImobilizare(Card());
+    pAdaugaImobilizare(SampleCard());
     EXPECT_EQ(Stored({"COD_GR", "COD_GR_NOU"}), stored);
   }
 }
 
 TEST_F(AssetSave, ARefusedRowLeavesNothing) {
-  AssetCard card = Card('A', 5, 5, 0.25, "abc");
+  AssetCard card = SampleCard('A', 5, 5, 0.25, "abc");
   EXPECT_EQ(FailureOf([&] { pAdaugaImobilizare(card); }), kTypeMismatch);
-  card = Card();
+  card = SampleCard();
   card.text[kName] = std::string(51, 'x');
   EXPECT_EQ(FailureOf([&] { pAdaugaImobilizare(card); }), kValueNotAccepted);
   EXPECT_EQ(GetRecordCount("I_IMO"), 0);
-  EXPECT_EQ(FailureOf([] { pModificaImobilizare(Card(), 12345); }), kNoCurrentRecord);
+  EXPECT_EQ(FailureOf([] { pModificaImobilizare(SampleCard(), 12345); }), kNoCurrentRecord);
   company_.Open().Execute("DELETE * FROM I_COEFAD");
-  EXPECT_EQ(FailureOf([] { pAdaugaImobilizare(Card()); }), kNoCurrentRecord);
-}
-
-TEST_F(AssetSave, TheNoteDebitsAssetAndVatAndCreditsTheSupplier) {
-  pAddNoteContabile(Card());
-  EXPECT_EQ(Lines(),
-            "1 1 2131 12000,4 0 2400,08 0 - | 1 2 4426 2280,08 0 456,02 0 - | "
-            "1 3 404 0 14280,48 0 2856,1 7 | ");
-  const Recordset line = OpenRecordset("SELECT * FROM Kv_Linii WHERE NRLINIE = 3");
-  EXPECT_EQ(line.Get("JURNAL"), Value("JC"));
-  EXPECT_EQ(line.Get("DATAINR"), Value(DateTime(2026, 1, 15)));
-  EXPECT_EQ(line.Get("DOC"), Value("INV1"));
-  EXPECT_EQ(line.Get("MARCA"), Value("INV1"));
-  EXPECT_EQ(line.Get("CODBUG"), Value("ADM"));
-  EXPECT_EQ(line.Get("COD"), Value("EUR"));
-  EXPECT_EQ(line.Get("CURS"), Value(5.0));
-  EXPECT_EQ(line.Get("COTATVA"), Value(19));
-  EXPECT_EQ(line.Get("PROV"), Value("I"));
-  EXPECT_EQ(line.Get("CodSucursala"), Value("01"));
-  EXPECT_EQ(line.Get("CANTIT"), Value(1.0));
-
-  AssetCard exempt = Card();
-  exempt.tva = "FARA TVA-0";
-  exempt.number[kValue] = 100.005;
-  exempt.number[kForeignValue] = Value();
-  pAddNoteContabile(exempt);
-  EXPECT_EQ(Lines(), "1 1 2131 100 0 0 0 - | 1 2 404 0 100 0 0 7 | ") << "in the place of the old";
-  exempt.number[kValue] = 0.0;
-  pAddNoteContabile(exempt);
-  EXPECT_EQ(Lines(), "");
-}
-
-TEST_F(AssetSave, ARefusedNoteLeavesTheOldOne) {
-  pAddNoteContabile(Card());
-  const std::string before = Lines();
-  CurrentSession().contFurnizori = "";
-  const Refusal refusal = RefusalOf([] { pAddNoteContabile(Card()); });
-  EXPECT_EQ(refusal.number, kRefusedNote);
-  EXPECT_EQ(refusal.text, "Trebuie sa precizati: Cont");
-  EXPECT_EQ(Lines(), before);
-  AssetCard other = Card();
-  other.text[kCode] = "x' OR '1'='1";
-  EXPECT_EQ(FailureOf([&] { pAddNoteContabile(other); }), kRefusedNote);
-  EXPECT_EQ(Lines(), before);
+  EXPECT_EQ(FailureOf([] { pAdaugaImobilizare(SampleCard()); }), kNoCurrentRecord);
 }
 
 }  // namespace

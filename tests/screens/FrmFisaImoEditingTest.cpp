@@ -181,5 +181,48 @@ TEST_F(EditedCard, AnAssetHasOneCard) {
   EXPECT_TRUE(card.isNull());
 }
 
+// A code that is taken, and a code that changes: what stands in the accounting lines is asked
+// about.
+TEST_F(EditedCard, NotesUnderItsCodeAreAskedForBeforeAnythingIsSaved) {
+  const auto notes = [&] {
+    return company_.Rows(
+        "SELECT DOC, MAX(DEBIT) FROM Kv_Linii GROUP BY DOC, NDI ORDER BY DOC, NDI");
+  };
+  const auto add = [&](const char* value) {
+    const auto card = Open();
+    Fill(*card);
+    Type(card->txtNumar[kValue], value);
+    Press(card->cmdSalvare);
+    EXPECT_EQ(card->windowTitle(), "Fisa imobilizare");
+    const std::string code = card->txtText[kCode]->Text();
+    card->DropChangesAndClose();
+    return code;
+  };
+  EXPECT_EQ(add("12000"), "");
+  EXPECT_EQ(messages_.shown.size(), 1u) << "no question for the first asset";
+  messages_.answers = {kNo, kYes};
+  EXPECT_EQ(add("500"), "INV1") << "the card stays as typed";
+  EXPECT_EQ(GetRecordCount("I_IMO"), 1);
+  EXPECT_EQ(notes(), "INV1 12000 \n");
+  EXPECT_EQ(add("500"), "");
+  EXPECT_EQ(GetRecordCount("I_IMO"), 2);
+  EXPECT_EQ(notes(), "INV1 500 \n");
+
+  company_.Open().Execute("DELETE * FROM I_IMO WHERE VAL_CUMP = 12000");
+  for (const bool removed : {false, true}) {
+    messages_.shown.clear();
+    const auto card = OpenStored();
+    const std::string before = card->txtText[kCode]->Text();
+    card->txtText[kCode]->SetText(removed ? "INV3" : "INV2");
+    messages_.answers = {removed ? kYes : kNo};
+    Press(card->cmdModificare);
+    ASSERT_EQ(messages_.shown.size(), 2u);
+    EXPECT_EQ(messages_.shown[0].title, "Cod schimbat");
+    EXPECT_EQ(notes(), removed ? "INV1 500 \nINV3 500 \n" : "INV1 500 \nINV2 500 \n");
+    EXPECT_EQ(card->windowTitle(),
+              removed ? "Fisa imobilizare - INV3 Strung" : "Fisa imobilizare - INV2 Strung");
+  }
+}
+
 }  // namespace
 }  // namespace tevra::test
