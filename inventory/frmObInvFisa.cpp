@@ -152,7 +152,10 @@ void frmObInvFisa::txtNumar_LostFocus(Number left) {
   derived_[left] = now;
   if (passed) return;
   const auto foreign = ForeignValue(NumberIn(kValue), NumberIn(kRate));
-  if (foreign) txtNumar[kForeignValue]->SetNumber(foreign);
+  if (!foreign) return;
+  NumberBox* box = txtNumar[kForeignValue];
+  box->SetNumber(foreign);
+  if (box->hasFocus()) box->selectAll();  // as Tab left it, so that typing replaces the number
 }
 
 // ---- Saving -------------------------------------------------------------------------------------
