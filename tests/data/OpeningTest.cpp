@@ -170,7 +170,7 @@ TEST_F(OpeningTest, LookingAtAFileKeepsItsLocks) {
 TEST_F(OpeningTest, AConnectionIsRefusedInAnotherThread) {
   Connection connection = Open();
   std::thread([&] {
-    ExpectRefused(kBrokenInvariant, "alt fir", [&] { connection.QueryValue("SELECT 1"); });
+    ExpectRefused(kBrokenInvariant, "alt fir", [&] { (void)connection.QueryValue("SELECT 1"); });
     ExpectRefused(kBrokenInvariant, "alt fir", [&] { connection.BeginTrans(); });
   }).join();
   EXPECT_EQ(1, connection.QueryValue("SELECT 1").AsLong());
