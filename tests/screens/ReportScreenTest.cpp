@@ -33,10 +33,15 @@ class frmAchizitii : public PeriodReportScreen {
   PeriodRequest asked;
 };
 
+// Stands before the screen, which reads the day when it is made.
+struct FixedDay {
+  FixedDay() { clock::Set(DateTime(2026, 11, 23)); }
+  ~FixedDay() { clock::Reset(); }
+};
+
 class ReportScreens : public ::testing::Test {
  protected:
   ReportScreens() {
-    clock::Set(DateTime(2026, 11, 23));
     company_.AddAsset({{"COD", "1"},
                        {"DENUMIRE", "Strung"},
                        {"CONT", "2131"},
@@ -53,7 +58,6 @@ class ReportScreens : public ::testing::Test {
   }
   ~ReportScreens() override {
     for (frmPreview* preview : Previews()) delete preview;
-    clock::Reset();
   }
   static std::vector<frmPreview*> Previews() {
     std::vector<frmPreview*> previews;
@@ -70,6 +74,7 @@ class ReportScreens : public ::testing::Test {
 
   TestCompany company_;
   MessageRecorder messages_;
+  FixedDay day_;
   frmAchizitii screen_;
 };
 
