@@ -33,14 +33,11 @@ class frmAchizitii : public PeriodReportScreen {
   PeriodRequest asked;
 };
 
-// Stands before the screen, which reads the day when it is made.
-struct FixedDay {
-  FixedDay() { clock::Set(DateTime(2026, 11, 23)); }
-  ~FixedDay() { clock::Reset(); }
-};
-
 class ReportScreens : public ::testing::Test {
  protected:
+  // Before the screen is made, which reads the day.
+  static void SetUpTestSuite() { clock::Set(DateTime(2026, 11, 20)); }
+  static void TearDownTestSuite() { clock::Reset(); }
   ReportScreens() {
     company_.AddAsset({{"COD", "1"},
                        {"DENUMIRE", "Strung"},
@@ -74,12 +71,11 @@ class ReportScreens : public ::testing::Test {
 
   TestCompany company_;
   MessageRecorder messages_;
-  FixedDay day_;
   frmAchizitii screen_;
 };
 
 TEST_F(ReportScreens, ShowsThePreviewOfThePeriodInItsPlace) {
-  EXPECT_EQ(screen_.DTPickerdela->Date(), DateTime(2026, 11, 23));
+  EXPECT_EQ(screen_.DTPickerdela->Date(), DateTime(2026, 11, 20));
   EXPECT_TRUE(screen_.optCont->isChecked());
   EXPECT_FALSE(screen_.cboCodDeviza->isEnabled());
   screen_.DTPickerdela->SetDate(DateTime(2026, 1, 1));
