@@ -21,6 +21,7 @@ const Words& WordsOf(const std::string& table) {
       {"I_INV", {"un obiect de inventar", "obiecte de inventar"}},
       {"I_CONTURIIM", {"o asociere de conturi", "asocieri de conturi"}},
       {"KV_LINII", {"o inregistrare contabila", "inregistrari contabile"}},
+      {"KV_PAR", {"configurarea societatii", "configurari"}},
       {"KV_VAL2", {"un curs valutar", "cursuri valutare"}}};
   return kWords.at(UCase(table));
 }
