@@ -38,6 +38,7 @@ const std::vector<MenuTop>& MenuTable() {
         {"Tab_Plan", "&Plan de Conturi", kScreen},
         {"Tab_Jurnale", "&Jurnale", kScreen},
         {"Tab_TVA", "&TVA", kScreen},
+        {"Tab_Valute", "Val&ute", kScreen},
         Separator("mnuLine1"),
         {"mnuLinii", "Inregistrari contabile", kScreen}}},
       {"Materiale",

@@ -4,9 +4,10 @@
 #include "platform/forms/Windows.h"
 #include "reference/ReferenceScreen.h"
 #include "reference/ReferenceTables.h"
+#include "reference/frmTerti.h"
+#include "reference/frmValute.h"
 #include "register/frmImo.h"
 #include "reports/frmRapCHE.h"
-#include "reports/frmRapObInv.h"
 #include "reports/frmRapStatistici.h"
 #include "session/frmParamSoc.h"
 #include "session/frmSocietati.h"
@@ -24,11 +25,12 @@ void HandInScreens(frmMain& frame) {
       OpenReference(table.screen).WhenAdded(added);
     });
   }
+  frame.SetOpener("Terti", [] { windows::Open<frmTerti>(); });
+  frame.SetOpener("Tab_Valute", [] { windows::Open<frmValute>(); });
   frame.SetOpener("Materiale_imo", [] { windows::Open<frmImo>(); });
   frame.SetOpener("Materiale_inv", [] { windows::Open<frmObInv>(); });
   frame.SetOpener("Rapoarte_Cheltuieli", [] { windows::Open<frmRapCHE>(); });
   frame.SetOpener("Rapoarte_Statistici", [] { windows::Open<frmRapStatistici>(); });
-  frame.SetOpener("Rapoarte_inv", [] { windows::Open<frmRapObInv>(); });
 }
 
 }  // namespace tevra

@@ -54,7 +54,7 @@ ListBar MakeListBar(const ListDescription& list, QWidget* screen) {
   auto* row = new QHBoxLayout(made.bar);
   row->setContentsMargins(0, 0, 0, 0);
   if (list.search) AddSearch(made, *list.search, row);
-  if (list.sort) {
+  if (list.sort && list.sort->up) {
     if (list.sort->caption) row->addWidget(new QLabel(list.sort->caption, made.bar));
     made.up = MakeArrow("cmdUp", "\\BMP\\Sus.bmp", list.sort->up, made.bar);
     made.down = MakeArrow("cmdDown", "\\BMP\\Jos.bmp", list.sort->down, made.bar);

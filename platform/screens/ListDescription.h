@@ -54,7 +54,8 @@ struct ListSearch {
   int longest = 50;  ///< characters of the text
 };
 
-/// Sorts by the columns whose headers were dragged above the list, up or down.
+/// Sorts by the columns whose headers were dragged above the list, up or down. Without tips there
+/// are no arrows, and the headers sort up.
 struct ListSort {
   QString groupText;
   const char* caption = nullptr;  ///< a label beside the arrows

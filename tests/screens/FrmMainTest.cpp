@@ -44,6 +44,7 @@ Tabele &Tabele
   Tab_Plan &Plan de Conturi
   Tab_Jurnale &Jurnale
   Tab_TVA &TVA
+  Tab_Valute Val&ute
   -
   mnuLinii Inregistrari contabile
 Materiale I&mobilizari
