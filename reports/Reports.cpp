@@ -113,6 +113,7 @@ std::unique_ptr<BandedReport> InventoryReport(const PeriodRequest& request) {
   const bool lei = InLei(request.currency);
   design.Control("section1", "txtValoare").field = lei ? "VAL_CUMP" : "VAL_CUMP_VAL";
   design.Control("section7", "text7").field = lei ? "TVALCUMP" : "TVALCUMPVAL";
+  if (!lei) design.ownTotals = "TOTAL GENERAL LEI";
   return Run(std::move(design), "Obiecte de inventar", "DataReport_ObInv",
              {request.from, request.to});
 }

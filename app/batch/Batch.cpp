@@ -27,6 +27,8 @@ void RunOnCompany(const CommandLine& line, const Streams& streams, ReportWriter*
        {&line.date, &line.from, &line.to, &line.object.bought, &line.object.inService}) {
     if (!day->empty()) ParseDate(*day);
   }
+  const bool moves = line.command == Command::Transfer;
+  const DateTime month = moves ? ParseMonth(line.month) : DateTime();
   Connection company = Login({line.directory, line.company, line.user, line.passwordFile}, streams);
   switch (line.command) {
     case Command::Load:
@@ -45,6 +47,8 @@ void RunOnCompany(const CommandLine& line, const Streams& streams, ReportWriter*
       return AddObject(company, line.object, streams.out);
     case Command::WriteOff:
       return WriteOffObject(company, line.nrcrt, streams.out);
+    case Command::Transfer:
+      return Transfer(company, month, line.dryRun, streams.out);
     case Command::Assets:
       return ListAssets(line.csv, streams.out);
     default:
@@ -72,7 +76,7 @@ void Run(const CommandLine& line, const Streams& streams, ReportWriter* writeRep
 // The log must not contain what the user typed.
 std::string WithoutTyped(std::string text, const CommandLine& line) {
   std::vector<const std::string*> all = line.object.All();
-  all.insert(all.end(), {&line.user, &line.code, &line.name, &line.date, &line.nrcrt,
+  all.insert(all.end(), {&line.user, &line.code, &line.name, &line.date, &line.nrcrt, &line.month,
                          &line.currency, &line.from, &line.to});
   for (const std::string* typed : all) {
     if (typed->empty()) continue;

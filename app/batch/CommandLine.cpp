@@ -149,6 +149,10 @@ class Parser {
     Add(Command::Calculate, "calculate", "Calculeaza amortizarea tuturor imobilizarilor la o data",
         {{"DATA", &line_.date, "Data calculului: ZZ.LL.AAAA"}})
         ->add_flag("--post", line_.post, "Scrie si notele contabile ale lunii");
+    Add(Command::Transfer, "transfer",
+        "Trece imobilizarile mici in obiecte de inventar, la sfarsitul unei luni",
+        {{"LUNA", &line_.month, "Luna ultimului calcul: LL.AAAA"}})
+        ->add_flag("--dry-run", line_.dryRun, "Arata ce ar trece, fara sa scrie nimic");
     AddCsvFlag(Add(Command::Asset, "asset",
                    "Aduce o imobilizare la o data, ca pentru iesire, si o afiseaza",
                    {{"COD", &line_.code, "Numarul de inventar"},

@@ -23,7 +23,8 @@ enum class Command {
   Objects,
   AddObject,
   WriteOff,
-  Report
+  Report,
+  Transfer
 };
 
 /// The grouping of charges; inventory objects have a person instead of a class. The values are the
@@ -51,6 +52,8 @@ struct CommandLine {
   std::string table;                              ///< to load into
   std::string date;                               ///< of the calculation, as written
   bool post = false;                              ///< also posts the month's charges
+  std::string month;                              ///< of the transfer, as written
+  bool dryRun = false;                            ///< of the transfer: shows it and writes nothing
   std::string nrcrt;                              ///< of the asset or object, as written
   ObjectOptions object;                           ///< to add
   Grouping grouping = Grouping::Account;

@@ -27,4 +27,8 @@ class Refusal : public std::runtime_error {
 /// not name it itself.
 std::string ErrorText(const Failure& failure, const std::string& where = {});
 
+/// ErrorText with what the failure's source names, such as the asset; without a source, or when the
+/// description names the company's file, with that file.
+std::string ReasonText(const Failure& failure);
+
 }  // namespace tevra::batch

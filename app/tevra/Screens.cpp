@@ -8,6 +8,7 @@
 #include "reference/frmValute.h"
 #include "register/frmImo.h"
 #include "reports/frmRapCHE.h"
+#include "reports/frmRapObInv.h"
 #include "reports/frmRapStatistici.h"
 #include "session/frmParamSoc.h"
 #include "session/frmSocietati.h"
@@ -31,6 +32,7 @@ void HandInScreens(frmMain& frame) {
   frame.SetOpener("Materiale_inv", [] { windows::Open<frmObInv>(); });
   frame.SetOpener("Rapoarte_Cheltuieli", [] { windows::Open<frmRapCHE>(); });
   frame.SetOpener("Rapoarte_Statistici", [] { windows::Open<frmRapStatistici>(); });
+  frame.SetOpener("Rapoarte_inv", [] { windows::Open<frmRapObInv>(); });
 }
 
 }  // namespace tevra

@@ -22,6 +22,7 @@ struct ExportColumn {
   bool footed = false;    ///< has its sum below it
   double width = 0;       ///< in characters; 0: the sheet's default
   ValueWords words = {};  ///< shown instead of values
+  Value below = {};       ///< stands below the column instead of its sum; Null for none
 };
 
 struct ExportTable {

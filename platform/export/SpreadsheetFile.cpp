@@ -83,6 +83,7 @@ struct SpreadsheetFile::Impl {
   lxw_format* NewFormat(const std::string& numbers, const ExportColumn& column);
   void WriteCaptions();
   void WriteCell(lxw_col_t at, const Value& value);
+  void WriteBelow(lxw_col_t at, const Value& value);
   void WriteSums();
 
   std::filesystem::path file;
@@ -169,13 +170,23 @@ void SpreadsheetFile::Impl::WriteCell(lxw_col_t at, const Value& value) {
   if (column.shown.footed) column.sum.Add(value);
 }
 
+void SpreadsheetFile::Impl::WriteBelow(lxw_col_t at, const Value& value) {
+  lxw_format* format = columns[at].sumFormat;
+  if (value.IsText()) {
+    worksheet_write_string(sheet, row, at, value.Text().c_str(), format);
+  } else {
+    worksheet_write_number(sheet, row, at, value.AsDouble(), format);
+  }
+}
+
 // Sums are formulas, so that they follow a filter in the sheet, and have their results stored for
 // programs that do not calculate.
 void SpreadsheetFile::Impl::WriteSums() {
   const lxw_row_t last = row - 1;
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (!columns[i].shown.footed || last < 1) continue;
     const auto at = static_cast<lxw_col_t>(i);
+    if (!columns[i].shown.below.IsNull()) WriteBelow(at, columns[i].shown.below);
+    if (!columns[i].shown.footed || last < 1) continue;
     char range[LXW_MAX_CELL_RANGE_LENGTH];
     lxw_rowcol_to_range(range, 1, at, last, at);
     const std::string formula = "=SUBTOTAL(109," + std::string(range) + ")";

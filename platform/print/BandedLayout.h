@@ -59,6 +59,9 @@ struct ReportLayout {
   std::string command;  ///< the grouped command that it prints
   std::string group;    ///< the field by which the groups are formed
   std::vector<ReportSection> sections;
+  /// Where the grand totals are not the sums of the columns above them: the words beside them in a
+  /// spreadsheet, which then has these totals below its rows and no sums.
+  QString ownTotals = {};
 
   /// Found by name without case; screens set captions and hide bands so. Throw Failure 3265.
   ReportSection& Section(const std::string& section);

@@ -1,4 +1,5 @@
 // The rows of a banded report for a spreadsheet: as on paper, each with its group.
+#include <algorithm>
 #include <utility>
 
 #include "platform/print/BandedReport.h"
@@ -45,6 +46,7 @@ class ReportRows : public DocumentRows {
       if (!byRows_ && EqualNoCase(control.field, group_)) continue;
       Add(control, TitleOver(design, control));
     }
+    if (!design.ownTotals.isEmpty()) SetTotals(design, *section);
     for (std::size_t group = 0; group < data_->GroupCount(); ++group) {
       count_ += byRows_ ? data_->RowsOf(group).count : 1;
     }
@@ -80,6 +82,25 @@ class ReportRows : public DocumentRows {
     if (dated) column.type = FieldType::DateTime;
     columns_.push_back(column);
     fields_.push_back(control.field);
+  }
+
+  // The functions of the report's footer, each below the field that stands above it on paper.
+  void SetTotals(const ReportLayout& design, const ReportSection& section) {
+    const ReportSection* footer = design.Shown(BandRole::kReportFooter);
+    for (std::size_t i = 0; footer && i < fields_.size(); ++i) {
+      ExportColumn& column = columns_[i + 1];
+      column.footed = false;
+      for (const ReportControl& total : footer->controls) {
+        const bool above =
+            std::any_of(section.controls.begin(), section.controls.end(), [&](const auto& field) {
+              return field.field == fields_[i] && field.left == total.left;
+            });
+        if (total.kind == ControlKind::kFunction && above) {
+          column.below = data_->GrandTotal(total.field);
+        }
+      }
+    }
+    columns_.front().below = design.ownTotals.toStdString();
   }
 
   std::shared_ptr<const ReportData> data_;

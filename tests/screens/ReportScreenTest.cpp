@@ -33,6 +33,12 @@ class frmAchizitii : public PeriodReportScreen {
   PeriodRequest asked;
 };
 
+// Stands before the screen, which reads the day when it is made.
+struct FixedDay {
+  FixedDay() { clock::Set(DateTime(2026, 11, 23)); }
+  ~FixedDay() { clock::Reset(); }
+};
+
 class ReportScreens : public ::testing::Test {
  protected:
   // Before the screen is made, which reads the day.
@@ -71,6 +77,7 @@ class ReportScreens : public ::testing::Test {
 
   TestCompany company_;
   MessageRecorder messages_;
+  FixedDay day_;
   frmAchizitii screen_;
 };
 

@@ -13,13 +13,6 @@ namespace tevra::batch {
 
 namespace {
 
-// Unless the file is the reason, the run says which asset failed.
-std::string Reason(const Failure& failure) {
-  const std::string& file = CurrentSession().selectedDatabase;
-  const bool namesFile = failure.Description().find(file) != std::string::npos;
-  return ErrorText(failure, namesFile || failure.Source().empty() ? file : failure.Source());
-}
-
 // When the postings fail the month stays calculated; the output says both.
 void Post(const DateTime& date, const MonthUse& agreed, std::ostream& out) {
   try {
@@ -30,7 +23,7 @@ void Post(const DateTime& date, const MonthUse& agreed, std::ostream& out) {
         << " lei\n";
   } catch (const Failure& failure) {
     throw Refusal(
-        "Luna a fost calculata, dar notele contabile nu au fost scrise !\n" + Reason(failure),
+        "Luna a fost calculata, dar notele contabile nu au fost scrise !\n" + ReasonText(failure),
         failure);
   }
 }
@@ -45,6 +38,14 @@ DateTime ParseDate(const std::string& text) {
   return *date;
 }
 
+DateTime ParseMonth(const std::string& text) {
+  const std::optional<DateTime> first = WholeDate("01." + text);
+  if (!first || *first != first->Midnight()) {
+    throw Refusal("Luna \"" + text + "\" nu este corecta (LL.AAAA) !");
+  }
+  return *first;
+}
+
 // Asks before the run: a refusal leaves the company as it was.
 void Calculate(const DateTime& date, bool post, std::ostream& out) {
   MonthUse agreed;
@@ -54,7 +55,7 @@ void Calculate(const DateTime& date, bool post, std::ostream& out) {
     if (!MayReplace(agreed)) throw Refusal("Nu s-a efectuat nimic !");
     out << MonthDoneText(RunMonth(connection, date)) << '\n';
   } catch (const Failure& failure) {
-    throw Refusal(std::string(kMonthFailedText) + '\n' + Reason(failure), failure);
+    throw Refusal(std::string(kMonthFailedText) + '\n' + ReasonText(failure), failure);
   }
   if (post) Post(date, agreed, out);
 }

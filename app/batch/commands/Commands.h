@@ -34,10 +34,19 @@ void LoadFile(const std::string& file, const std::string& table, const Streams& 
 /// Reads 31.12.2006 or 2006-12-31; throws Refusal for anything else.
 DateTime ParseDate(const std::string& text);
 
+/// Reads 12.2006 as the first day of that month; throws Refusal for anything else.
+DateTime ParseMonth(const std::string& text);
+
 /// The monthly run over all assets and, with `post`, its postings after a successful run. Asks
 /// first when posting would delete other notes than the month's. Throws Refusal with the reason
 /// when one of them failed.
 void Calculate(const DateTime& date, bool post, std::ostream& out);
+
+/// Asks, moves the small assets to the inventory objects at the end of a month and prints the
+/// copies and the notes. `dryRun`: prints them without asking and writes nothing. Throws Refusal
+/// with the reason when there is nothing to move, the last calculation was of another month, or it
+/// failed.
+void Transfer(Connection& company, const DateTime& month, bool dryRun, std::ostream& out);
 
 /// Calculates one asset for a date, like a disposal, and prints the result. Throws Refusal when no
 /// asset has the COD or it cannot be calculated.
