@@ -94,6 +94,8 @@ TEST_P(ReplacedFileTest, UncommittedChangesOfTheFileOfBeforeDoNoHarm) {
 TEST_P(ReplacedFileTest, CommitIsRefusedWhenTheFileWasReplaced) {
   std::string before;
   {
+    Connection other = Open();  // the last to close saves what the old file held
+    StateOf(other);
     Connection company = Open();
     Change(company, 1000);  // waits in the side file
     before = StateOf(company);
@@ -104,9 +106,10 @@ TEST_P(ReplacedFileTest, CommitIsRefusedWhenTheFileWasReplaced) {
     company.RollbackTrans();
     ExpectRefused(kDatabaseNotOpened, file_.string(), [&] { Change(company, 5); });
     ExpectRefused(kDatabaseNotOpened, file_.string(), [&] { company.BeginTrans(); });
+    EXPECT_FALSE(fs::exists(file_.string() + "-shm")) << "others would share the old index";
   }
+  EXPECT_EQ(1u, SetAside().size()) << "before anybody opens the new file";
   ExpectReplacementWhole();
-  EXPECT_EQ(1u, SetAside().size());
   // What the old file held goes with its name only.
   const auto saved = Found("Kelnar01.mdb.2");
   ASSERT_EQ(GetParam().way == Way::Renamed ? 1u : 0u, saved.size());

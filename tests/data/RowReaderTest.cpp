@@ -31,13 +31,15 @@ class RowReaderTest : public AssetsTest {
 };
 
 TEST_F(RowReaderTest, GivesTheRowsOneAfterAnother) {
-  RowReader rows(connection_,
-                 "SELECT NRCRT, COD_LOC, VAL, DATA_PF FROM T_IMO WHERE VAL > ? ORDER BY NRCRT",
-                 {99.0});
+  RowReader rows(
+      connection_,
+      "SELECT NRCRT, COD_LOC, VAL, DATA_PF, IESIRE FROM T_IMO WHERE VAL > ? ORDER BY NRCRT",
+      {99.0});
   EXPECT_EQ(rows.Column("data_pf"), 3);
   ExpectRefused(kItemNotFound, "NIMIC", [&] { rows.Column("NIMIC"); });
   ASSERT_TRUE(rows.Next());
   EXPECT_EQ(rows.Get(3), Value(DateTime(2005, 7, 1)));
+  EXPECT_EQ(rows.Get(4), Value::YesNo(false)) << "by the field's type";
   EXPECT_EQ(rows.Number(2), 1500.5);
   EXPECT_EQ(rows.Text(1), "A");
   connection_.Execute("UPDATE T_LOC SET TITLU = 'x'");  // its own connection writes meanwhile

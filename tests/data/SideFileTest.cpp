@@ -156,10 +156,51 @@ TEST_F(SideFileTest, CommitsOfOthersAreNoReplacement) {
     });
     Change(second, 1);
   }
+  second.Execute("PRAGMA wal_checkpoint(TRUNCATE)");
+  Change(first, 1);
   EXPECT_EQ(StateOf(first), StateOf(second));
   first.Close();
   second.Close();
   EXPECT_EQ(std::vector<std::string>{"Kelnar01.mdb"}, NamesIn(folder_));
+}
+
+TEST_F(SideFileTest, ASideFileRemovedByHandIsNoLossUntilOthersHaveTheirOwn) {
+  const std::string side = file_.string() + "-wal";
+  {
+    Connection alone = Open();
+    Change(alone, 1);
+    fs::remove(side);
+    Change(alone, 1);
+  }
+  EXPECT_EQ("2", Raw(file_, "SELECT VAL - ID FROM T_LIN WHERE ID = 3"));
+  Connection company = Open();
+  Change(company, 1);
+  fs::copy_file(side, folder_ / "alta");
+  fs::rename(folder_ / "alta", side);
+  ExpectRefused(kDatabaseNotOpened, file_.string(), [&] { Change(company, 1); });
+}
+
+TEST_F(SideFileTest, AFileReplacedByItsOwnCopyKeepsItsChanges) {
+  std::string state;
+  {
+    Connection company = Open();
+    Change(company, 1);
+    state = StateOf(company);
+    fs::copy_file(file_, folder_ / "copie.mdb");
+    fs::rename(folder_ / "copie.mdb", file_);
+    ExpectRefused(kDatabaseNotOpened, file_.string(), [&] { Change(company, 1); });
+  }
+  ExpectState(state, file_);
+}
+
+TEST_F(SideFileTest, ATransactionThatChangesNothingWritesNothing) {
+  Connection company = Open();
+  Change(company, 1);
+  const auto size = fs::file_size(file_.string() + "-wal");
+  company.BeginTrans();
+  StateOf(company);
+  company.CommitTrans();
+  EXPECT_EQ(size, fs::file_size(file_.string() + "-wal"));
 }
 
 }  // namespace

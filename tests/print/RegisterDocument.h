@@ -28,7 +28,7 @@ class RegisterDocument : public PagedDocument {
   std::map<int, int> painted;
   int PaintedPages() const { return static_cast<int>(painted.size()); }
 
-  /// The page that cannot be painted, the row that cannot be read; none below 0.
+  /// The page that cannot be painted; none below 0.
   int brokenPage = -1;
   /// The pages that its slow source of data has given so far.
   int ready = 1000000;
