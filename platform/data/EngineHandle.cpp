@@ -104,6 +104,14 @@ std::string QueryOn(sqlite3* db, const char* sql, const fs::path& file) {
   return answer;
 }
 
+bool IsWhole(const EngineHandle& db, const fs::path& file) {
+  try {
+    return QueryOn(db.get(), "PRAGMA integrity_check(1)", file) == "ok";
+  } catch (const Failure&) {
+    return false;
+  }
+}
+
 bool HasBeenReplaced(sqlite3* db) {
   int moved = 0;
   sqlite3_file_control(db, "main", SQLITE_FCNTL_HAS_MOVED, &moved);

@@ -39,6 +39,9 @@ using EngineHandle = std::unique_ptr<sqlite3, CloseHandle>;
 void RunOn(sqlite3* db, const char* sql, const std::filesystem::path& file);
 std::string QueryOn(sqlite3* db, const char* sql, const std::filesystem::path& file);
 
+/// True when the whole content of the open file is in order.
+[[nodiscard]] bool IsWhole(const EngineHandle& db, const std::filesystem::path& file);
+
 /// True when the open file has been replaced by another file of its name.
 [[nodiscard]] bool HasBeenReplaced(sqlite3* db);
 

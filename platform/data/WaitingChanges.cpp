@@ -8,6 +8,7 @@
 #include "platform/data/Database.h"
 #include "platform/data/EngineHandle.h"
 #include "platform/data/OpenFiles.h"
+#include "platform/data/RollbackJournal.h"
 #include "platform/data/SideFile.h"
 
 namespace fs = std::filesystem;
@@ -53,14 +54,6 @@ class FileLock {
   bool isAlone_ = false;
 };
 
-bool IsWhole(const EngineHandle& db, const std::string& path) {
-  try {
-    return QueryOn(db.get(), "PRAGMA integrity_check(1)", path) == "ok";
-  } catch (const Failure&) {
-    return false;
-  }
-}
-
 // Neither of the two files is changed: the changes stay where they are when the handle closes.
 bool IsWholeWithChanges(const EngineHandle& db, const std::string& path) {
   sqlite3_db_config(db.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
@@ -97,13 +90,17 @@ void SettleWaitingChanges(sqlite3* opened, int busyMilliseconds) {
   const std::string path = sqlite3_db_filename(opened, "main");
   const std::string sideFile = SideFileOf(opened);
   const auto identity = IdentityOf(path);
-  if (!identity || !IdentityOf(sideFile)) return;
+  if (!identity || (!IdentityOf(sideFile) && !HasPages(JournalOf(opened)))) return;
   if (OpenHere(*identity) == 0) {
     const EngineHandle db = OpenUnsettled(path);
     const FileLock lock(db.get(), path, milliseconds(busyMilliseconds));
-    if (lock.IsAlone()) return SettleAlone(db, path, sideFile);
+    if (lock.IsAlone()) {
+      SettleJournal(db.get(), path);
+      if (IdentityOf(sideFile)) SettleAlone(db, path, sideFile);
+      return;
+    }
   }
-  if (BelongsToAnother(opened, path, sideFile)) throw ReplacedFile(path);
+  if (IdentityOf(sideFile) && BelongsToAnother(opened, path, sideFile)) throw ReplacedFile(path);
 }
 
 }  // namespace tevra::detail

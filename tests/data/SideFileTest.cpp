@@ -203,5 +203,64 @@ TEST_F(SideFileTest, ATransactionThatChangesNothingWritesNothing) {
   EXPECT_EQ(size, fs::file_size(file_.string() + "-wal"));
 }
 
+// Another program changes the file without a side file and is killed within its transaction.
+void LeaveJournal(const fs::path& file) {
+  const pid_t child = fork();
+  ASSERT_NE(-1, child);
+  if (child == 0) {
+    sqlite3* db = nullptr;
+    sqlite3_open(file.c_str(), &db);
+    sqlite3_exec(db,
+                 "PRAGMA journal_mode=DELETE; PRAGMA cache_size=2; BEGIN; "
+                 "UPDATE T_LIN SET VAL = VAL + 7, NOTA = NOTA || ' schimbata'",
+                 nullptr, nullptr, nullptr);
+    kill(getpid(), SIGKILL);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  ASSERT_TRUE(WIFSIGNALED(status));
+  ASSERT_TRUE(fs::exists(file.string() + "-journal"));
+}
+
+TEST_F(SideFileTest, AJournalOfTheFileIsWrittenBack) {
+  const std::string before = StateOf(file_);
+  LeaveJournal(file_);
+  ExpectState(before, file_);
+  EXPECT_TRUE(Found("Kelnar01.mdb-journal").empty());
+}
+
+TEST_F(SideFileTest, AJournalOfAnotherFileIsSetAside) {
+  const fs::path other = NewFile("alta.mdb");
+  MakeCompany(other, "alta", kRows);
+  const fs::path older = folder_ / "veche.mdb";
+  fs::copy_file(file_, older);
+  for (int i = 0; i < 3; ++i) Work(file_);
+  const std::string journal = file_.string() + "-journal";
+  for (const fs::path& source : {other, older}) {
+    SCOPED_TRACE(source);
+    const std::string before = StateOf(file_);
+    LeaveJournal(source);
+    fs::rename(source.string() + "-journal", journal);
+    ExpectState(before, file_);
+    EXPECT_FALSE(fs::exists(journal));
+  }
+  EXPECT_EQ(2U, Found("Kelnar01.mdb-journal.").size());
+}
+
+TEST_F(SideFileTest, AFileDamagedWithAndWithoutAJournalIsRefused) {
+  const fs::path other = NewFile("alta.mdb");
+  MakeCompany(other, "alta", kRows);
+  LeaveJournal(other);
+  fs::rename(other.string() + "-journal", file_.string() + "-journal");
+  std::fstream file(file_, std::ios::in | std::ios::out | std::ios::binary);
+  file.seekp(4096);
+  file.write(std::string(4096, 'x').c_str(), 4096);
+  file.close();
+  const std::string damaged = Content(file_);
+  ExpectRefused(kDatabaseNotOpened, "", [&] { Open(); });
+  EXPECT_TRUE(damaged == Content(file_));
+  EXPECT_TRUE(fs::exists(file_.string() + "-journal"));
+}
+
 }  // namespace
 }  // namespace tevra
