@@ -34,8 +34,6 @@ struct Command::Impl {
 Command::Command(const Connection& connection, const std::string& sql)
     : impl_(std::make_unique<Impl>(connection, sql)) {}
 Command::~Command() = default;
-Command::Command(Command&&) noexcept = default;
-Command& Command::operator=(Command&&) noexcept = default;
 
 void Command::Execute(const Values& params) {
   const detail::ResetAtEnd atEnd{impl_->statement};

@@ -15,8 +15,6 @@ class Command {
   /// A statement of the program's dialect. Throws Failure -2147217900.
   Command(const Connection& connection, const std::string& sql);
   ~Command();
-  Command(Command&&) noexcept;
-  Command& operator=(Command&&) noexcept;
 
   /// Runs a statement that returns no rows. Throws Failure like Connection::Execute.
   void Execute(const Values& params = {});

@@ -108,7 +108,6 @@ RowSpool::RowSpool(std::vector<FieldInfo> fields)
     : impl_(std::make_unique<Impl>(std::move(fields))) {}
 RowSpool::~RowSpool() = default;
 RowSpool::RowSpool(RowSpool&&) noexcept = default;
-RowSpool& RowSpool::operator=(RowSpool&&) noexcept = default;
 
 RowSpool::RowSpool(const Connection& connection, const std::string& sql, const Values& params,
                    const std::function<void(const ValueOf&)>& taken) {

@@ -23,7 +23,6 @@ class RowSpool {
   explicit RowSpool(std::vector<FieldInfo> fields);
   ~RowSpool();
   RowSpool(RowSpool&&) noexcept;
-  RowSpool& operator=(RowSpool&&) noexcept;
 
   /// A value of the row just read, by its field.
   using ValueOf = std::function<Value(std::size_t field)>;

@@ -8,10 +8,6 @@ QString ShownText(const Value& value, const GridColumn& column) {
   return ShownText(value, column.format, column.list);
 }
 
-bool IsWord(const Value& value, const GridColumn& column) {
-  return IsWord(value, column.list);
-}
-
 QString CellEditText(const Value& value, const GridColumn& column) {
   if (!column.list.empty() || value.IsNull()) return ShownText(value, column);
   return ShownText(value, std::string());

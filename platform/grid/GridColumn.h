@@ -29,9 +29,6 @@ struct GridColumn {
 /// format cannot show is shown unformatted.
 QString ShownText(const Value& value, const GridColumn& column);
 
-/// True when a value reads as a word that stands for it: of the list, "Da" or "Nu".
-bool IsWord(const Value& value, const GridColumn& column);
-
 /// A value as it is typed into the column: a number with all its digits.
 QString CellEditText(const Value& value, const GridColumn& column);
 

@@ -168,7 +168,6 @@ double BandedReport::HeightOf(const ReportSection* section, const Place& at) con
     if (control.lines < 2 || !control.visible || IsNumber(control)) continue;
     const CellText& letters = Letters(control);
     const QString text = TextOf(control, at, 0);
-    if (letters.FitsOneLine(text, WidthOf(control))) continue;
     const FittedText fitted = letters.Fit(text, WidthOf(control), control.lines, IsNumber(control));
     more = std::max(more, static_cast<double>(fitted.lines.size() - 1) * letters.LineHeight());
   }

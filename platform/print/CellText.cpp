@@ -11,6 +11,7 @@ namespace tevra {
 namespace {
 
 constexpr int kLongestText = 2000;  // more than fits into two lines of any cell
+constexpr int kWrappedHeld = 512;   // more than a page has
 constexpr double kSlack = 0.5;      // twips, against rounding errors
 
 // A row of a list has one or two lines, so line breaks in the text become blanks.
@@ -61,18 +62,28 @@ double CellText::Width(const QString& text) const {
   return sum;
 }
 
-// Adds the widths of the letters without shaping the text; this is enough for most cells.
-bool CellText::SurelyFits(const QString& text, double width) const {
-  constexpr double kJoined = 1.02;  // shaping may move letters a little apart
-  if (text.isEmpty()) return true;
-  if (text.front() == ' ' || text.back() == ' ') return false;
+std::optional<double> CellText::SumOfLetters(const QString& text) const {
   double sum = 0;
   for (const QChar character : text) {
     const char16_t code = character.unicode();
-    if (code < ' ' || code >= letters_.size()) return false;
+    if (code < ' ' || code >= letters_.size()) return std::nullopt;
     sum += letters_[code];
   }
-  return sum * kJoined <= width;
+  return sum;
+}
+
+bool CellText::SurelyFits(const QString& text, double width) const {
+  constexpr double kApart = 1.02;  // shaping may move letters a little apart
+  if (text.isEmpty()) return true;
+  if (text.front() == ' ' || text.back() == ' ') return false;
+  const auto sum = SumOfLetters(text);
+  return sum && *sum * kApart <= width;
+}
+
+bool CellText::SurelyTooWide(const QString& text, double width) const {
+  constexpr double kJoined = 0.8;  // ligatures may be narrower than their letters
+  const auto sum = SumOfLetters(text);
+  return sum && *sum * kJoined > width + kSlack;
 }
 
 bool CellText::FitsOneLine(const QString& text, double width) const {
@@ -83,9 +94,21 @@ bool CellText::FitsOneLine(const QString& text, double width) const {
 FittedText CellText::Fit(const QString& text, double width, int mostLines, bool isNumber) const {
   if (SurelyFits(text, width)) return {{text}, 1};
   const QString plain = Plain(text);
-  const double wanted = Width(plain);
-  if (wanted <= width + kSlack) return {{plain}, 1};
-  if (isNumber) return {{plain}, std::max(width, 1.0) / wanted};
+  if (isNumber || !SurelyTooWide(plain, width)) {
+    const double wanted = Width(plain);
+    if (wanted <= width + kSlack) return {{plain}, 1};
+    if (isNumber) return {{plain}, std::max(width, 1.0) / wanted};
+  }
+  const auto known = wrapped_.constFind(plain);
+  if (known != wrapped_.cend() && known->width == width && known->mostLines == mostLines) {
+    return known->fitted;
+  }
+  if (wrapped_.size() >= kWrappedHeld) wrapped_.clear();
+  const Wrapped wrapped{width, mostLines, Wrap(plain, width, mostLines)};
+  return wrapped_.insert(plain, wrapped)->fitted;
+}
+
+FittedText CellText::Wrap(const QString& plain, double width, int mostLines) const {
   QTextLayout layout(plain, font_);
   QTextOption option;
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);

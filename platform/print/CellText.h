@@ -3,8 +3,10 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QHash>
 #include <QStringList>
 #include <array>
+#include <optional>
 
 class QPainter;
 
@@ -41,7 +43,20 @@ class CellText {
              Qt::Alignment alignment) const;
 
  private:
+  /// The widths of the letters added up, which needs no shaping and decides about most cells;
+  /// nothing for a text with other letters than ASCII.
+  std::optional<double> SumOfLetters(const QString& text) const;
+  bool SurelyTooWide(const QString& text, double width) const;
   bool SurelyFits(const QString& text, double width) const;
+  FittedText Wrap(const QString& plain, double width, int mostLines) const;
+
+  // A page fits a text for its height and again when it is painted.
+  struct Wrapped {
+    double width = 0;
+    int mostLines = 0;
+    FittedText fitted;
+  };
+  mutable QHash<QString, Wrapped> wrapped_;
 
   QFont font_;
   QFontMetricsF metrics_;
