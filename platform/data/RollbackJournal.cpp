@@ -21,7 +21,7 @@ namespace tevra::detail {
 namespace {
 
 constexpr std::array<unsigned char, 8> kMagic{0xd9, 0xd5, 0x05, 0xf9, 0x20, 0xa1, 0x63, 0xd7};
-constexpr std::size_t kPageCountAt = 8;     // in the journal's header: 0 until it is flushed
+constexpr std::size_t kPageCountAt = 8;       // in the journal's header: 0 until it is flushed
 constexpr std::size_t kChangeCounterAt = 24;  // in the file's header
 
 // A folder that goes with all its files.
