@@ -41,9 +41,6 @@ struct FixedDay {
 
 class ReportScreens : public ::testing::Test {
  protected:
-  // Before the screen is made, which reads the day.
-  static void SetUpTestSuite() { clock::Set(DateTime(2026, 11, 20)); }
-  static void TearDownTestSuite() { clock::Reset(); }
   ReportScreens() {
     company_.AddAsset({{"COD", "1"},
                        {"DENUMIRE", "Strung"},
@@ -86,7 +83,7 @@ class ReportScreens : public ::testing::Test {
 };
 
 TEST_F(ReportScreens, ShowsThePreviewOfThePeriodInItsPlace) {
-  EXPECT_EQ(screen_.DTPickerdela->Date(), DateTime(2026, 11, 20));
+  EXPECT_EQ(screen_.DTPickerdela->Date(), DateTime(2026, 11, 23));
   EXPECT_TRUE(screen_.optCont->isChecked());
   EXPECT_FALSE(screen_.cboCodDeviza->isEnabled());
   screen_.DTPickerdela->SetDate(DateTime(2026, 1, 1));
