@@ -72,10 +72,6 @@ class ReportScreens : public ::testing::Test {
     QCoreApplication::processEvents();
   }
 
-  struct Day {  // set before the screen reads it
-    Day() { clock::Set(DateTime(2026, 11, 23)); }
-    ~Day() { clock::Reset(); }
-  } day_;
   TestCompany company_;
   MessageRecorder messages_;
   FixedDay day_;
