@@ -34,6 +34,14 @@ class BestTimes : public benchmark::ConsoleReporter {
   std::map<std::string, double> times_;
 };
 
+/// Registers a benchmark of `function` over `subject`, in milliseconds, three runs a repetition.
+template <typename Function, typename Subject>
+void Add(const char* name, Function function, Subject* subject) {
+  benchmark::RegisterBenchmark(name, function, subject)
+      ->Unit(benchmark::kMillisecond)
+      ->Iterations(3);
+}
+
 /// Runs what is registered, eleven times in turns unless the command line says otherwise.
 inline void RunInTurns(int argc, char** argv, BestTimes& times) {
   std::vector<char*> arguments(argv, argv + argc);

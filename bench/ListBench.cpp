@@ -92,16 +92,11 @@ int main(int argc, char** argv) {
   const GeneratedCompany company(kAssets);
   Connection connection(company.ConnectionString());
   sqlite3* bare = OpenBare(company.File());
-  const auto add = [](const char* name, auto function, auto* over) {
-    benchmark::RegisterBenchmark(name, function, over)
-        ->Unit(benchmark::kMillisecond)
-        ->Iterations(3);
-  };
-  add("list", List, &connection);
-  add("bare", Bare, bare);
-  add("screen", Screen, &company);
-  add("scroll", Scroll, &connection);
-  add("sort", Sort, &connection);
+  Add("list", List, &connection);
+  Add("bare", Bare, bare);
+  Add("screen", Screen, &company);
+  Add("scroll", Scroll, &connection);
+  Add("sort", Sort, &connection);
   BestTimes times;
   RunInTurns(argc, argv, times);
   sqlite3_close(bare);

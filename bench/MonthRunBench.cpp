@@ -6,7 +6,6 @@
 // on both sides, 32,752 assets to 2,047, and what memory grew from the small register to the large
 // one.
 #include <cstdio>
-#include <fstream>
 #include <string>
 
 #include <benchmark/benchmark.h>
@@ -14,6 +13,7 @@
 #include "bench/BestTimes.h"
 #include "bench/GeneratedCompany.h"
 #include "bench/MonthFloor.h"
+#include "bench/PeakMemory.h"
 #include "engine/Module3.h"
 
 namespace {
@@ -45,19 +45,10 @@ void Floor(benchmark::State& state, Side* side) {
   }
 }
 
-// The most memory that a run has in use at once, counted anew from its start.
 long PeakOfRun(const GeneratedCompany& company) {
   static int month = 0;
   Connection connection(company.ConnectionString());
-  std::ofstream("/proc/self/clear_refs") << "5";
-  RunMonth(connection, DateTime(2014, 1, 31).AddMonths(month++));
-  std::ifstream status("/proc/self/status");
-  for (std::string word; status >> word;) {
-    if (word == "VmHWM:") break;
-  }
-  long kilobytes = 0;
-  status >> kilobytes;
-  return kilobytes;
+  return PeakOf([&] { RunMonth(connection, DateTime(2014, 1, 31).AddMonths(month++)); });
 }
 
 }  // namespace

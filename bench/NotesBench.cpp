@@ -6,7 +6,6 @@
 // Prints, behind the times, posting to floor and what memory it takes more than a register of a
 // sixteenth.
 #include <cstdio>
-#include <fstream>
 #include <string>
 
 #include <benchmark/benchmark.h>
@@ -14,6 +13,7 @@
 #include "accounting/ChargePostings.h"
 #include "bench/BestTimes.h"
 #include "bench/GeneratedCompany.h"
+#include "bench/PeakMemory.h"
 #include "bench/PostingFloor.h"
 #include "engine/Module3.h"
 #include "session/Session.h"
@@ -46,18 +46,9 @@ void Floor(benchmark::State& state, const GeneratedCompany* company) {
   while (state.KeepRunning()) benchmark::DoNotOptimize(RunPostingFloor(company->File(), kMonth));
 }
 
-// The most memory that a posting has in use at once, counted anew from its start.
 long PeakOfPosting(const GeneratedCompany& company) {
   Connection connection(company.ConnectionString());
-  std::ofstream("/proc/self/clear_refs") << "5";
-  PostCharges(connection, kMonth);
-  std::ifstream status("/proc/self/status");
-  for (std::string word; status >> word;) {
-    if (word == "VmHWM:") break;
-  }
-  long kilobytes = 0;
-  status >> kilobytes;
-  return kilobytes;
+  return PeakOf([&] { PostCharges(connection, kMonth); });
 }
 
 }  // namespace

@@ -64,14 +64,9 @@ int main(int argc, char** argv) {
   const GeneratedCompany company(kAssets);
   Connection connection(company.ConnectionString());
   sqlite3* bare = OpenBare(company.File());
-  const auto add = [](const char* name, auto function, auto* over) {
-    benchmark::RegisterBenchmark(name, function, over)
-        ->Unit(benchmark::kMillisecond)
-        ->Iterations(3);
-  };
-  add("open", Open, &connection);
-  add("read", Read, &connection);
-  add("bare", Bare, bare);
+  Add("open", Open, &connection);
+  Add("read", Read, &connection);
+  Add("bare", Bare, bare);
   BestTimes times;
   RunInTurns(argc, argv, times);
   sqlite3_close(bare);

@@ -1,7 +1,6 @@
 // The boxes of the card of an inventory object and their layout.
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "inventory/frmObInvFisa.h"
@@ -148,14 +147,9 @@ void frmObInvFisa::Build() {
   below->addWidget(BuildNote(), 1);
   whole->addLayout(below);
   whole->addStretch();
-  // Shows the whole card if there is room; otherwise it scrolls and the buttons stay visible.
-  auto* area = new QScrollArea(this);
-  area->setWidgetResizable(true);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setFocusPolicy(Qt::NoFocus);
-  area->setWidget(page);
+  // Where the card does not fit, it scrolls and the buttons stay visible.
   auto* all = new QVBoxLayout(this);
-  all->addWidget(area, 1);
+  all->addWidget(Scrolled(page), 1);
   all->addWidget(BuildButtons());
   SetTabOrder();
   setMinimumSize(560, 240);

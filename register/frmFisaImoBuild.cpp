@@ -4,7 +4,6 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "platform/forms/Buttons.h"
@@ -249,14 +248,9 @@ void frmFisaImo::Build() {
   whole->addLayout(grid_);
   whole->addLayout(remarks);
   whole->addStretch();
-  // Shows the whole card if there is room; otherwise it scrolls and the buttons stay visible.
-  auto* area = new QScrollArea(this);
-  area->setWidgetResizable(true);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setFocusPolicy(Qt::NoFocus);
-  area->setWidget(page);
+  // Where the card does not fit, it scrolls and the buttons stay visible.
   auto* all = new QVBoxLayout(this);
-  all->addWidget(area, 1);
+  all->addWidget(Scrolled(page), 1);
   all->addWidget(BuildButtons());
   SetCancelButton(cmdIesire);
   SetTabOrder();

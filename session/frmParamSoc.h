@@ -17,6 +17,8 @@
 
 namespace tevra {
 
+struct InfoField;
+
 /// Each tab is saved alone. Changes that were not saved are dropped when the screen closes, once
 /// the user agreed.
 class frmParamSoc : public Form {
@@ -44,7 +46,6 @@ class frmParamSoc : public Form {
   QLabel* lblStare;  ///< the result of the last save
 
  private:
-  struct InfoField;
   void Build();
   QWidget* BuildInfo();
   QGroupBox* BuildInfoFrame(const char* name, const char* caption,

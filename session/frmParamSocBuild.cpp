@@ -2,17 +2,17 @@
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "platform/forms/Pictures.h"
+#include "platform/screens/BoxPairs.h"
 #include "session/frmParamSoc.h"
 
 namespace tevra {
 
 /// A field of kv_info as its frame shows it.
-struct frmParamSoc::InfoField {
-  const char* field;
+struct InfoField {
+  std::string field;
   const char* caption;
   const char* tip;
   int row;
@@ -23,20 +23,33 @@ struct frmParamSoc::InfoField {
 
 namespace {
 
-QLabel* LabelOf(QWidget* box, const char* caption, QWidget* parent) {
-  auto* label = new QLabel(caption, parent);
-  label->setBuddy(box);
-  return label;
-}
-
-// A tab whose frames may need more room than the window has.
-QWidget* Scrolled(QWidget* content) {
-  auto* area = new QScrollArea;
-  area->setWidgetResizable(true);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setFocusPolicy(Qt::NoFocus);
-  area->setWidget(content);
-  return area;
+// The boxes of one of the two addresses, row by row; `which` ends the names of their fields.
+std::vector<InfoField> AddressFields(char which) {
+  struct Box {
+    const char* field;
+    const char* caption;
+    const char* tip;
+  };
+  static constexpr Box kBoxes[] = {{"STRADA", "Strada", "Maxim 30 caractere alfanumerice"},
+                                   {"NR", "Nr.", "Maxim 4 caractere alfanumerice"},
+                                   {"BLOC", "Bloc", "Maxim 4 caractere alfanumerice"},
+                                   {"AP", "Ap.", "Maxim 4 caractere alfanumerice"},
+                                   {"CODPOSTAL", "Cod postal", "Maxim 10 caractere alfanumerice"},
+                                   {"ORAS", "Oras", "Maxim 35 caractere alfanumerice"},
+                                   {"JUDET", "Judet", "Maxim 2 caractere alfanumerice"},
+                                   {"SECTOR", "Sector", "Maxim 3 caractere alfanumerice"},
+                                   {"TELEFON", "Telefon", "Maxim 15 caractere alfanumerice"},
+                                   {"FAX", "Fax", "Maxim 15 caractere alfanumerice"},
+                                   {"EMAIL", "E-mail", "Maxim 30 caractere alfanumerice"}};
+  std::vector<InfoField> fields;
+  for (const Box& box : kBoxes) {
+    const std::string name = std::string(box.field) + which;
+    if (name == "SECTOR2") continue;  // not in kv_info
+    const int place = static_cast<int>(fields.size());
+    fields.push_back({name, box.caption, box.tip, place / 3, place % 3});
+  }
+  fields.back().span = 2;
+  return fields;
 }
 
 }  // namespace
@@ -78,7 +91,7 @@ QGroupBox* frmParamSoc::BuildInfoFrame(const char* name, const char* caption,
   frame->setObjectName(name);
   auto* grid = new QGridLayout(frame);
   for (const InfoField& info : fields) {
-    const std::string control = std::string("txt") + info.field;
+    const std::string control = "txt" + info.field;
     QLineEdit* box = nullptr;
     if (info.number) {
       auto* number = new NumberBox(control.c_str(), {}, frame);
@@ -91,7 +104,7 @@ QGroupBox* frmParamSoc::BuildInfoFrame(const char* name, const char* caption,
     }
     box->setToolTip(info.tip);
     box->setMinimumWidth(64);
-    grid->addWidget(LabelOf(box, info.caption, frame), info.row, 2 * info.column);
+    grid->addWidget(LabelOf(box, info.caption), info.row, 2 * info.column);
     grid->addWidget(box, info.row, 2 * info.column + 1, 1, 2 * info.span - 1);
     txtInfo[info.field] = box;
   }
@@ -116,31 +129,8 @@ QWidget* frmParamSoc::BuildInfo() {
        {"TITULAR", "Titular", "Maxim 255 caractere alfanumerice", 3, 1, 2},
        {"BANCA", "Banca", "Maxim 35 caractere alfanumerice", 4, 0},
        {"CONTBANCAR", "Cont bancar", "Maxim 30 caractere alfanumerice", 4, 1, 2}}));
-  all->addWidget(
-      BuildInfoFrame("frmAdresaSediu", "Adresa Sediu Social",
-                     {{"STRADA1", "Strada", "Maxim 30 caractere alfanumerice", 0, 0},
-                      {"NR1", "Nr.", "Maxim 4 caractere alfanumerice", 0, 1},
-                      {"BLOC1", "Bloc", "Maxim 4 caractere alfanumerice", 0, 2},
-                      {"AP1", "Ap.", "Maxim 4 caractere alfanumerice", 1, 0},
-                      {"CODPOSTAL1", "Cod postal", "Maxim 10 caractere alfanumerice", 1, 1},
-                      {"ORAS1", "Oras", "Maxim 35 caractere alfanumerice", 1, 2},
-                      {"JUDET1", "Judet", "Maxim 2 caractere alfanumerice", 2, 0},
-                      {"SECTOR1", "Sector", "Maxim 3 caractere alfanumerice", 2, 1},
-                      {"TELEFON1", "Telefon", "Maxim 15 caractere alfanumerice", 2, 2},
-                      {"FAX1", "Fax", "Maxim 15 caractere alfanumerice", 3, 0},
-                      {"EMAIL1", "E-mail", "Maxim 30 caractere alfanumerice", 3, 1, 2}}));
-  all->addWidget(
-      BuildInfoFrame("frmAdresaPunct", "Adresa Punct de Lucru",
-                     {{"STRADA2", "Strada", "Maxim 30 caractere alfanumerice", 0, 0},
-                      {"NR2", "Nr.", "Maxim 4 caractere alfanumerice", 0, 1},
-                      {"BLOC2", "Bloc", "Maxim 4 caractere alfanumerice", 0, 2},
-                      {"AP2", "Ap.", "Maxim 4 caractere alfanumerice", 1, 0},
-                      {"CODPOSTAL2", "Cod postal", "Maxim 10 caractere alfanumerice", 1, 1},
-                      {"ORAS2", "Oras", "Maxim 35 caractere alfanumerice", 1, 2},
-                      {"JUDET2", "Judet", "Maxim 2 caractere alfanumerice", 2, 0},
-                      {"TELEFON2", "Telefon", "Maxim 15 caractere alfanumerice", 2, 1},
-                      {"FAX2", "Fax", "Maxim 15 caractere alfanumerice", 2, 2},
-                      {"EMAIL2", "E-mail", "Maxim 30 caractere alfanumerice", 3, 0, 2}}));
+  all->addWidget(BuildInfoFrame("frmAdresaSediu", "Adresa Sediu Social", AddressFields('1')));
+  all->addWidget(BuildInfoFrame("frmAdresaPunct", "Adresa Punct de Lucru", AddressFields('2')));
   all->addStretch();
   return page;
 }
@@ -173,8 +163,8 @@ QWidget* frmParamSoc::BuildYears() {
       DTPicker1[i] = new DateBox(name.c_str(), frame);
       DTPicker1[i]->SetDataField(AdoExercitiu, kFields[i]);
       const int column = i == first ? 1 : 3;
-      grid->addWidget(LabelOf(DTPicker1[i], i == first ? "inceput" : "sfarsit", frame),
-                      2 * period + 1, column);
+      grid->addWidget(LabelOf(DTPicker1[i], i == first ? "inceput" : "sfarsit"), 2 * period + 1,
+                      column);
       grid->addWidget(DTPicker1[i], 2 * period + 1, column + 1);
     }
     grid->setRowMinimumHeight(2 * period, 44);

@@ -20,6 +20,15 @@ QGroupBox* MakeFrame(const char* name, const char* caption) {
   return frame;
 }
 
+QScrollArea* Scrolled(QWidget* page) {
+  auto* area = new QScrollArea;
+  area->setWidgetResizable(true);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidget(page);
+  return area;
+}
+
 BoxPairs::BoxPairs(QWidget* frame) : grid_(new QGridLayout(frame)) {
   grid_->setHorizontalSpacing(8);
   grid_->setVerticalSpacing(5);

@@ -3,6 +3,7 @@
 
 #include <QGroupBox>
 #include <QLabel>
+#include <QScrollArea>
 #include <string>
 
 class QGridLayout;
@@ -18,6 +19,9 @@ QLabel* LabelOf(QWidget* box, const char* caption);
 
 /// A frame of a card, without parent.
 QGroupBox* MakeFrame(const char* name, const char* caption);
+
+/// A page that scrolls where the window has less room than it needs.
+QScrollArea* Scrolled(QWidget* page);
 
 /// Pairs of a label and its box, one pair in each row of `frame`.
 class BoxPairs {
