@@ -94,7 +94,10 @@ void frmObInvFisa::OpenExisting() {
   const auto stored = ReadObject(connection, ID);
   if (!stored) return;
   const ObjectCard& card = stored->card;
-  for (std::size_t i = 0; i < kTexts; ++i) txtText[i]->SetText(card.text[i]);
+  for (std::size_t i = 0; i < kTexts; ++i) {
+    txtText[i]->SetText(card.text[i]);
+    txtText[i]->setCursorPosition(0);  // a long text shows its beginning
+  }
   for (std::size_t i = 0; i < kNumbers; ++i) {
     const Value& number = card.number[i];
     txtNumar[i]->SetNumber(number.IsNull() ? std::nullopt : std::optional(number.AsDouble()));

@@ -153,7 +153,7 @@ void frmObInvFisa::Build() {
   all->addWidget(BuildButtons());
   SetTabOrder();
   setMinimumSize(560, 240);
-  resize(page->sizeHint().expandedTo({980, 0}) + QSize(24, 90));
+  resize(page->sizeHint().expandedTo({1130, 0}) + QSize(24, 90));
   txtText[kCode]->setFocus();
 }
 
