@@ -17,10 +17,6 @@ using enum date::Place;
 
 const DateTime kNewCatalogue(2005, 1, 1);
 
-Value TextOrNull(const std::string& text) {
-  return text.empty() ? Value() : Value(text);
-}
-
 /// Collects the fields of one row in their order. It has what new and changed assets share; the two
 /// functions after it have the differences.
 class RowWriter {

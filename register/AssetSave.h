@@ -5,12 +5,11 @@
 #include <array>
 #include <optional>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "platform/data/Connection.h"
 #include "platform/text/DateTime.h"
 #include "register/CardBoxes.h"
+#include "register/FieldValues.h"
 #include "register/MethodPanel.h"
 
 namespace tevra {
@@ -24,8 +23,6 @@ struct AssetCard {
   bool blocked = false;                     ///< chkBlocata
   std::string tva;                          ///< the text of cboTVA
 };
-
-using FieldValues = std::vector<std::pair<std::string, Value>>;
 
 /// The fields of the row in the order in which they are written, and the changes that the save
 /// makes on the screen.
