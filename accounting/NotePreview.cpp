@@ -44,7 +44,11 @@ NotePreview::NotePreview(const char* name, QWidget* parent)
   table_->setFocusPolicy(Qt::NoFocus);
   table_->verticalHeader()->hide();
   table_->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  table_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  // An amount is never cut or broken: a table that is too narrow scrolls.
+  table_->setWordWrap(false);
+  table_->setTextElideMode(Qt::ElideNone);
+  table_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  table_->horizontalHeader()->setStretchLastSection(true);
   reason_->setWordWrap(true);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);

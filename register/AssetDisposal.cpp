@@ -39,6 +39,7 @@ std::optional<DisposalAsset> BringUpTo(std::int32_t nrCrt, const DateTime& date)
   asset.cost = row.Get("VAL_CUMP");
   asset.foreignCost = row.Get("VAL_CUMP_VAL");
   asset.rate = Nz(row.Get("CURS")).AsDouble();
+  asset.noteRate = Nz(row.Get("CURS"), 1.0).AsDouble();
   asset.account = Nz(row.Get("CONT"), "").TextOrEmpty();
   asset.costCentre = Nz(row.Get("COD_CC"), "").TextOrEmpty();
   return asset;
@@ -83,14 +84,17 @@ std::string LeftBefore(std::int32_t nrCrt) {
 
 // ---- Checks -------------------------------------------------------------------------------------
 
+std::string NotANumberText(amount::Place box) {
+  return std::string("Va rugam introduceti o valoare numerica pozitiva pentru ") +
+         kAmountTags[box] + "!";
+}
+
 std::optional<DisposalRefusal> EsteIesireValida(const Disposal& disposal) {
   using Box = DisposalRefusal::Box;
   if (!disposal.sale) return std::nullopt;
   const Value& price = disposal.value[kPrice];
   if (price.IsNull() || price.IsText() || price.AsDouble() < 0) {
-    return DisposalRefusal{std::string("Va rugam introduceti o valoare numerica pozitiva pentru ") +
-                               kAmountTags[kPrice] + "!",
-                           kCritical, Box::kPrice};
+    return DisposalRefusal{NotANumberText(kPrice), kCritical, Box::kPrice};
   }
   constexpr Box kBoxes[] = {Box::kExpense, Box::kCustomer, Box::kRevenue, Box::kVat};
   for (std::size_t i = 0; i < account::kCount; ++i) {

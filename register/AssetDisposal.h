@@ -60,13 +60,28 @@ struct Disposal {
 
 // ---- What the boxes show ------------------------------------------------------------------------
 
+/// The statements of the lists from which a sale takes its accounts and its VAT rate.
+inline constexpr const char* kExpenseAccounts =
+    "Select CONT, CONT & '-' &TITLU as CONT_TITLU from kv_pc  where Left(CONT, 1) = '6' order by "
+    "CONT";
+inline constexpr const char* kCustomerAccounts =
+    "Select CONT, CONT & '-' &TITLU as CONT_TITLU from kv_pc Where Left(TITLU, 6) = 'Client' order "
+    "by CONT";
+inline constexpr const char* kRevenueAccounts =
+    "Select CONT, CONT & '-' &TITLU as CONT_TITLU from kv_pc where Left(CONT, 1) = '7' order by "
+    "CONT";
+inline constexpr const char* kSaleVatRates =
+    "Select COD, CONT & '-' & PROCENT As CONT_PROCENT from kv_COTE Where Left(CONT, 4) = '4427' "
+    "Order by COD";
+
 /// The stored values of an asset after it was brought up to a date.
 struct DisposalAsset {
   Value residual;
   Value foreignResidual;
   Value cost;
   Value foreignCost;
-  double rate = 0;  ///< CURS; Null counts as 0
+  double rate = 0;      ///< CURS for the derived amounts; Null counts as 0
+  double noteRate = 1;  ///< CURS for the notes; Null counts as 1
   std::string account;
   std::string costCentre;
 };
@@ -100,6 +115,9 @@ double VatAtRate(double price, double percent);
 std::string LeftBefore(std::int32_t nrCrt);
 
 // ---- Checks -------------------------------------------------------------------------------------
+
+/// The message for a box that must contain a number from 0 on.
+std::string NotANumberText(amount::Place box);
 
 /// Why a disposal is refused: the message, its icon, and the box to go to.
 struct DisposalRefusal {
@@ -151,6 +169,9 @@ Note PostSale(const Disposal& sale, double rate);
 /// Writes the "OD" note in one transaction and returns it; nothing is written and returned when the
 /// asset's account has no association. Throws Failure and then writes nothing.
 std::optional<Note> PostRetirement(const Disposal& sale, double rate);
+
+/// Why there are no notes to show yet; empty when SaleNote and RetirementNote can be computed.
+std::string NoNoteReason(const Disposal& disposal, double rate);
 
 /// What looks wrong in these notes and stops nothing: a note that does not balance, VAT that
 /// differs from the chosen rate. One sentence a line; empty when there is nothing to say.

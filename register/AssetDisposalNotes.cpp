@@ -139,6 +139,16 @@ std::optional<Note> PostRetirement(const Disposal& sale, double rate) {
   return note;
 }
 
+std::string NoNoteReason(const Disposal& disposal, double rate) {
+  if (!disposal.sale) return "Casarea nu scrie nota contabila.";
+  if (rate == 0) return "Imobilizarea nu are curs: iesirea nu se poate salva.";
+  const Value& price = disposal.value[kPrice];
+  if (price.IsNull() || price.IsText() || price.AsDouble() < 0) {
+    return "Nota apare dupa ce completati pretul de vanzare.";
+  }
+  return {};
+}
+
 std::string WarningsOf(const Disposal& sale, const std::vector<Note>& notes) {
   std::string text;
   const auto say = [&text](const std::string& sentence) {

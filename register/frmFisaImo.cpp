@@ -4,6 +4,7 @@
 #include "platform/system/Clock.h"
 #include "platform/system/MessageBox.h"
 #include "platform/text/Numbers.h"
+#include "register/frmIesireImo.h"
 #include "session/Module1.h"
 #include "session/Session.h"
 
@@ -34,11 +35,8 @@ frmFisaImo::~frmFisaImo() {
 void frmFisaImo::Connect() {
   OnClickShort(cmdSalvare, "cmdSalvare_Click", [this](Procedure&) { cmdSalvare_Click(); });
   OnClickShort(cmdModificare, "cmdModificare_Click", [this](Procedure&) { cmdModificare_Click(); });
-  OnClickShort(cmdVanzare, "cmdVanzare_Click", [](Procedure&) {
-    MsgBoxEx(
-        "Ecranul \"Iesire imobilizare\" nu este disponibil in aceasta versiune a programului !",
-        kInformation);
-  });
+  OnClickShort(cmdVanzare, "cmdVanzare_Click",
+               [this](Procedure&) { OpenDisposal(CLng(CDbl(asset_.sNrCrt))); });
   connect(cmdIesire, &QPushButton::clicked, this, [this] { close(); });
 
   for (OptionButton* option : Options()) {

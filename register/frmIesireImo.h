@@ -1,8 +1,6 @@
 // The disposal of one fixed asset: scrapping or sale.
 #pragma once
 
-#include <QCheckBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <array>
@@ -52,8 +50,6 @@ class frmIesireImo : public Form {
   QPushButton* cmdIesire = nullptr;
 
  private:
-  struct ListedAccount;
-
   // The screen.
   void Build();
   void MakeBoxes();
@@ -70,15 +66,16 @@ class frmIesireImo : public Form {
   void Form_Load();
   void Casare_Click();
   void Vanzare_Click();
-  void LoadCombo(std::size_t source, DataCombo& combo, const char* statement);
+  void LoadCombo(std::size_t source, DataCombo& combo, const char* statement,
+                 const char* listField = "CONT_TITLU", const char* boundColumn = "CONT");
   void LoadAllAccounts();
-  void Calculate();
-  void ShowAsset(const DisposalAsset& asset);
+  std::optional<DisposalAsset> Calculate();
+  void ShowResidual(const DisposalAsset& asset);
   void ShowLeftBefore();
   void ShowNotes();
 
   // Boxes that are left, rows that are picked.
-  bool DTPicker1_LostFocus();
+  void DTPicker1_LostFocus();
   bool txtValoare_LostFocus(amount::Place left);
   void DeriveForeignPrice(double rate);
   void DeriveDifferences(double rate);
@@ -86,9 +83,8 @@ class frmIesireImo : public Form {
 
   // Saving.
   Disposal Contents() const;
-  void cmdSalvare_Click();
-  bool EsteIesireValida();
-  bool Refuse(const std::optional<DisposalRefusal>& refusal);
+  void cmdSalvare_Click(Procedure& running);
+  bool Refused(const std::optional<DisposalRefusal>& refusal);
   bool Save(const Disposal& disposal);
   void AddNotes(const Disposal& sale, double rate);
 

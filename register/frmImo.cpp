@@ -8,10 +8,12 @@
 #include "platform/forms/Hourglass.h"
 #include "platform/forms/Windows.h"
 #include "platform/system/MessageBox.h"
+#include "platform/text/Numbers.h"
 #include "register/AssetColumns.h"
 #include "register/AssetList.h"
 #include "register/TransferPreview.h"
 #include "register/frmFisaImo.h"
+#include "register/frmIesireImo.h"
 #include "register/frmPlanAmo.h"
 #include "register/frmSelLuna.h"
 #include "session/Lists.h"
@@ -82,6 +84,8 @@ ListDescription frmImo::Describe() {
   list.print.headerBold = true;
   list.print.footer = "Editat de Kelnar Tevra       \tPagina: \\p";
   list.buttons = Buttons();
+  list.rowCommands = {
+      {"Iesire_Click", "Iesire imobilizare...", [this](Procedure&) { OpenDisposalOfRow(); }}};
   return list;
 }
 
@@ -140,6 +144,15 @@ void frmImo::CommandButton3_Click(Procedure& running) {
                                Text("NRCRT") + " - " + Text("DENUMIRE") + " ?";
   DeleteRow(running, question, 0,
             [](const Value& asset) { ExecuteSQL("delete * from i_imo where nrcrt = ?", {asset}); });
+}
+
+void frmImo::OpenDisposalOfRow() {
+  const std::string asset = Text("NRCRT");
+  if (!asset.empty()) OpenDisposal(CLng(CDbl(asset)));
+}
+
+void frmImo::ShowChanges() {
+  RunShort("RefreshInPlace", [this](Procedure&) { RefreshInPlace(); });
 }
 
 void frmImo::cmdPlan_Click(Procedure& running) {

@@ -6,8 +6,8 @@
 
 namespace tevra {
 
-/// The list of all assets with their totals: search, sort, card, plan, deletion, listing of the
-/// selected rows, transfer of the smallest assets to the inventory objects.
+/// The list of all assets with their totals: search, sort, card, plan, disposal, deletion, listing
+/// of the selected rows, transfer of the smallest assets to the inventory objects.
 class frmImo : public ListScreen {
  public:
   explicit frmImo(QWidget* parent = nullptr);
@@ -25,6 +25,9 @@ class frmImo : public ListScreen {
   QPushButton* cmdInv;
   QPushButton* cmdClose;
 
+  /// Reads the rows anew after an asset was changed on another screen; a failure is shown.
+  void ShowChanges();
+
  private:
   ListDescription Describe();
   std::vector<ListButton> Buttons();
@@ -34,6 +37,7 @@ class frmImo : public ListScreen {
   void cmdPlan_Click(Procedure& running);
   void cmdInv_Click(Procedure& running);
   void Transfer(Connection& connection, const TransferSelection& selection, const DateTime& day);
+  void OpenDisposalOfRow();
 
   void AddToTotals(std::vector<double>& totals, const Values& row) const override;
   void RowSelected(const std::string& key) override { sNrCrt = key; }

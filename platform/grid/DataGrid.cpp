@@ -379,8 +379,8 @@ bool DataGrid::eventFilter(QObject* watched, QEvent* event) {
     const auto* menu = static_cast<QContextMenuEvent*>(event);
     const QModelIndex current = view_->currentIndex();
     if (menu->reason() == QContextMenuEvent::Keyboard && current.isValid()) {
-      tools_->ShowHeaderMenu(current.column(), view_->viewport()->mapToGlobal(
-                                                   view_->visualRect(current).bottomLeft()));
+      const QPoint below = view_->visualRect(current).bottomLeft();
+      tools_->ShowRowMenu(view_->viewport()->mapToGlobal(below), current.column());
     } else {
       tools_->ShowRowMenu(menu->globalPos());
     }

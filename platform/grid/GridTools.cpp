@@ -75,35 +75,44 @@ QMenu& GridTools::NewMenu() {
   return *menu;
 }
 
-// The same as dragging a header by mouse, for the keyboard.
 void GridTools::ShowHeaderMenu(int column, const QPoint& globalPosition) {
-  if (column < 0 || column >= static_cast<int>(grid_.Columns().size())) return;
-  if (key_.empty() && !grid_.HasGroupArea()) return;
+  if (!HasColumnMenu(column)) return;
   QMenu& menu = NewMenu();
-  if (grid_.HasGroupArea()) {
-    const std::string field = grid_.Columns()[static_cast<std::size_t>(column)].field;
-    const auto add = [&](const char* text, const std::string& by, bool descending) {
-      return menu.addAction(text, &grid_, [=, this] {
-        AfterEvent(&grid_, [=, this] { emit grid_.SortWanted(by, descending); });
-      });
-    };
-    add("Sorteaza crescator", field, false);
-    add("Sorteaza descrescator", field, true);
-    add("Ordinea initiala", {}, false)->setEnabled(!grid_.SortFields().empty());
+  FillColumnMenu(menu, column);
+  if (!key_.empty()) {
     menu.addSeparator();
+    FillMenu(menu);
   }
-  if (!key_.empty()) FillColumnMenu(menu, column);
   menu.popup(globalPosition);
 }
 
+bool GridTools::HasColumnMenu(int column) const {
+  const bool known = column >= 0 && column < static_cast<int>(grid_.Columns().size());
+  return known && (!key_.empty() || grid_.HasGroupArea());
+}
+
+// The same as dragging a header by mouse, for the keyboard.
+void GridTools::FillSortMenu(QMenu& menu, int column) {
+  const std::string field = grid_.Columns()[static_cast<std::size_t>(column)].field;
+  const auto add = [&](const char* text, const std::string& by, bool descending) {
+    return menu.addAction(text, &grid_, [=, this] {
+      AfterEvent(&grid_, [=, this] { emit grid_.SortWanted(by, descending); });
+    });
+  };
+  add("Sorteaza crescator", field, false);
+  add("Sorteaza descrescator", field, true);
+  add("Ordinea initiala", {}, false)->setEnabled(!grid_.SortFields().empty());
+}
+
 void GridTools::FillColumnMenu(QMenu& menu, int column) {
+  if (grid_.HasGroupArea()) FillSortMenu(menu, column);
+  if (key_.empty()) return;
+  if (!menu.isEmpty()) menu.addSeparator();
   QTableView* view = grid_.View();
   menu.addAction("Ascunde coloana", view, [view, column] { view->setColumnHidden(column, true); })
       ->setEnabled(grid_.ShownColumns().size() > 1);
   menu.addAction("Latime dupa continut", view,
                  [view, column] { view->resizeColumnToContents(column); });
-  menu.addSeparator();
-  FillMenu(menu);
 }
 
 void GridTools::ShowMenu(const QPoint& globalPosition) {
@@ -113,9 +122,13 @@ void GridTools::ShowMenu(const QPoint& globalPosition) {
   menu.popup(globalPosition);
 }
 
-void GridTools::ShowRowMenu(const QPoint& globalPosition) {
+void GridTools::ShowRowMenu(const QPoint& globalPosition, int column) {
   QMenu& menu = NewMenu();
   emit grid_.RowMenu(&menu);
+  if (HasColumnMenu(column)) {
+    if (!menu.isEmpty()) menu.addSeparator();
+    FillColumnMenu(*menu.addMenu("Co&loana"), column);
+  }
   if (!key_.empty()) {
     if (!menu.isEmpty()) menu.addSeparator();
     FillMenu(menu);

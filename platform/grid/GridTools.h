@@ -29,9 +29,10 @@ class GridTools : public QObject {
 
   /// The menu of a column header: sorting, and the column itself.
   void ShowHeaderMenu(int column, const QPoint& globalPosition);
-  /// The menu of the list, and that of a row: what the screen does with it, then the list's.
+  /// The menu of the list, and that of a row: what the screen does with it, then the list's. The
+  /// keyboard cannot reach a header: with `column` the row's menu has the header's menu in it.
   void ShowMenu(const QPoint& globalPosition);
-  void ShowRowMenu(const QPoint& globalPosition);
+  void ShowRowMenu(const QPoint& globalPosition, int column = -1);
 
   /// The selected rows as a table; without any the text of the current cell.
   void Copy();
@@ -54,6 +55,8 @@ class GridTools : public QObject {
                                   const Progress& progress)>;
   QMenu& NewMenu();
   void FillMenu(QMenu& menu);
+  bool HasColumnMenu(int column) const;
+  void FillSortMenu(QMenu& menu, int column);
   void FillColumnMenu(QMenu& menu, int column);
   void Export(const char* what, const char* extension, const Save& save);
 

@@ -31,7 +31,14 @@ struct ListButton {
   /// Runs as the procedure "<name>_Click", after the leave handler of the box with the focus.
   std::function<void(Procedure& running)> pressed = {};
   Role role = Role::kPlain;
-  bool inRowMenu = false;  ///< also in the context menu of a row
+  bool inRowMenu = false;  ///< also in the menu of a row (right mouse button, menu key)
+};
+
+/// What the menu of a row offers beside the buttons.
+struct RowCommand {
+  const char* name;  ///< runs as the procedure of this name
+  const char* caption;
+  std::function<void(Procedure& running)> chosen;
 };
 
 /// One way to search.
@@ -93,6 +100,7 @@ struct ListDescription {
   GridPrintInfo print = {};
 
   std::vector<ListButton> buttons = {};
+  std::vector<RowCommand> rowCommands = {};
   bool shortFailures = false;  ///< failures of buttons have the short form
 
   QWidget* above = nullptr;          ///< shown above the list, such as boxes for a new row

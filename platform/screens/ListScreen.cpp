@@ -9,6 +9,7 @@
 #include "platform/data/MoneySum.h"
 #include "platform/forms/ButtonRow.h"
 #include "platform/forms/Buttons.h"
+#include "platform/forms/FormsApplication.h"
 #include "platform/forms/Hourglass.h"
 #include "platform/forms/Pictures.h"
 #include "platform/screens/ListBars.h"
@@ -181,6 +182,14 @@ void ListScreen::FillRowMenu(QMenu* menu) {
     QAction* action = menu->addAction(button->text(), button, &QPushButton::click);
     action->setEnabled(button->isEnabled() && datPrimaryRS->HasRow());
     action->setToolTip(button->toolTip());
+  }
+  for (const RowCommand& each : list_.rowCommands) {
+    const auto run = [this, &each] {
+      AfterEvent(this, [this, &each] {
+        list_.shortFailures ? RunShort(each.name, each.chosen) : Run(each.name, each.chosen);
+      });
+    };
+    menu->addAction(each.caption, this, run)->setEnabled(datPrimaryRS->HasRow());
   }
 }
 

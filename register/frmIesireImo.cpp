@@ -1,0 +1,372 @@
+#include "register/frmIesireImo.h"
+
+#include "platform/forms/Hourglass.h"
+#include "platform/forms/Windows.h"
+#include "platform/system/Clock.h"
+#include "platform/system/MessageBox.h"
+#include "platform/text/Numbers.h"
+#include "register/frmImo.h"
+#include "session/Combos.h"
+#include "session/Module1.h"
+#include "session/Session.h"
+
+namespace tevra {
+
+namespace {
+
+using namespace amount;
+using namespace account;
+
+enum Source : std::size_t { kExpenses, kCustomers, kRevenues, kVatRates, kClients };
+
+constexpr const char* kAllAccounts =
+    "Select CONT, CONT & '-' &TITLU as CONT_TITLU from kv_pc order by CONT";
+
+Value Content(const NumberBox& box) {
+  if (box.IsEmpty()) return {};
+  return box.IsNumeric() ? Value(box.Number().value()) : Value(box.Text());
+}
+
+std::optional<double> Stored(const Value& value) {
+  return value.IsNull() ? std::nullopt : std::optional(value.AsDouble());
+}
+
+void ShowNotice(QLabel* label, const std::string& text) {
+  label->setText(QString::fromStdString(text));
+  label->setVisible(!text.empty());
+}
+
+}  // namespace
+
+frmIesireImo::frmIesireImo(std::int32_t nrCrt, QWidget* parent)
+    : Form("frmIesireImo", "Iesire Imobilizare", parent), nrCrt_(nrCrt) {
+  static constexpr const char* kSources[] = {"adoCheltuieli", "adoClient", "adoVenituri",
+                                             "adoCoteTVA", "adoIDClient"};
+  for (std::size_t i = 0; i < sources_.size(); ++i) sources_[i] = new Adodc(kSources[i], this);
+  adoImobilizare = new Adodc("adoImobilizare", this);
+  adoTVA = new Adodc("adoTVA", this);
+  Build();
+  Connect();
+  Form_Load();
+}
+
+frmIesireImo::~frmIesireImo() {
+  for (Adodc* source : sources_) source->disconnect();
+}
+
+void frmIesireImo::Connect() {
+  connect(Casare, &OptionButton::Click, this,
+          [this] { Run("Casare_Click", [this](Procedure&) { Casare_Click(); }); });
+  connect(Vanzare, &OptionButton::Click, this,
+          [this] { Run("Vanzare_Click", [this](Procedure&) { Vanzare_Click(); }); });
+  // A residual value that does not belong to the date must not be saved: the date is not left until
+  // the asset could be calculated to it.
+  OnLeave(DTPicker1, "DTPicker1_LostFocus", [this](Procedure&) {
+    DTPicker1_LostFocus();
+    return true;
+  });
+  for (const amount::Place left : {kPrice, kForeignPrice}) {
+    OnLeave(txtValoare[left], "txtValoare_LostFocus",
+            [this, left](Procedure&) { return txtValoare_LostFocus(left); });
+  }
+  ConnectCombos();
+  connect(this, &Form::Edited, this, [this] {
+    if (!loading_) ShowNotes();
+  });
+  OnClick(cmdSalvare, "cmdSalvare_Click",
+          [this](Procedure& running) { cmdSalvare_Click(running); });
+  connect(cmdIesire, &QPushButton::clicked, this, [this] { close(); });
+}
+
+void frmIesireImo::ConnectCombos() {
+  const std::pair<DataCombo*, account::Place> combos[] = {
+      {cboCheltuieli, kExpense}, {cboClient, kCustomer}, {cboVenituri, kRevenue}};
+  for (const auto& [combo, place] : combos) {
+    connect(combo, &DataCombo::Picked, this,
+            [this, from = combo, to = place] { txtCont[to]->SetText(from->BoundText()); });
+  }
+  connect(cboTVA, &DataCombo::Picked, this,
+          [this] { Run("cboTVA_Click", [this](Procedure&) { cboTVA_Click(); }); });
+}
+
+// ---- Loading ------------------------------------------------------------------------------------
+
+void frmIesireImo::Form_Load() {
+  const Hourglass hourglass;
+  loading_ = true;
+  Run("Form_Load", [this](Procedure& running) {
+    adoImobilizare->SetConnectionString(CurrentSession().connectionString);
+    for (const auto place : {kResidual, kForeignResidual}) txtValoare[place]->SetNumber(0);
+    for (const auto place : {kPrice, kForeignPrice, kDifference, kForeignDifference}) {
+      txtValoare[place]->setEnabled(false);
+    }
+    for (QWidget* box :
+         std::initializer_list<QWidget*>{cboClient, cboVenituri, cboTVA, txtTVA, txtProcent}) {
+      box->setEnabled(false);
+    }
+    DTPicker1->SetDate(clock::Today());
+    running.line = 1;
+    adoImobilizare->SetRecordSource("Select * from i_imo where NRCRT = ?", {nrCrt_});
+    txtNrInv->SetDataField(adoImobilizare, "COD");
+    txtDenumire->SetDataField(adoImobilizare, "DENUMIRE");
+    adoImobilizare->Refresh();
+    running.line = 2;
+    Casare->setChecked(true);
+    txtOut->SetText("C");
+    LoadAllAccounts();
+    LoadCombo(kClients, *cboIDClient,
+              "SELECT COD,Nume from Kv_Ter WHERE Tip='M' OR Tip='C' Order By Nume ", "Nume", "COD");
+    running.line = 3;
+    ShowLeftBefore();
+  });
+  loading_ = false;
+  MarkSaved();
+  ShowNotes();
+}
+
+void frmIesireImo::LoadCombo(std::size_t source, DataCombo& combo, const char* statement,
+                             const char* listField, const char* boundColumn) {
+  LoadDataCombo(*sources_[source], combo, statement, listField, boundColumn);
+}
+
+void frmIesireImo::LoadAllAccounts() {
+  LoadCombo(kExpenses, *cboCheltuieli, kAllAccounts);
+}
+
+// The list of VAT rates stays enabled after a change from sale to scrapping.
+void frmIesireImo::Casare_Click() {
+  txtOut->SetText("C");
+  for (const auto place : {kPrice, kForeignPrice, kDifference, kForeignDifference}) {
+    txtValoare[place]->setEnabled(false);
+  }
+  for (QWidget* box : std::initializer_list<QWidget*>{cboClient, cboVenituri, txtTVA}) {
+    box->setEnabled(false);
+  }
+  LoadAllAccounts();
+  Calculate();
+  for (const auto place : {kResidual, kForeignResidual}) txtValoare[place]->setEnabled(false);
+  ShowNotes();
+}
+
+void frmIesireImo::Vanzare_Click() {
+  txtOut->SetText("V");
+  for (const auto place : {kResidual, kForeignResidual}) txtValoare[place]->setEnabled(false);
+  for (QWidget* box :
+       std::initializer_list<QWidget*>{txtValoare[kPrice], cboClient, cboVenituri, cboTVA}) {
+    box->setEnabled(true);
+  }
+  txtTVA->setEnabled(false);
+  LoadCombo(kExpenses, *cboCheltuieli, kExpenseAccounts);
+  LoadCombo(kCustomers, *cboClient, kCustomerAccounts);
+  LoadCombo(kRevenues, *cboVenituri, kRevenueAccounts);
+  LoadCombo(kVatRates, *cboTVA, kSaleVatRates, "CONT_PROCENT", "COD");
+  if (const std::optional<DisposalAsset> asset = Calculate()) {
+    sCont_ = asset->account;
+    sCodCC_ = asset->costCentre;
+    Connection connection(CurrentSession().connectionString);
+    depreciationAccount_ = DepreciationAccount(connection, sCont_);
+    if (!txtValoare[kPrice]->IsEmpty()) {
+      DeriveForeignPrice(asset->rate);
+      DeriveDifferences(asset->rate);
+    }
+  }
+  ShowNotes();
+}
+
+std::optional<DisposalAsset> frmIesireImo::Calculate() {
+  const Hourglass hourglass;
+  const DateTime date = DTPicker1->Date().value();
+  calculated_.reset();
+  const std::optional<DisposalAsset> asset = BringUpTo(nrCrt_, date);
+  calculated_ = date;
+  if (!asset) return asset;
+  ShowResidual(*asset);
+  TextCump->SetNumber(Stored(asset->cost));
+  TextCumpDev->SetNumber(Stored(asset->foreignCost));
+  noteRate_ = asset->noteRate;
+  return asset;
+}
+
+void frmIesireImo::ShowResidual(const DisposalAsset& asset) {
+  txtValoare[kResidual]->SetNumber(Stored(asset.residual));
+  txtValoare[kForeignResidual]->SetNumber(Stored(asset.foreignResidual));
+}
+
+void frmIesireImo::ShowLeftBefore() {
+  ShowNotice(lblIesita, LeftBefore(nrCrt_));
+}
+
+// A note that cannot be computed yet gives way to the reason.
+void frmIesireImo::ShowNotes() {
+  std::vector<Note> notes;
+  std::string reason;
+  std::string warning;
+  try {
+    const Disposal disposal = Contents();
+    reason = NoNoteReason(disposal, noteRate_);
+    if (reason.empty()) {
+      notes = {SaleNote(disposal, noteRate_)};
+      if (depreciationAccount_) {
+        notes.push_back(RetirementNote(disposal, noteRate_, *depreciationAccount_));
+      }
+      warning = WarningsOf(disposal, notes);
+      if (!depreciationAccount_) {
+        warning += (warning.empty() ? "" : "\n") + NotAssociatedText(sCont_) + ".";
+      }
+    }
+  } catch (const Failure& failure) {
+    notes.clear();
+    reason = "Nota contabila nu se poate calcula: " + failure.Description();
+  }
+  notePreview->Show(notes, reason);
+  ShowNotice(lblAtentie, warning);
+}
+
+// ---- Boxes that are left, rows that are picked --------------------------------------------------
+
+void frmIesireImo::DTPicker1_LostFocus() {
+  const DateTime date = DTPicker1->Date().value();
+  calculated_.reset();
+  if (const std::optional<DisposalAsset> asset = BringUpTo(nrCrt_, date)) ShowResidual(*asset);
+  calculated_ = date;
+}
+
+bool frmIesireImo::txtValoare_LostFocus(amount::Place left) {
+  const double rate = RateOf(nrCrt_);
+  NumberBox* price = txtValoare[kPrice];
+  if (left == kPrice && !price->IsEmpty()) {
+    if (!price->IsNumeric()) {
+      MsgBoxEx(NotANumberText(kPrice), kExclamation);
+      price->SetText("0");
+      GiveFocus(price);
+      return false;
+    }
+    DeriveForeignPrice(rate);
+  }
+  if (price->IsEmpty()) return true;
+  DeriveDifferences(rate);
+  const std::string vatCode = txtCont[kVat]->Text();
+  if (!vatCode.empty()) txtTVA->SetNumber(VatOnPrice(price->Number().value(), CDbl(vatCode)));
+  return true;
+}
+
+void frmIesireImo::DeriveForeignPrice(double rate) {
+  txtValoare[kForeignPrice]->SetNumber(PriceInCurrency(txtValoare[kPrice]->Number().value(), rate));
+}
+
+void frmIesireImo::DeriveDifferences(double rate) {
+  const Differences differences = DifferencesOf(Contents(), rate);
+  txtValoare[kDifference]->SetNumber(differences.lei);
+  txtValoare[kForeignDifference]->SetNumber(differences.foreign);
+}
+
+// An emptied list counts as the rate with code 0.
+void frmIesireImo::cboTVA_Click() {
+  const std::string code = cboTVA->BoundText();
+  txtCont[kVat]->SetText(code);
+  if (code.empty() || CDbl(code) == 0) {
+    txtTVA->SetNumber(0);
+    return;
+  }
+  adoTVA->SetConnectionString(CurrentSession().connectionString);
+  adoTVA->SetRecordSource("Select procent from kv_cote where cod = ?", {CLng(CDbl(code))});
+  txtProcent->SetDataField(adoTVA, "procent");
+  adoTVA->Refresh();
+  if (txtValoare[kPrice]->IsEmpty()) return;
+  txtTVA->SetNumber(
+      VatAtRate(txtValoare[kPrice]->Number().value(), txtProcent->Number().value_or(0)));
+}
+
+// ---- Saving -------------------------------------------------------------------------------------
+
+Disposal frmIesireImo::Contents() const {
+  Disposal disposal;
+  disposal.asset = nrCrt_;
+  disposal.code = txtNrInv->Text();
+  disposal.sale = txtOut->Text() == "V";
+  disposal.date = DTPicker1->Date().value();
+  disposal.client = cboIDClient->BoundText();
+  disposal.document = txtDocIesire->Text();
+  for (std::size_t i = 0; i < txtValoare.size(); ++i) disposal.value[i] = Content(*txtValoare[i]);
+  disposal.cost = Content(*TextCump);
+  disposal.foreignCost = Content(*TextCumpDev);
+  for (std::size_t i = 0; i < txtCont.size(); ++i) disposal.cont[i] = txtCont[i]->Text();
+  disposal.vat = cboTVA->Text();
+  disposal.vatAmount = Content(*txtTVA);
+  disposal.assetAccount = sCont_;
+  disposal.costCentre = sCodCC_;
+  return disposal;
+}
+
+void frmIesireImo::cmdSalvare_Click(Procedure& running) {
+  if (calculated_ != DTPicker1->Date()) DTPicker1_LostFocus();
+  running.line = 1;
+  const Disposal disposal = Contents();
+  if (Refused(EsteIesireValida(disposal))) return;
+  running.line = 2;
+  double rate = 1;
+  if (Refused(CheckCompany(disposal, rate))) return;
+  running.line = 3;
+  if (disposal.sale && !MayDelete(OtherNotesOf(disposal))) return;
+  running.line = 4;
+  if (!Save(disposal)) return;
+  MarkSaved();
+  if (disposal.sale) AddNotes(disposal, rate);
+  running.line = 5;
+  ShowLeftBefore();
+  if (frmImo* list = windows::Single<frmImo>()) list->ShowChanges();
+}
+
+bool frmIesireImo::Refused(const std::optional<DisposalRefusal>& refusal) {
+  using Box = DisposalRefusal::Box;
+  if (!refusal) return false;
+  MsgBoxEx(refusal->message, refusal->icon);
+  const std::pair<Box, QWidget*> boxes[] = {{Box::kPrice, txtValoare[kPrice]},
+                                            {Box::kExpense, cboCheltuieli},
+                                            {Box::kCustomer, cboClient},
+                                            {Box::kRevenue, cboVenituri},
+                                            {Box::kVat, cboTVA},
+                                            {Box::kClient, cboIDClient},
+                                            {Box::kDocument, txtDocIesire}};
+  for (const auto& [box, widget] : boxes) {
+    if (box == refusal->box) GiveFocus(widget);
+  }
+  return true;
+}
+
+bool frmIesireImo::Save(const Disposal& disposal) {
+  return RunWith(
+      "pSalvareIesire",
+      [&](Procedure&) {
+        pSalvareIesire(disposal);
+        MsgBoxEx("Datele au fost salvate cu succes !", kInformation);
+      },
+      [](const Failure& failure, const Procedure&) {
+        MsgBoxEx(ShortErrorText(failure), kCritical, "Salvare");
+      });
+}
+
+// Users know the message by the name of the card.
+void frmIesireImo::AddNotes(const Disposal& sale, double rate) {
+  RunWith(
+      "pAddNoteContabile",
+      [&](Procedure& running) {
+        running.line = 1;
+        PostSale(sale, rate);
+        running.line = 2;
+        if (!PostRetirement(sale, rate)) {
+          MsgBoxEx(NotAssociatedText(sale.assetAccount), kInformation);
+        }
+      },
+      [](const Failure& failure, Procedure running) {
+        running.module = "frmFisaImo";
+        ShowStandardError(failure, running);
+      });
+}
+
+frmIesireImo& OpenDisposal(std::int32_t nrCrt) {
+  return windows::OpenFor<frmIesireImo>(std::to_string(nrCrt),
+                                        [nrCrt] { return new frmIesireImo(nrCrt); });
+}
+
+}  // namespace tevra
