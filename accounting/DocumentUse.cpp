@@ -48,6 +48,12 @@ DocumentUse NotesUnder(Connection& connection, const std::string& document,
   return use;
 }
 
+void RequireUnchanged(const DocumentUse& agreed, const DocumentUse& now) {
+  if (now.notes == agreed.notes && now.lei == agreed.lei) return;
+  throw Failure(kRowChanged, "Notele contabile sub documentul \"" + now.document +
+                                 "\" s-au schimbat intre timp; salvati din nou");
+}
+
 bool MayDelete(const DocumentUse& use) {
   if (use.notes == 0) return true;
   const std::string notes =

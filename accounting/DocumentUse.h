@@ -20,6 +20,10 @@ struct DocumentUse {
 DocumentUse NotesUnder(Connection& connection, const std::string& document,
                        const std::vector<std::string>& own = {});
 
+/// Throws Failure kRowChanged when `now` differs from what the user `agreed` to, because others
+/// wrote in the meantime. Called in the transaction that deletes the notes.
+void RequireUnchanged(const DocumentUse& agreed, const DocumentUse& now);
+
 /// Asks before these notes are deleted, with "Nu" as the default button. True without a question
 /// when there are none.
 bool MayDelete(const DocumentUse& use);

@@ -138,14 +138,16 @@ std::optional<DisposalRefusal> CheckCompany(const Disposal& disposal, double& ra
                          DisposalRefusal::Box::kClient};
 }
 
-DocumentUse OtherNotesOf(const Disposal& sale) {
+SaleNoteUse FindSaleNoteUse(const Disposal& sale) {
   Connection connection(CurrentSession().connectionString);
   const Recordset left = connection.OpenRecordset(
       "SELECT NRCRT, IESIRE, TIP_IESIRE FROM I_IMO WHERE DocIesire = ?", {sale.document});
   const bool again = left.RecordCount() == 1 && left.Get("NRCRT").AsLong() == sale.asset &&
                      left.Get("IESIRE").AsBool() && left.Get("TIP_IESIRE").TextOrEmpty() == kSold;
-  return NotesUnder(connection, sale.document,
-                    again ? std::vector<std::string>{"JV", "OD"} : std::vector<std::string>{});
+  SaleNoteUse use;
+  if (again) use.own = {"JV", "OD"};
+  use.others = NotesUnder(connection, sale.document, use.own);
+  return use;
 }
 
 // ---- The row ------------------------------------------------------------------------------------

@@ -60,7 +60,10 @@ struct Disposal {
 
 // ---- What the boxes show ------------------------------------------------------------------------
 
-/// The statements of the lists from which a sale takes its accounts and its VAT rate.
+/// The statements of the lists: the expense accounts of a scrapping, the accounts and the VAT rate
+/// of a sale, the clients.
+inline constexpr const char* kAllAccounts =
+    "Select CONT, CONT & '-' &TITLU as CONT_TITLU from kv_pc order by CONT";
 inline constexpr const char* kExpenseAccounts =
     "Select CONT, CONT & '-' &TITLU as CONT_TITLU from kv_pc  where Left(CONT, 1) = '6' order by "
     "CONT";
@@ -73,6 +76,9 @@ inline constexpr const char* kRevenueAccounts =
 inline constexpr const char* kSaleVatRates =
     "Select COD, CONT & '-' & PROCENT As CONT_PROCENT from kv_COTE Where Left(CONT, 4) = '4427' "
     "Order by COD";
+inline constexpr const char* kDisposalClients =
+    "SELECT COD,Nume from Kv_Ter WHERE Tip='M' OR Tip='C' Order By Nume ";
+inline constexpr const char* kPercentOfRate = "Select procent from kv_cote where cod = ?";
 
 /// The stored values of an asset after it was brought up to a date.
 struct DisposalAsset {
@@ -134,9 +140,15 @@ std::optional<DisposalRefusal> EsteIesireValida(const Disposal& disposal);
 /// the client still exists. `rate` becomes the rate of the notes; a Null one is 1. Throws Failure.
 std::optional<DisposalRefusal> CheckCompany(const Disposal& disposal, double& rate);
 
-/// The notes that the sale would delete and that are not its own: all under its document, except
-/// the journals of a sale when this asset alone was sold under it before. Throws Failure.
-DocumentUse OtherNotesOf(const Disposal& sale);
+/// The notes that stand under the document of a sale before it is saved.
+struct SaleNoteUse {
+  std::vector<std::string> own;  ///< the journals of `others` that were left out, see NotesUnder
+  DocumentUse others;            ///< deleted by the sale though they are not its own
+};
+
+/// All notes under the document of the sale; those of a sale are its own when this asset alone was
+/// sold under it before. Called before the row is saved. Throws Failure.
+SaleNoteUse FindSaleNoteUse(const Disposal& sale);
 
 // ---- Saving -------------------------------------------------------------------------------------
 
@@ -163,8 +175,9 @@ std::optional<std::string> DepreciationAccount(Connection& connection, const std
 std::string NotAssociatedText(const std::string& account);
 
 /// Replaces all notes under the document of the sale by its "JV" note, in one transaction. Returns
-/// the note. Throws Failure and then leaves the notes as they were.
-Note PostSale(const Disposal& sale, double rate);
+/// the note. Throws Failure kRowChanged when other notes stand there now than when the user
+/// `agreed`, otherwise like cBLLNoteContabile::AddNota; the notes then stay as they were.
+Note PostSale(const Disposal& sale, double rate, const SaleNoteUse& agreed);
 
 /// Writes the "OD" note in one transaction and returns it; nothing is written and returned when the
 /// asset's account has no association. Throws Failure and then writes nothing.

@@ -113,10 +113,11 @@ std::string NotAssociatedText(const std::string& account) {
   return "Va rog asociati contului " + account + " un cont de amortizare";
 }
 
-Note PostSale(const Disposal& sale, double rate) {
+Note PostSale(const Disposal& sale, double rate, const SaleNoteUse& agreed) {
   const Note note = SaleNote(sale, rate);
   Connection connection(CurrentSession().connectionString);
   Transaction transaction(connection);
+  RequireUnchanged(agreed.others, NotesUnder(connection, sale.document, agreed.own));
   connection.Execute("DELETE FROM Kv_LINII WHERE DOC=?", {sale.document});
   Write(connection, note);
   transaction.Commit();

@@ -239,9 +239,9 @@ AssetRow ChangedAssetRow(const AssetCard& card, const Coefficients& coefficients
 
 AssetRow pAdaugaImobilizare(const AssetCard& card) {
   Connection connection(CurrentSession().connectionString);
+  Transaction transaction(connection);
   const Coefficients coefficients = ReadCoefficients(connection);
   const AssetRow row = NewAssetRow(card, coefficients, clock::Today(), CurrentSession().userName);
-  Transaction transaction(connection);
   Recordset rows = connection.OpenRecordset("Select * from I_IMO where 1 = 0");
   rows.AddNew();
   WriteRow(rows, row);
@@ -251,9 +251,9 @@ AssetRow pAdaugaImobilizare(const AssetCard& card) {
 
 AssetRow pModificaImobilizare(const AssetCard& card, std::int32_t nrCrt) {
   Connection connection(CurrentSession().connectionString);
+  Transaction transaction(connection);
   const Coefficients coefficients = ReadCoefficients(connection);
   const AssetRow row = ChangedAssetRow(card, coefficients, clock::Today());
-  Transaction transaction(connection);
   Recordset rows = connection.OpenRecordset("Select * from I_IMO where NRCRT = ?", {nrCrt});
   WriteRow(rows, row);
   transaction.Commit();

@@ -1,6 +1,7 @@
 #include "register/PurchaseNote.h"
 
 #include "accounting/MonthDocument.h"
+#include "accounting/NoteChecker.h"
 #include "accounting/VatRate.h"
 #include "accounting/cBLLNoteContabile.h"
 #include "platform/data/Recordset.h"
@@ -51,40 +52,40 @@ double NumberOrZero(const Value& box) {
   return box.IsNull() ? 0 : box.AsDouble();
 }
 
-// The lines refuse themselves when an amount rounds to 0, and the user is told.
-void WriteNote(const Connection& connection, const AssetCard& card) {
+// A line with both amounts 0 stays in the note: writing it is refused, and the user is told.
+Note PurchaseNoteOf(const AssetCard& card) {
   const VatRate vat = ReadVatRate(card.tva);
   const double lei = NumberOrZero(card.number[kValue]);
   const double foreign = NumberOrZero(card.number[kForeignValue]);
-  cBLLNoteContabile note;
-  static_cast<NoteLine&>(note) =
-      LineOf(kPurchases, card.text[kCode], card.date[kInService].Midnight());
-  note.Curs = NumberOrZero(card.number[kExchangeRate]);
-  note.CotaTVA = CByte(vat.percent);
-  note.cod = CurrentSession().codDeviza;
-  note.CodBUG = card.text[kCostCentre];
-  note.Cont = card.text[kAccount];
-  double total = note.Debit = RoundTo(lei, 2);
-  double foreignTotal = note.DevDebit = RoundTo(foreign, 2);
-  note.AddNota(connection, false);
+  NoteLine line = LineOf(kPurchases, card.text[kCode], card.date[kInService].Midnight());
+  line.Curs = NumberOrZero(card.number[kExchangeRate]);
+  line.CotaTVA = CByte(vat.percent);
+  line.cod = CurrentSession().codDeviza;
+  line.CodBUG = card.text[kCostCentre];
+  line.Cont = card.text[kAccount];
+  double total = line.Debit = RoundTo(lei, 2);
+  double foreignTotal = line.DevDebit = RoundTo(foreign, 2);
+  Note note{line};
   if (vat.percent != 0) {
-    note.Cont = vat.account;
-    total += note.Debit = RoundTo(lei * vat.percent / 100, 2);
-    foreignTotal += note.DevDebit = RoundTo(foreign * vat.percent / 100, 2);
-    note.AddNota(connection, true);
+    line.Cont = vat.account;
+    total += line.Debit = RoundTo(lei * vat.percent / 100, 2);
+    foreignTotal += line.DevDebit = RoundTo(foreign * vat.percent / 100, 2);
+    note.push_back(line);
   }
-  note.Cont = CurrentSession().contFurnizori;
-  note.Debit = note.DevDebit = 0;
-  note.SetCredit(CStr(total));
-  note.DevCredit = foreignTotal;
-  if (!card.text[kSupplier].empty()) note.Tert = card.text[kSupplier];
-  note.AddNota(connection, true);
+  line.Cont = CurrentSession().contFurnizori;
+  line.Debit = line.DevDebit = 0;
+  line.SetCredit(CStr(total));
+  line.DevCredit = foreignTotal;
+  if (!card.text[kSupplier].empty()) line.Tert = card.text[kSupplier];
+  note.push_back(line);
+  return note;
 }
 
-void RequireUnchanged(const DocumentUse& agreed, const DocumentUse& now) {
-  if (now.notes == agreed.notes && now.lei == agreed.lei) return;
-  throw Failure(kRowChanged, "Notele contabile sub documentul \"" + now.document +
-                                 "\" s-au schimbat intre timp; salvati din nou");
+void WriteNote(const Connection& connection, const AssetCard& card) {
+  cBLLNoteContabile writer;
+  NoteChecker checker;
+  writer.AddNote(connection, PurchaseNoteOf(card), checker);
+  checker.Finish();
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include "platform/system/Clock.h"
 #include "platform/system/MessageBox.h"
 #include "platform/text/Numbers.h"
-#include "register/frmImo.h"
 #include "session/Combos.h"
 #include "session/Module1.h"
 #include "session/Session.h"
@@ -18,14 +17,6 @@ using namespace amount;
 using namespace account;
 
 enum Source : std::size_t { kExpenses, kCustomers, kRevenues, kVatRates, kClients };
-
-constexpr const char* kAllAccounts =
-    "Select CONT, CONT & '-' &TITLU as CONT_TITLU from kv_pc order by CONT";
-
-Value Content(const NumberBox& box) {
-  if (box.IsEmpty()) return {};
-  return box.IsNumeric() ? Value(box.Number().value()) : Value(box.Text());
-}
 
 std::optional<double> Stored(const Value& value) {
   return value.IsNull() ? std::nullopt : std::optional(value.AsDouble());
@@ -114,8 +105,7 @@ void frmIesireImo::Form_Load() {
     Casare->setChecked(true);
     txtOut->SetText("C");
     LoadAllAccounts();
-    LoadCombo(kClients, *cboIDClient,
-              "SELECT COD,Nume from Kv_Ter WHERE Tip='M' OR Tip='C' Order By Nume ", "Nume", "COD");
+    LoadCombo(kClients, *cboIDClient, kDisposalClients, "Nume", "COD");
     running.line = 3;
     ShowLeftBefore();
   });
@@ -269,99 +259,12 @@ void frmIesireImo::cboTVA_Click() {
     return;
   }
   adoTVA->SetConnectionString(CurrentSession().connectionString);
-  adoTVA->SetRecordSource("Select procent from kv_cote where cod = ?", {CLng(CDbl(code))});
+  adoTVA->SetRecordSource(kPercentOfRate, {CLng(CDbl(code))});
   txtProcent->SetDataField(adoTVA, "procent");
   adoTVA->Refresh();
   if (txtValoare[kPrice]->IsEmpty()) return;
   txtTVA->SetNumber(
       VatAtRate(txtValoare[kPrice]->Number().value(), txtProcent->Number().value_or(0)));
-}
-
-// ---- Saving -------------------------------------------------------------------------------------
-
-Disposal frmIesireImo::Contents() const {
-  Disposal disposal;
-  disposal.asset = nrCrt_;
-  disposal.code = txtNrInv->Text();
-  disposal.sale = txtOut->Text() == "V";
-  disposal.date = DTPicker1->Date().value();
-  disposal.client = cboIDClient->BoundText();
-  disposal.document = txtDocIesire->Text();
-  for (std::size_t i = 0; i < txtValoare.size(); ++i) disposal.value[i] = Content(*txtValoare[i]);
-  disposal.cost = Content(*TextCump);
-  disposal.foreignCost = Content(*TextCumpDev);
-  for (std::size_t i = 0; i < txtCont.size(); ++i) disposal.cont[i] = txtCont[i]->Text();
-  disposal.vat = cboTVA->Text();
-  disposal.vatAmount = Content(*txtTVA);
-  disposal.assetAccount = sCont_;
-  disposal.costCentre = sCodCC_;
-  return disposal;
-}
-
-void frmIesireImo::cmdSalvare_Click(Procedure& running) {
-  if (calculated_ != DTPicker1->Date()) DTPicker1_LostFocus();
-  running.line = 1;
-  const Disposal disposal = Contents();
-  if (Refused(EsteIesireValida(disposal))) return;
-  running.line = 2;
-  double rate = 1;
-  if (Refused(CheckCompany(disposal, rate))) return;
-  running.line = 3;
-  if (disposal.sale && !MayDelete(OtherNotesOf(disposal))) return;
-  running.line = 4;
-  if (!Save(disposal)) return;
-  MarkSaved();
-  if (disposal.sale) AddNotes(disposal, rate);
-  running.line = 5;
-  ShowLeftBefore();
-  if (frmImo* list = windows::Single<frmImo>()) list->ShowChanges();
-}
-
-bool frmIesireImo::Refused(const std::optional<DisposalRefusal>& refusal) {
-  using Box = DisposalRefusal::Box;
-  if (!refusal) return false;
-  MsgBoxEx(refusal->message, refusal->icon);
-  const std::pair<Box, QWidget*> boxes[] = {{Box::kPrice, txtValoare[kPrice]},
-                                            {Box::kExpense, cboCheltuieli},
-                                            {Box::kCustomer, cboClient},
-                                            {Box::kRevenue, cboVenituri},
-                                            {Box::kVat, cboTVA},
-                                            {Box::kClient, cboIDClient},
-                                            {Box::kDocument, txtDocIesire}};
-  for (const auto& [box, widget] : boxes) {
-    if (box == refusal->box) GiveFocus(widget);
-  }
-  return true;
-}
-
-bool frmIesireImo::Save(const Disposal& disposal) {
-  return RunWith(
-      "pSalvareIesire",
-      [&](Procedure&) {
-        pSalvareIesire(disposal);
-        MsgBoxEx("Datele au fost salvate cu succes !", kInformation);
-      },
-      [](const Failure& failure, const Procedure&) {
-        MsgBoxEx(ShortErrorText(failure), kCritical, "Salvare");
-      });
-}
-
-// Users know the message by the name of the card.
-void frmIesireImo::AddNotes(const Disposal& sale, double rate) {
-  RunWith(
-      "pAddNoteContabile",
-      [&](Procedure& running) {
-        running.line = 1;
-        PostSale(sale, rate);
-        running.line = 2;
-        if (!PostRetirement(sale, rate)) {
-          MsgBoxEx(NotAssociatedText(sale.assetAccount), kInformation);
-        }
-      },
-      [](const Failure& failure, Procedure running) {
-        running.module = "frmFisaImo";
-        ShowStandardError(failure, running);
-      });
 }
 
 frmIesireImo& OpenDisposal(std::int32_t nrCrt) {

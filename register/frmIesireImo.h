@@ -86,7 +86,7 @@ class frmIesireImo : public Form {
   void cmdSalvare_Click(Procedure& running);
   bool Refused(const std::optional<DisposalRefusal>& refusal);
   bool Save(const Disposal& disposal);
-  void AddNotes(const Disposal& sale, double rate);
+  void AddNotes(const Disposal& sale, double rate, const SaleNoteUse& agreed);
 
   std::int32_t nrCrt_;
   std::array<Adodc*, 5> sources_{};

@@ -21,7 +21,8 @@ namespace {
 
 void RunOnCompany(const CommandLine& line, const Streams& streams, ReportWriter* writeReport) {
   // Checked before the user types a password.
-  const bool dated = line.command == Command::Calculate || line.command == Command::Asset;
+  const bool dated = line.command == Command::Calculate || line.command == Command::Asset ||
+                     line.command == Command::Dispose;
   const DateTime date = dated ? ParseDate(line.date) : DateTime();
   for (const std::string* day :
        {&line.date, &line.from, &line.to, &line.object.bought, &line.object.inService}) {
@@ -37,6 +38,8 @@ void RunOnCompany(const CommandLine& line, const Streams& streams, ReportWriter*
       return Calculate(date, line.post, streams.out);
     case Command::Asset:
       return CalculateOneAsset(company, line.code, date, line.csv, streams.out);
+    case Command::Dispose:
+      return DisposeOfAsset(company, line, date, streams.out);
     case Command::Plan:
       return WritePlan(line.nrcrt, line.csv, streams.out);
     case Command::Report:
@@ -76,6 +79,8 @@ void Run(const CommandLine& line, const Streams& streams, ReportWriter* writeRep
 // The log must not contain what the user typed.
 std::string WithoutTyped(std::string text, const CommandLine& line) {
   std::vector<const std::string*> all = line.object.All();
+  const auto disposal = line.disposal.All();
+  all.insert(all.end(), disposal.begin(), disposal.end());
   all.insert(all.end(), {&line.user, &line.code, &line.name, &line.date, &line.nrcrt, &line.month,
                          &line.currency, &line.from, &line.to});
   for (const std::string* typed : all) {

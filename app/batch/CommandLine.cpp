@@ -160,6 +160,8 @@ class Parser {
     AddCsvFlag(Add(Command::Plan, "plan", "Face si afiseaza planul de amortizare pe ani",
                    {{"NRCRT", &line_.nrcrt, "Numarul curent al imobilizarii"}}));
     AddCsvFlag(Add(Command::Assets, "assets", "Afiseaza imobilizarile si totalurile lor", {}));
+    dispose_ = Add(Command::Dispose, "dispose", "Scoate o imobilizare din gestiune", {});
+    AddDisposalOptions(*dispose_, line_);
     CLI::App* charges = Add(Command::Charges, "charges",
                             "Afiseaza cheltuielile lunii dupa ultimul calcul, pe grupe", {});
     charges
@@ -297,6 +299,7 @@ class Parser {
   }
 
   void CheckOptions() {
+    if (line_.command == Command::Dispose) CheckDisposalOptions(*dispose_, line_);
     if (line_.command == Command::Create) CheckCreate();
     if (line_.command == Command::Report) CheckReport();
     if (line_.command == Command::AddObject && action_ != "add") {
@@ -317,6 +320,7 @@ class Parser {
   std::string orientation_ = "portrait";
   bool takeOver_ = false;
   bool replace_ = false;
+  CLI::App* dispose_ = nullptr;
   CLI::App* report_ = nullptr;
   std::string kind_;    // of the report
   std::string action_;  // with an object

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "app/batch/DisposalOptions.h"
 #include "app/batch/ObjectOptions.h"
 #include "session/Companies.h"
 
@@ -18,6 +19,7 @@ enum class Command {
   Calculate,
   Asset,
   Plan,
+  Dispose,
   Assets,
   Charges,
   Objects,
@@ -45,8 +47,9 @@ struct CommandLine {
   std::string user;                         ///< not empty when the command logs in
   std::optional<std::string> passwordFile;  ///< without one the program asks for the password
 
-  std::string code;  ///< of the company to create, or the COD of the asset
-  std::string name;  ///< of the company to create
+  std::string
+      code;  ///< of the company to create, or the COD of the asset; empty for a disposal by NRCRT
+  std::string name;                               ///< of the company to create
   ExistingFile existing = ExistingFile::kRefuse;  ///< of the company to create
   std::string file;                               ///< CSV to load, "-" for the standard input
   std::string table;                              ///< to load into
@@ -56,6 +59,7 @@ struct CommandLine {
   bool dryRun = false;                            ///< of the transfer: shows it and writes nothing
   std::string nrcrt;                              ///< of the asset or object, as written
   ObjectOptions object;                           ///< to add
+  DisposalOptions disposal;
   Grouping grouping = Grouping::Account;
   ReportKind report = ReportKind::Charges;
   std::string currency = "LEI";

@@ -79,8 +79,10 @@ class AssetDisposal : public ::testing::Test {
     sale.costCentre = "ADM";
     return sale;
   }
+  // After a Yes to notes of something else.
+  static void PostSaleNote(const Disposal& sale) { PostSale(sale, 5, FindSaleNoteUse(sale)); }
   static void Post(const Disposal& sale) {
-    PostSale(sale, 5);
+    PostSaleNote(sale);
     PostRetirement(sale, 5);
   }
 
@@ -301,7 +303,7 @@ TEST_F(AssetDisposal, NotesReplaceThoseOfTheSameDocument) {
 TEST_F(AssetDisposal, AnAccountWithoutAssociationKeepsTheFirstNoteAlone) {
   Post(Sale());
   Change("DELETE * FROM I_CONTURIIM WHERE CONT = '2131'");
-  PostSale(Sale(), 5);
+  PostSaleNote(Sale());
   EXPECT_FALSE(PostRetirement(Sale(), 5));
   EXPECT_EQ(Lines(), "1 1 4111 1210 0 F'12 \n1 2 7583 0 1000 F'12 \n1 3 4427 0 210 F'12 \n");
   EXPECT_EQ(NotAssociatedText("2131"), "Va rog asociati contului 2131 un cont de amortizare");
@@ -319,7 +321,7 @@ TEST_F(AssetDisposal, AnAccountWithoutAssociationKeepsTheFirstNoteAlone) {
 }
 
 TEST_F(AssetDisposal, OnlyItsOwnEarlierNotesGoWithoutAQuestion) {
-  const auto notes = [&] { return OtherNotesOf(Sale()).notes; };
+  const auto notes = [&] { return FindSaleNoteUse(Sale()).others.notes; };
   EXPECT_EQ(notes(), 0);
   Post(Sale());
   EXPECT_EQ(notes(), 2) << "the asset is not stored as sold";
@@ -329,18 +331,27 @@ TEST_F(AssetDisposal, OnlyItsOwnEarlierNotesGoWithoutAQuestion) {
       "INSERT INTO Kv_Linii (NDI, NRLINIE, JURNAL, CONT, DEBIT, DOC) VALUES "
       "(9, 1, 'JC', '401', 50, 'F''12')");
   EXPECT_EQ(notes(), 1);
-  EXPECT_EQ(OtherNotesOf(Sale()).lei, 50);
+  EXPECT_EQ(FindSaleNoteUse(Sale()).others.lei, 50);
   // Another asset on the same invoice.
   const int other = AddAsset();
   Disposal second = Sale();
   second.asset = other;
-  EXPECT_EQ(OtherNotesOf(second).notes, 3);
+  EXPECT_EQ(FindSaleNoteUse(second).others.notes, 3);
   pSalvareIesire(second);
   EXPECT_EQ(notes(), 3);
-  EXPECT_EQ(OtherNotesOf(second).notes, 3);
+  EXPECT_EQ(FindSaleNoteUse(second).others.notes, 3);
   Change("UPDATE I_IMO SET TIP_IESIRE = 'C' WHERE NRCRT = " + std::to_string(asset_));
   Change("UPDATE I_IMO SET DocIesire = 'X' WHERE NRCRT = " + std::to_string(other));
   EXPECT_EQ(notes(), 3) << "scrapped under the document";
+}
+
+TEST_F(AssetDisposal, WhatCameAfterTheAgreementIsNotDeleted) {
+  const SaleNoteUse agreed = FindSaleNoteUse(Sale());
+  Change(
+      "INSERT INTO Kv_Linii (NDI, NRLINIE, JURNAL, CONT, DEBIT, DOC) VALUES "
+      "(9, 1, 'JC', '401', 50, 'F''12')");
+  EXPECT_EQ(RefusalOf([&] { PostSale(Sale(), 5, agreed); }).number, kRowChanged);
+  EXPECT_EQ(Lines(), "9 1 401 50  F'12 \n");
 }
 
 TEST_F(AssetDisposal, WhatLooksWrongIsSaid) {
@@ -381,13 +392,13 @@ TEST_F(AssetDisposal, AnAssetThatLeftBeforeIsNamed) {
 TEST_F(AssetDisposal, ALockedFileLeavesTheStepsBefore) {
   CurrentSession().connectionString += ";Lock Timeout=50";
   pSalvareIesire(Sale());
-  PostSale(Sale(), 5);
+  PostSaleNote(Sale());
   const std::string before = Lines();
   {
     Connection other = company_.Open();
     const Transaction lock(other);
     EXPECT_THROW(PostRetirement(Sale(), 5), Failure);
-    EXPECT_THROW(PostSale(Sale(), 5), Failure);
+    EXPECT_THROW(PostSaleNote(Sale()), Failure);
     EXPECT_THROW(pSalvareIesire(Sale()), Failure);
     EXPECT_THROW(BringUpTo(asset_, kDay), Failure);
   }

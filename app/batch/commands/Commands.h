@@ -53,6 +53,15 @@ void Transfer(Connection& company, const DateTime& month, bool dryRun, std::ostr
 void CalculateOneAsset(Connection& company, const std::string& cod, const DateTime& date, bool csv,
                        std::ostream& out);
 
+/// Takes the asset with the line's COD, or with its NRCRT where there is no COD, out of the
+/// register on that date, as its window does, and prints the notes of a sale. Asks before notes of
+/// something else under the document are deleted. Throws Refusal for an unknown asset, a COD of
+/// several assets, what the window refuses and codes that its lists do not have; the asset is
+/// calculated to the date before the company's own data are checked. Throws Failure when the
+/// asset's row cannot be written.
+void DisposeOfAsset(Connection& company, const CommandLine& line, const DateTime& date,
+                    std::ostream& out);
+
 /// Makes the plan of an asset by its NRCRT and prints it. Throws Refusal for an unknown asset or
 /// one without a plan, Failure when the plan cannot be made; the previous plan is then kept.
 void WritePlan(const std::string& nrcrt, bool csv, std::ostream& out);

@@ -1,3 +1,4 @@
+#include "app/batch/Entries.h"
 #include "app/batch/NoteTable.h"
 #include "app/batch/Refusal.h"
 #include "app/batch/WholeNumber.h"
@@ -6,8 +7,6 @@
 #include "inventory/ObjectNotes.h"
 #include "inventory/ObjectSave.h"
 #include "platform/system/Clock.h"
-#include "platform/text/Numbers.h"
-#include "platform/text/Strings.h"
 #include "session/Session.h"
 
 namespace tevra::batch {
@@ -16,26 +15,10 @@ namespace {
 
 using namespace object;
 
-struct Code {
-  std::string code;
-  std::string text;
-};
-
-// The entry of a list with a code, as picking it in the window's list gives it.
-Code Picked(Connection& company, Text box, const std::string& written, const char* what) {
-  if (written.empty()) return {};
+// The entry of the list that fills a box, as picking it in the window's list gives it.
+Entry Picked(Connection& company, Text box, const std::string& written, const char* what) {
   const ObjectCodeList& list = ListOf(box);
-  Recordset rows = company.OpenRecordset(list.list);
-  for (; !rows.Eof(); rows.MoveNext()) {
-    const std::string code = rows.Get(list.boundColumn).TextOrEmpty();
-    if (EqualNoCase(code, written)) return {code, rows.Get(list.listField).TextOrEmpty()};
-  }
-  throw Refusal(std::string(what) + " " + written + " nu exista !");
-}
-
-Value NumberFrom(const std::string& written) {
-  if (Trim(written).empty()) return {};
-  return IsNumeric(written) ? Value(CDbl(written)) : Value(written);
+  return PickEntry(company, list.list, list.boundColumn, list.listField, written, what);
 }
 
 DateTime DayFrom(const std::string& written) {
@@ -53,7 +36,7 @@ ObjectCard CardOf(Connection& company, const ObjectOptions& options) {
   card.text[kLocation] = Picked(company, kLocation, options.location, "Localizarea").code;
   card.text[kSupplier] = Picked(company, kSupplier, options.supplier, "Furnizorul").code;
   card.text[kAccount] = Picked(company, kAccount, options.account, "Contul").code;
-  const Code vat = Picked(company, kVat, options.vat, "Cota de TVA");
+  const Entry vat = Picked(company, kVat, options.vat, "Cota de TVA");
   card.text[kVat] = vat.code;
   card.vat = vat.text;
   card.number = {NumberFrom(options.value), NumberFrom(options.rate),
