@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "inventory/ObjectNotes.h"
+#include "platform/forms/BoxButton.h"
 #include "platform/forms/Hourglass.h"
 #include "platform/forms/Windows.h"
 #include "platform/system/Clock.h"
@@ -11,6 +12,7 @@
 #include "session/Combos.h"
 #include "session/MenuTable.h"
 #include "session/Module1.h"
+#include "session/RateOffer.h"
 #include "session/Session.h"
 #include "session/frmParamSoc.h"
 
@@ -60,6 +62,12 @@ void frmObInvFisa::Connect() {
       return true;
     });
   }
+  OnBoxButton(*txtNumar[kRate], kRateOfferTip, [this] {
+    RunShort("cmdCurs_Click", [this](Procedure&) {
+      if (OfferRate(*txtNumar[kRate], DTPicker1[kBought]->Date().value()))
+        txtNumar_LostFocus(kRate);
+    });
+  });
   const auto combos = Combos();
   for (std::size_t i = 0; i < combos.size(); ++i) {
     connect(combos[i], &DataCombo::Picked, this, [this, i] { PickedInCombo(i); });

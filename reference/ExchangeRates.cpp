@@ -1,21 +1,14 @@
 #include "reference/ExchangeRates.h"
 
-#include <filesystem>
-#include <fstream>
 #include <map>
 
 #include "platform/data/Command.h"
 #include "platform/data/RowReader.h"
-#include "platform/system/Paths.h"
-#include "platform/text/FailureText.h"
 #include "platform/text/Strings.h"
 
 namespace tevra {
 
 namespace {
-
-// The longest run of days without a bank's day, with some to spare.
-constexpr int kOldAfterDays = 10;
 
 // The codes of the company's currencies, by the same in capitals.
 std::map<std::string, std::string> KnownCodes(const Connection& company) {
@@ -79,14 +72,6 @@ RatesStored StoreRates(Connection& company, const RatesFile& file) {
   return stored;
 }
 
-RatesStored TakeRatesFrom(Connection& company, const std::string& file) {
-  const std::filesystem::path path = paths::Resolve(file);
-  std::ifstream in(path, std::ios::binary);
-  if (!std::filesystem::exists(path)) throw FileFailure(kFileNotFound, file);
-  if (!in || std::filesystem::is_directory(path)) throw FileFailure(kPermissionDenied, file);
-  return StoreRates(company, ReadRatesFile(in, path.filename().string()));
-}
-
 std::string RatesStoredText(const RatesStored& stored) {
   std::string text = Counted(stored.added, "curs nou", "cursuri noi") + ", " +
                      Counted(stored.changed, "modificat", "modificate") + ", " +
@@ -96,20 +81,6 @@ std::string RatesStoredText(const RatesStored& stored) {
   for (const std::string& code : stored.unknown) unknown += (unknown.empty() ? "" : ", ") + code;
   if (!unknown.empty()) text += " (valute care nu sunt in lista: " + unknown + ")";
   return text;
-}
-
-std::optional<DayRate> RateAt(Connection& company, const std::string& currency,
-                              const DateTime& day) {
-  RowReader rows(company,
-                 "select top 1 DATA, CURS from kv_val2 where COD = ? and DATA < ? and CURS > 0 "
-                 "order by DATA desc",
-                 {currency, day.Midnight().AddDays(1)});
-  if (!rows.Next()) return std::nullopt;
-  return DayRate{rows.Get(0).AsDateTime().Midnight(), rows.Get(1).AsDouble()};
-}
-
-bool IsOldRate(const DayRate& rate, const DateTime& day) {
-  return rate.day.AddDays(kOldAfterDays) < day.Midnight();
 }
 
 }  // namespace tevra

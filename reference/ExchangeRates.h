@@ -1,7 +1,6 @@
-// The rates of currencies: from the National Bank's files into kv_val2, and looked up there.
+// The rates of currencies: from the National Bank's files into kv_val2.
 #pragma once
 
-#include <optional>
 #include <set>
 #include <string>
 
@@ -22,25 +21,7 @@ struct RatesStored {
 /// currency on the same day, at whatever time, gives way. Throws Failure; then nothing has changed.
 RatesStored StoreRates(Connection& company, const RatesFile& file);
 
-/// Reads a file and stores its rates. Throws Failure like ReadRatesFile and StoreRates, and when
-/// the file cannot be opened; then nothing has changed.
-RatesStored TakeRatesFrom(Connection& company, const std::string& file);
-
 /// "3 cursuri noi, 1 modificat, 12 neschimbate, 2 sarite (valute care nu sunt in lista: HKD)".
 std::string RatesStoredText(const RatesStored& stored);
-
-struct DayRate {
-  DateTime day;  ///< for which the rate was entered
-  double rate;   ///< lei for one unit
-};
-
-/// The rate of a currency on a day, or on the last day before it that has one. Nothing when there
-/// is none. Throws Failure.
-std::optional<DayRate> RateAt(Connection& company, const std::string& currency,
-                              const DateTime& day);
-
-/// True when so many days lie between a rate and the day that it is needed for that it is not the
-/// rate of a day before a weekend or a holiday.
-bool IsOldRate(const DayRate& rate, const DateTime& day);
 
 }  // namespace tevra

@@ -1,12 +1,16 @@
 #include "reference/RatesFile.h"
 
 #include <cstdint>
+#include <filesystem>
+#include <fstream>
 #include <optional>
 #include <sstream>
 #include <string_view>
 
 #include "platform/rowset/XmlReader.h"
+#include "platform/system/Paths.h"
 #include "platform/text/Failure.h"
+#include "platform/text/FailureText.h"
 #include "platform/text/Strings.h"
 
 namespace tevra {
@@ -152,6 +156,14 @@ RatesFile ReadRatesFile(std::istream& in, const std::string& name) {
                       failure.Description() + ")",
                   name);
   }
+}
+
+RatesFile ReadRatesFile(const std::string& path) {
+  const std::filesystem::path file = paths::Resolve(path);
+  std::ifstream in(file, std::ios::binary);
+  if (!std::filesystem::exists(file)) throw FileFailure(kFileNotFound, path);
+  if (!in || std::filesystem::is_directory(file)) throw FileFailure(kPermissionDenied, path);
+  return ReadRatesFile(in, file.filename().string());
 }
 
 }  // namespace tevra

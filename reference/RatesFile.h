@@ -25,4 +25,7 @@ struct RatesFile {
 /// large, and for a rate, multiplier or day that is none.
 RatesFile ReadRatesFile(std::istream& in, const std::string& name);
 
+/// The same for a file on disk. Also throws Failure when it cannot be opened.
+RatesFile ReadRatesFile(const std::string& path);
+
 }  // namespace tevra

@@ -172,8 +172,9 @@ void frmValute::cmdPreluare_Click() {
         std::string told;
         {
           const Hourglass waiting;
+          const RatesFile rates = ReadRatesFile(*file);
           Connection company(CurrentSession().connectionString);
-          told = RatesStoredText(TakeRatesFrom(company, *file));
+          told = RatesStoredText(StoreRates(company, rates));
           pAfisareCursuri();
         }
         MsgBoxEx("Cursurile au fost preluate: " + told + ".", kInformation, kTakingOver);

@@ -1,11 +1,13 @@
 #include "register/frmFisaImo.h"
 
+#include "platform/forms/BoxButton.h"
 #include "platform/forms/Windows.h"
 #include "platform/system/Clock.h"
 #include "platform/system/MessageBox.h"
 #include "platform/text/Numbers.h"
 #include "register/frmIesireImo.h"
 #include "session/Module1.h"
+#include "session/RateOffer.h"
 #include "session/Session.h"
 
 namespace tevra {
@@ -54,6 +56,8 @@ void frmFisaImo::Connect() {
       RunShort("DTPicker1_LostFocus", [&](Procedure&) { DTPicker1_LostFocus(left); });
     });
   }
+  OnBoxButton(*txtNumar[kExchangeRate], kRateOfferTip,
+              [this] { RunShort("cmdCurs_Click", [this](Procedure&) { TakeRateOfDay(); }); });
   connect(chkBlocata, &CheckBox::Click, this, [this] {
     touched_.insert(chkBlocata);
     RunShort("chkBlocata_Click", [this](Procedure&) { chkBlocata_Click(); });

@@ -112,6 +112,7 @@ class frmFisaImo : public Form {
   void FallBackToLinear();
   void Apply(const Derived& derived, bool withReal = true);
   void txtNumar_LostFocus(number::Place left);
+  void TakeRateOfDay();
   void LeaveNormalDuration();
   void LeaveRealDuration();
   void DeriveFromDuration(bool withReal);

@@ -3,6 +3,7 @@
 #include "platform/text/Numbers.h"
 #include "register/frmFisaImo.h"
 #include "session/Module1.h"
+#include "session/RateOffer.h"
 #include "session/Session.h"
 
 namespace tevra {
@@ -156,6 +157,12 @@ void frmFisaImo::txtNumar_LostFocus(number::Place left) {
         }
       },
       told);
+}
+
+void frmFisaImo::TakeRateOfDay() {
+  if (!OfferRate(*txtNumar[kExchangeRate], DTPicker1[kBought]->Date().value())) return;
+  txtNumar_LostFocus(kExchangeRate);
+  Settle();
 }
 
 void frmFisaImo::LeaveNormalDuration() {

@@ -24,8 +24,8 @@ void RunOnCompany(const CommandLine& line, const Streams& streams, ReportWriter*
   const bool dated = line.command == Command::Calculate || line.command == Command::Asset ||
                      line.command == Command::Dispose;
   const DateTime date = dated ? ParseDate(line.date) : DateTime();
-  for (const std::string* day :
-       {&line.date, &line.from, &line.to, &line.object.bought, &line.object.inService}) {
+  for (const std::string* day : {&line.date, &line.from, &line.to, &line.rateDay,
+                                 &line.object.bought, &line.object.inService}) {
     if (!day->empty()) ParseDate(*day);
   }
   const bool moves = line.command == Command::Transfer;
@@ -52,6 +52,9 @@ void RunOnCompany(const CommandLine& line, const Streams& streams, ReportWriter*
       return WriteOffObject(company, line.nrcrt, streams.out);
     case Command::Transfer:
       return Transfer(company, month, line.dryRun, streams.out);
+    case Command::Rates:
+      if (!line.file.empty()) return TakeRates(company, line.file, streams.out);
+      return PrintRate(company, line.code, ParseDate(line.rateDay), streams.out);
     case Command::Assets:
       return ListAssets(line.csv, streams.out);
     default:
@@ -82,7 +85,7 @@ std::string WithoutTyped(std::string text, const CommandLine& line) {
   const auto disposal = line.disposal.All();
   all.insert(all.end(), disposal.begin(), disposal.end());
   all.insert(all.end(), {&line.user, &line.code, &line.name, &line.date, &line.nrcrt, &line.month,
-                         &line.currency, &line.from, &line.to});
+                         &line.currency, &line.from, &line.to, &line.rateDay, &line.file});
   for (const std::string* typed : all) {
     if (typed->empty()) continue;
     for (std::size_t at = text.find(*typed); at != text.npos; at = text.find(*typed, at + 1)) {

@@ -55,6 +55,7 @@ class Parser {
     AddCompanyCommands();
     AddAssetCommands();
     AddObjectCommands();
+    AddRatesCommand();
     AddReportCommand();
   }
 
@@ -183,6 +184,16 @@ class Parser {
         {{"NRCRT", &line_.nrcrt, "Numarul curent al obiectului"}});
   }
 
+  void AddRatesCommand() {
+    rates_ = Add(Command::Rates, "rates",
+                 "Preia cursurile valutare dintr-un fisier XML al Bancii Nationale",
+                 {{"FISIER", &line_.file, "Fisierul XML; cu --at, codul valutei"}});
+    rates_
+        ->add_option("--at", line_.rateDay,
+                     "Afiseaza in loc cursul unei valute intr-o zi (sau dinainte): ZZ.LL.AAAA")
+        ->type_name("DATA");
+  }
+
   void AddReportCommand() {
     report_ = Add(Command::Report, "report", "Scrie un raport ca fisier PDF",
                   {{"RAPORT", &kind_, "charges, purchases sau inventory"}});
@@ -305,6 +316,7 @@ class Parser {
     if (line_.command == Command::AddObject && action_ != "add") {
       throw UsageError("Actiune necunoscuta: " + action_ + " (add) !");
     }
+    if (rates_->count("--at") > 0) line_.code = std::exchange(line_.file, {});
     CheckGrouping();
     if (passwordFile_->count() > 0) line_.passwordFile = password_;
     if (NeedsLogin(line_.command) && line_.user.empty()) {
@@ -321,6 +333,7 @@ class Parser {
   bool takeOver_ = false;
   bool replace_ = false;
   CLI::App* dispose_ = nullptr;
+  CLI::App* rates_ = nullptr;
   CLI::App* report_ = nullptr;
   std::string kind_;    // of the report
   std::string action_;  // with an object

@@ -26,7 +26,8 @@ enum class Command {
   AddObject,
   WriteOff,
   Report,
-  Transfer
+  Transfer,
+  Rates
 };
 
 /// The grouping of charges; inventory objects have a person instead of a class. The values are the
@@ -47,18 +48,20 @@ struct CommandLine {
   std::string user;                         ///< not empty when the command logs in
   std::optional<std::string> passwordFile;  ///< without one the program asks for the password
 
-  std::string
-      code;  ///< of the company to create, or the COD of the asset; empty for a disposal by NRCRT
+  /// Of the company to create, the COD of the asset (empty for a disposal by NRCRT) or the
+  /// currency.
+  std::string code;
   std::string name;                               ///< of the company to create
   ExistingFile existing = ExistingFile::kRefuse;  ///< of the company to create
-  std::string file;                               ///< CSV to load, "-" for the standard input
-  std::string table;                              ///< to load into
-  std::string date;                               ///< of the calculation, as written
-  bool post = false;                              ///< also posts the month's charges
-  std::string month;                              ///< of the transfer, as written
-  bool dryRun = false;                            ///< of the transfer: shows it and writes nothing
-  std::string nrcrt;                              ///< of the asset or object, as written
-  ObjectOptions object;                           ///< to add
+  std::string file;      ///< CSV to load, "-" for the standard input; or the file of rates
+  std::string table;     ///< to load into
+  std::string date;      ///< of the calculation, as written
+  bool post = false;     ///< also posts the month's charges
+  std::string month;     ///< of the transfer, as written
+  bool dryRun = false;   ///< of the transfer: shows it and writes nothing
+  std::string rateDay;   ///< whose rate of `code` to print, as written
+  std::string nrcrt;     ///< of the asset or object, as written
+  ObjectOptions object;  ///< to add
   DisposalOptions disposal;
   Grouping grouping = Grouping::Account;
   ReportKind report = ReportKind::Charges;

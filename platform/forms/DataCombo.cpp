@@ -6,10 +6,10 @@
 #include <QIdentityProxyModel>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QPainter>
 #include <QWheelEvent>
 #include <utility>
 
+#include "platform/forms/BoxButton.h"
 #include "platform/forms/FormsApplication.h"
 #include "platform/forms/InputMark.h"
 #include "platform/text/Strings.h"
@@ -30,21 +30,6 @@ QString Folded(const QString& text) {
   QString folded = text.toCaseFolded().normalized(QString::NormalizationForm_D);
   folded.removeIf([](QChar each) { return each.category() == QChar::Mark_NonSpacing; });
   return folded;
-}
-
-// Three dots, as on buttons that open another screen.
-QIcon EditIcon(const QPalette& palette) {
-  constexpr int kSide = 16;
-  constexpr int kDensity = 2;
-  QPixmap picture(kSide * kDensity, kSide * kDensity);
-  picture.setDevicePixelRatio(kDensity);
-  picture.fill(Qt::transparent);
-  QPainter painter(&picture);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(palette.color(QPalette::Text));
-  for (const qreal x : {3.5, 8.0, 12.5}) painter.drawEllipse(QPointF(x, 10), 1.3, 1.3);
-  return QIcon(picture);
 }
 
 class FoldedTexts : public QIdentityProxyModel {
@@ -280,8 +265,7 @@ void DataCombo::SetEditor(std::function<void()> open) {
   const bool first = !editor_;
   editor_ = std::move(open);
   if (!first) return;
-  QAction* action = lineEdit()->addAction(EditIcon(palette()), QLineEdit::TrailingPosition);
-  action->setToolTip("Editarea listei (F4)");
+  const QAction* action = AddBoxButton(*lineEdit(), "Editarea listei (F4)");
   connect(action, &QAction::triggered, this, [this] { AfterEvent(this, [this] { editor_(); }); });
 }
 

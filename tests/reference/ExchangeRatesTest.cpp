@@ -7,6 +7,7 @@
 
 #include "platform/text/Failure.h"
 #include "reference/ExchangeRates.h"
+#include "session/DayRate.h"
 #include "tests/TestCompany.h"
 
 namespace tevra::test {
@@ -109,9 +110,11 @@ TEST_F(ExchangeRates, AYearReadTwiceChangesNothingTheSecondTime) {
   const std::string file = (company_.Directory() / "an.xml").string();
   std::ofstream(file) << Year(codes);
   const int all = 365 * static_cast<int>(codes.size());
-  EXPECT_EQ(CountsOf(TakeRatesFrom(connection_, file)), std::to_string(all) + " 0 0 365");
+  EXPECT_EQ(CountsOf(StoreRates(connection_, ReadRatesFile(file))),
+            std::to_string(all) + " 0 0 365");
   const std::string after = Rates();
-  EXPECT_EQ(CountsOf(TakeRatesFrom(connection_, file)), "0 0 " + std::to_string(all) + " 365");
+  EXPECT_EQ(CountsOf(StoreRates(connection_, ReadRatesFile(file))),
+            "0 0 " + std::to_string(all) + " 365");
   EXPECT_EQ(Rates(), after);
 }
 
@@ -164,8 +167,8 @@ TEST_F(ExchangeRates, ARefusedFileSaysWhyAndChangesNothing) {
     EXPECT_NE(refusal.find("Niciun curs nu a fost preluat."), std::string::npos) << refusal;
   }
   EXPECT_EQ(Rates(), "");
-  EXPECT_THROW(TakeRatesFrom(connection_, (company_.Directory() / "nu.xml").string()), Failure);
-  EXPECT_THROW(TakeRatesFrom(connection_, company_.Directory().string()), Failure);
+  EXPECT_THROW(ReadRatesFile((company_.Directory() / "nu.xml").string()), Failure);
+  EXPECT_THROW(ReadRatesFile(company_.Directory().string()), Failure);
 }
 
 TEST_F(ExchangeRates, ADayWithoutARateTakesTheLastDayBefore) {

@@ -1,4 +1,6 @@
 // What the card keeps, derives and asks when boxes are left and when it is closed.
+#include <QToolButton>
+
 #include "tests/screens/CardTest.h"
 
 namespace tevra::test {
@@ -103,6 +105,55 @@ TEST_F(EditedCard, ABoxThatWasChangedDerivesOnAnExistingAssetToo) {
   EXPECT_TRUE(card->Liniara->isEnabled());
   EXPECT_EQ(Boxes(*card, {kBlockedValue, kBlockedForeignValue, kYearsLeft, kMonthsLeft}),
             "0 0 0 0");
+}
+
+TEST_F(EditedCard, TheRateOfTheDayReplacesATypedOneOnlyAfterAQuestion) {
+  const auto enter = [this](const char* currency, const DateTime& day, double rate) {
+    company_.Open().Execute("INSERT INTO kv_val2 (COD, DATA, CURS) VALUES (?, ?, ?)",
+                            {currency, day, rate});
+  };
+  company_.Open().Execute("DELETE FROM kv_val2");
+  enter("EUR", DateTime(2026, 3, 13, 14), 5.0903);
+  enter("USD", DateTime(2026, 3, 14), 4.3);
+  enter("EUR", DateTime(2026, 3, 17), 5.1);
+  const auto card = Open();
+  NumberBox* rate = card->txtNumar[kExchangeRate];
+  Type(card->txtNumar[kValue], "10180,6");
+  Type(card->DTPicker1[kBought], "15032026");
+  const auto offer = [&] {
+    messages_.shown.clear();
+    rate->setFocus();
+    QTest::keyClick(rate, Qt::Key_F4);
+    QCoreApplication::processEvents();
+    return LastPrompt();
+  };
+  EXPECT_EQ(offer(), "");
+  EXPECT_EQ(Boxes(*card, {kExchangeRate, kForeignValue}), "5,0903 2.000,00");
+  // A typed rate stays until the question is answered with Yes.
+  Type(rate, "4,9");
+  messages_.answers = {kNo, kYes};
+  EXPECT_EQ(offer(), "Cursul 4,9 va fi inlocuit. Doriti cursul 5,0903 din 13.03.2026 ?");
+  EXPECT_EQ(messages_.shown.back().buttons, 0L + kYesNo + kQuestion + kDefaultStep);
+  EXPECT_EQ(rate->Text(), "4,9");
+  EXPECT_NE(offer(), "");
+  EXPECT_EQ(Boxes(*card, {kExchangeRate, kForeignValue}), "5,0903 2.000,00");
+  EXPECT_EQ(offer(), "") << "it is there already";
+  // The date that is being typed counts when the dots are clicked; an old rate is asked about.
+  rate->clear();
+  card->DTPicker1[kBought]->setFocus();
+  QTest::keyClicks(card->DTPicker1[kBought], "01062026");
+  messages_.answers = {kNo};
+  QTest::mouseClick(rate->findChild<QToolButton*>(), Qt::LeftButton);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(
+      LastPrompt(),
+      "Ultimul curs EUR dinainte de 01.06.2026 este cel din 17.03.2026. Doriti cursul 5,1 din "
+      "17.03.2026 ?");
+  EXPECT_EQ(rate->Text(), "");
+  Type(card->DTPicker1[kBought], "12032026");
+  EXPECT_EQ(offer(), "Nu exista curs EUR pentru 12.03.2026 sau dinainte !");
+  CurrentSession().codDeviza.clear();
+  EXPECT_EQ(offer(), "Va rugam alegeti deviza in configurarea societatii !");
 }
 
 TEST_F(EditedCard, AListThatNamesAnEntryAnewIsNoChange) {

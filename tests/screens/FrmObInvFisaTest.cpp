@@ -65,6 +65,19 @@ TEST_F(FrmObInvFisa, AnObjectIsBoughtByKeyboardAlone) {
   EXPECT_FALSE(card.HasChanges());
 }
 
+TEST_F(FrmObInvFisa, TheRateOfTheDayGivesTheValueInCurrency) {
+  company_.Open().Execute("DELETE FROM kv_val2");
+  company_.Open().Execute("INSERT INTO kv_val2 VALUES ('EUR', '2026-03-13 00:00:00', 5.0903)");
+  CurrentSession().codDeviza = "EUR";
+  frmObInvFisa& card = OpenCard(AddObject("07", "Trusa", "Ion", 101.806));
+  messages_.answers = {kYes};
+  card.txtNumar[kRate]->setFocus();
+  Key(Qt::Key_F4);
+  EXPECT_EQ(LastPrompt(), "Cursul 5 va fi inlocuit. Doriti cursul 5,0903 din 13.03.2026 ?");
+  EXPECT_EQ(card.txtNumar[kRate]->Text() + " " + card.txtNumar[kForeignValue]->Text(), "5,0903 20");
+  EXPECT_TRUE(card.HasChanges());
+}
+
 TEST_F(FrmObInvFisa, TheChecksNameTheirBoxes) {
   frmObInvFisa& card = OpenCard();
   Press(card.cmdSalvare);

@@ -81,6 +81,15 @@ void AddObject(Connection& company, const ObjectOptions& options, std::ostream& 
 /// Refusal for what the card refuses, Failure when nothing could be written.
 void WriteOffObject(Connection& company, const std::string& nrcrt, std::ostream& out);
 
+/// Takes the rates of a file of the National Bank and prints how many were new, changed, unchanged
+/// and skipped. Throws Refusal for a file that cannot be read; nothing has changed then.
+void TakeRates(Connection& company, const std::string& file, std::ostream& out);
+
+/// Prints the rate of a currency on a day, or on the last day before it that has one, with that
+/// day. Throws Refusal when there is none.
+void PrintRate(Connection& company, const std::string& currency, const DateTime& day,
+               std::ostream& out);
+
 /// Prints the month's charge of every asset after the last run, in groups with their sums.
 void ListCharges(Grouping grouping, bool csv, std::ostream& out);
 
