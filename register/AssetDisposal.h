@@ -186,8 +186,9 @@ std::optional<Note> PostRetirement(const Disposal& sale, double rate);
 /// Why there are no notes to show yet; empty when SaleNote and RetirementNote can be computed.
 std::string NoNoteReason(const Disposal& disposal, double rate);
 
-/// What looks wrong in these notes and stops nothing: a note that does not balance, VAT that
-/// differs from the chosen rate. One sentence a line; empty when there is nothing to say.
+/// What looks wrong in these notes and stops nothing: a note that does not balance or
+/// that will be refused, VAT that differs from the chosen rate. One sentence a line; empty when
+/// there is nothing to say.
 std::string WarningsOf(const Disposal& sale, const std::vector<Note>& notes);
 
 }  // namespace tevra

@@ -16,6 +16,9 @@ namespace {
 using namespace amount;
 using namespace account;
 
+constexpr const char* kSales = "JV";
+constexpr const char* kRetirements = "OD";
+
 double VatOf(const Disposal& sale) {
   return RoundTo(Nz(sale.vatAmount).AsDouble(), 2);
 }
@@ -68,11 +71,20 @@ std::string Imbalance(const Note& note) {
          ", credit " + Lei(credit.Total()) + ".";
 }
 
+// An association may be without its account.
+std::string NoDepreciationAccount(const Disposal& sale, const Note& note) {
+  const bool missing = note.front().Jurnal == kRetirements && note.back().Cont.empty() &&
+                       !sale.cont[kExpense].empty();
+  if (!missing) return {};
+  return "Contul " + sale.assetAccount + " nu are cont de amortizare: nota \"" + kRetirements +
+         "\" nu se poate scrie.";
+}
+
 }  // namespace
 
 Note SaleNote(const Disposal& sale, double rate) {
   const VatRate vat = ReadVatRate(sale.vat);
-  const NoteLine line = LineOfSale("JV", sale, rate);
+  const NoteLine line = LineOfSale(kSales, sale, rate);
   const double price = Nz(sale.value[kPrice]).AsDouble();
   const double foreignPrice = Nz(sale.value[kForeignPrice]).AsDouble();
   const double vatAmount = VatOf(sale);
@@ -88,7 +100,7 @@ Note SaleNote(const Disposal& sale, double rate) {
 
 // The depreciation's line depends on the amounts in currency alone.
 Note RetirementNote(const Disposal& sale, double rate, const std::string& depreciationAccount) {
-  const NoteLine line = LineOfSale("OD", sale, rate);
+  const NoteLine line = LineOfSale(kRetirements, sale, rate);
   const double cost = Nz(sale.cost).AsDouble();
   const double foreignCost = Nz(sale.foreignCost).AsDouble();
   const double residual = Nz(sale.value[kResidual]).AsDouble();
@@ -162,7 +174,9 @@ std::string WarningsOf(const Disposal& sale, const std::vector<Note>& notes) {
         std::to_string(vat.percent) + " % din pret este " + Lei(expected) + ".");
   }
   for (const Note& note : notes) {
-    if (!note.empty()) say(Imbalance(note));
+    if (note.empty()) continue;
+    say(Imbalance(note));
+    say(NoDepreciationAccount(sale, note));
   }
   return text;
 }

@@ -369,6 +369,8 @@ TEST_F(AssetDisposal, WhatLooksWrongIsSaid) {
             "TVA colectata 190,00 difera de cota aleasa: 0 % din pret este 0,00.\n"
             "Nota \"JV\" nu este echilibrata: debit 1.190,00, credit 1.000,00.\n"
             "Nota \"OD\" nu este echilibrata: debit 5.200,00, credit 12.000,00.");
+  EXPECT_EQ(WarningsOf(Sale(), {RetirementNote(Sale(), 5, "")}),
+            "Contul 2131 nu are cont de amortizare: nota \"OD\" nu se poate scrie.");
   EXPECT_EQ(NoNoteReason(sale, 5), "");
   EXPECT_NE(NoNoteReason(sale, 0), "");
   sale.value[kPrice] = "abc";
