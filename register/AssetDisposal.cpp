@@ -26,8 +26,7 @@ constexpr double kVatOnPrice = 19;
 
 // ---- What the boxes show ------------------------------------------------------------------------
 
-std::optional<DisposalAsset> BringUpTo(std::int32_t nrCrt, const DateTime& date) {
-  CalculImobilizare(date, nrCrt);
+std::optional<DisposalAsset> ReadDisposalAsset(std::int32_t nrCrt) {
   const Recordset row = OpenRecordset(
       "Select VAL_RAMASA, VAL_RAMASA_VAL, CURS, VAL_CUMP, VAL_CUMP_VAL,CONT,COD_CC from i_imo "
       "where NRCRT = ?",
@@ -43,6 +42,11 @@ std::optional<DisposalAsset> BringUpTo(std::int32_t nrCrt, const DateTime& date)
   asset.account = Nz(row.Get("CONT"), "").TextOrEmpty();
   asset.costCentre = Nz(row.Get("COD_CC"), "").TextOrEmpty();
   return asset;
+}
+
+std::optional<DisposalAsset> BringUpTo(std::int32_t nrCrt, const DateTime& date) {
+  CalculImobilizare(date, nrCrt);
+  return ReadDisposalAsset(nrCrt);
 }
 
 double RateOf(std::int32_t nrCrt) {

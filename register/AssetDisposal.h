@@ -90,10 +90,14 @@ struct DisposalAsset {
   double noteRate = 1;  ///< CURS for the notes; Null counts as 1
   std::string account;
   std::string costCentre;
+
+  bool operator==(const DisposalAsset&) const = default;
 };
 
-/// Calculates the asset to `date`, stores the result, and reads the asset. Nothing when there is no
-/// such asset. Throws Failure.
+/// Reads the asset as it is stored. Nothing when there is no such asset. Throws Failure.
+std::optional<DisposalAsset> ReadDisposalAsset(std::int32_t nrCrt);
+
+/// Calculates the asset to `date`, stores the result, and reads the asset like ReadDisposalAsset.
 std::optional<DisposalAsset> BringUpTo(std::int32_t nrCrt, const DateTime& date);
 
 /// CURS of an asset; Null and no asset count as 0. Throws Failure.

@@ -169,7 +169,7 @@ std::string WarningsOf(const Disposal& sale, const std::vector<Note>& notes) {
   };
   const VatRate vat = ReadVatRate(sale.vat);
   const double expected = RoundTo(VatAtRate(Nz(sale.value[kPrice]).AsDouble(), vat.percent), 2);
-  if (!sale.vat.empty() && RoundTo(VatOf(sale) - expected, 2) != 0) {
+  if (RoundTo(VatOf(sale) - expected, 2) != 0) {
     say("TVA colectata " + Lei(VatOf(sale)) + " difera de cota aleasa: " +
         std::to_string(vat.percent) + " % din pret este " + Lei(expected) + ".");
   }

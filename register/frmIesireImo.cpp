@@ -153,14 +153,18 @@ void frmIesireImo::Vanzare_Click() {
   if (const std::optional<DisposalAsset> asset = Calculate()) {
     sCont_ = asset->account;
     sCodCC_ = asset->costCentre;
-    Connection connection(CurrentSession().connectionString);
-    depreciationAccount_ = DepreciationAccount(connection, sCont_);
+    ReadDepreciationAccount();
     if (!txtValoare[kPrice]->IsEmpty()) {
       DeriveForeignPrice(asset->rate);
       DeriveDifferences(asset->rate);
     }
   }
   ShowNotes();
+}
+
+void frmIesireImo::ReadDepreciationAccount() {
+  Connection connection(CurrentSession().connectionString);
+  depreciationAccount_ = DepreciationAccount(connection, sCont_);
 }
 
 std::optional<DisposalAsset> frmIesireImo::Calculate() {
@@ -180,6 +184,7 @@ std::optional<DisposalAsset> frmIesireImo::Calculate() {
 void frmIesireImo::ShowResidual(const DisposalAsset& asset) {
   txtValoare[kResidual]->SetNumber(Stored(asset.residual));
   txtValoare[kForeignResidual]->SetNumber(Stored(asset.foreignResidual));
+  shown_ = asset;
 }
 
 void frmIesireImo::ShowLeftBefore() {
@@ -210,6 +215,23 @@ void frmIesireImo::ShowNotes() {
   }
   notePreview->Show(notes, reason);
   ShowNotice(lblAtentie, warning);
+}
+
+// The card or the month's calculation may have changed the asset, and the user may have come from
+// the association of accounts: what is shown and posted must be the asset as it is.
+void frmIesireImo::Form_Activate() {
+  if (!shown_) return;
+  const std::optional<DisposalAsset> stored = ReadDisposalAsset(nrCrt_);
+  if (!stored) return;
+  if (*stored == *shown_) {
+    if (txtOut->Text() == "V") ReadDepreciationAccount();
+    ShowNotes();
+    return;
+  }
+  const bool typed = HasChanges();
+  adoImobilizare->Refresh();
+  txtOut->Text() == "V" ? Vanzare_Click() : Casare_Click();
+  if (!typed) MarkSaved();
 }
 
 // ---- Boxes that are left, rows that are picked --------------------------------------------------

@@ -49,6 +49,9 @@ class frmIesireImo : public Form {
   QPushButton* cmdSalvare = nullptr;
   QPushButton* cmdIesire = nullptr;
 
+ protected:
+  void Form_Activate() override;
+
  private:
   // The screen.
   void Build();
@@ -70,6 +73,7 @@ class frmIesireImo : public Form {
                  const char* listField = "CONT_TITLU", const char* boundColumn = "CONT");
   void LoadAllAccounts();
   std::optional<DisposalAsset> Calculate();
+  void ReadDepreciationAccount();
   void ShowResidual(const DisposalAsset& asset);
   void ShowLeftBefore();
   void ShowNotes();
@@ -94,6 +98,7 @@ class frmIesireImo : public Form {
   std::string sCodCC_;   // its COD_CC
   double noteRate_ = 0;  // of the notes that are shown
   std::optional<std::string> depreciationAccount_;
+  std::optional<DisposalAsset> shown_;  // to which the boxes of the values belong
   std::optional<DateTime> calculated_;  // the date to which the shown residual value belongs
   bool loading_ = false;
 };

@@ -283,6 +283,12 @@ TEST_F(AssetDisposal, TheRowIsWrittenByItsKindOfExit) {
   gone.cont[kVat] = "x";
   EXPECT_THROW(pSalvareIesire(gone), Failure);
   EXPECT_EQ(company_.Rows("SELECT COUNT(*) FROM I_IMO WHERE IESIRE <> 0"), "1 \n");
+  scrapping.asset = other;
+  pSalvareIesire(scrapping);
+  EXPECT_EQ(
+      company_.Rows("SELECT TIP_IESIRE, DocIesire FROM I_IMO WHERE COD = 'INV1' AND NRCRT = " +
+                    std::to_string(other)),
+      "C PV \n");
 }
 
 TEST_F(AssetDisposal, NotesReplaceThoseOfTheSameDocument) {

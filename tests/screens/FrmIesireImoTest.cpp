@@ -346,6 +346,24 @@ TEST_F(FrmIesireImo, ANullRateDerivesNothingAndCountsOneInTheNotes) {
             "OD 2131 0 12000 0 3636  \nOD 6583 12000 0 3636 0  \n");
 }
 
+TEST_F(FrmIesireImo, ComingBackShowsTheAssetAsItsCardSavedIt) {
+  frmIesireImo& screen = Open();
+  company_.Open().Execute("UPDATE I_IMO SET VAL_CUMP = 24000, DENUMIRE = 'Strung mare'");
+  screen.Activate();
+  EXPECT_EQ(Amounts(), "10.400,00 1.576,00     | ");
+  EXPECT_EQ(screen.TextCump->Text() + screen.txtDenumire->Text(), "24.000,00Strung mare");
+  EXPECT_FALSE(screen.HasChanges());
+  FillSale();
+  company_.Open().Execute("UPDATE I_IMO SET CURS = 5, CONT = '2132'");
+  screen.Activate();
+  EXPECT_EQ(Amounts(), "10.400,00 1.576,00 1.000,00 200,00 -9.400,00 -1.376,00 | 210,00");
+  EXPECT_NE(Announced().find("OD 2132  24.000,00"), std::string::npos);
+  EXPECT_TRUE(screen.HasChanges());
+  company_.Open().Execute("UPDATE I_CONTURIIM SET CONT_AMO = '2814' WHERE CONT = '2132'");
+  screen.Activate();
+  EXPECT_NE(Announced().find(" 2814 13.600,00"), std::string::npos) << Announced();
+}
+
 TEST_F(FrmIesireImo, ClosingAsksOnlyWhenABoxWasChanged) {
   frmIesireImo& screen = Open();
   Type(screen.txtDocIesire, "PV");
