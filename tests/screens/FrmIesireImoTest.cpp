@@ -256,6 +256,17 @@ TEST_F(FrmIesireImo, LeavingTheDateShowsTheResidualValueOfThatDay) {
   EXPECT_EQ(Stored().substr(0, 5), "False");
 }
 
+TEST_F(FrmIesireImo, AnAssetThatCannotBeCalculatedIsNotSaved) {
+  company_.Open().Execute("UPDATE I_IMO SET DATA_SF = NULL");
+  frmIesireImo& screen = Open();
+  ASSERT_EQ(messages_.shown.size(), 1u);
+  EXPECT_NE(LastPrompt().find("Invalid use of Null: DATA_SF in procedura Casare_Click"),
+            std::string::npos);
+  Press(screen.cmdSalvare);
+  EXPECT_NE(LastPrompt().find("in procedura cmdSalvare_Click"), std::string::npos);
+  EXPECT_EQ(Stored().substr(0, 5), "False");
+}
+
 TEST_F(FrmIesireImo, RefusalsNameTheBoxAndSaveNothing) {
   frmIesireImo& screen = Open();
   Press(screen.Vanzare);
