@@ -99,6 +99,11 @@ void frmTerti::Connect() {
   });
 }
 
+void frmTerti::WhenAdded(CodeAdded added) {
+  added_ = std::move(added);
+  GiveFocus(txtFields[party::kName]);
+}
+
 void frmTerti::RunTitled(const char* title, const Body& body) {
   RunWith(title, body, [title](const Failure& failure, const Procedure&) {
     MsgBoxEx(ShortErrorText(failure), kCritical, title);
@@ -246,6 +251,7 @@ void frmTerti::AdaugaSocietate() {
         ShowCount();
         Pozitionare(code);
         GiveFocus(txtFields[party::kName]);
+        if (added_) added_({{"COD", Value(code)}});
       },
       [](const Failure& failure, const Procedure&) {
         MsgBoxEx(ShortErrorText(failure) + " - AdaugaSocietate", kCritical);

@@ -7,6 +7,7 @@
 
 #include "platform/screens/ListScreen.h"
 #include "reference/ThirdParties.h"
+#include "session/CodeEditors.h"
 
 namespace tevra {
 
@@ -27,6 +28,9 @@ class frmTerti : public ListScreen {
   QPushButton* cmdModifica = nullptr;
   QPushButton* cmdSterge = nullptr;
   QPushButton* cmdIesire = nullptr;
+
+  /// Calls `added` for each third party that the user adds, and goes to the name.
+  void WhenAdded(CodeAdded added);
 
   /// True when the form has a name.
   bool EsteTertValid() const;
@@ -65,6 +69,7 @@ class frmTerti : public ListScreen {
   void RunTitled(const char* title, const Body& body);
 
   QWidget* form_ = nullptr;
+  CodeAdded added_;
   bool positioning_ = false;  // the selection is being moved by the screen
   bool following_ = false;    // the form is about to follow the selection
 };

@@ -27,6 +27,8 @@ void HandInScreens(frmMain& frame) {
     });
   }
   frame.SetOpener("Terti", [] { windows::Open<frmTerti>(); });
+  SetCodeEditor("kv_Ter",
+                [](const CodeAdded& added) { windows::Open<frmTerti>().WhenAdded(added); });
   frame.SetOpener("Tab_Valute", [] { windows::Open<frmValute>(); });
   frame.SetOpener("Materiale_imo", [] { windows::Open<frmImo>(); });
   frame.SetOpener("Materiale_inv", [] { windows::Open<frmObInv>(); });

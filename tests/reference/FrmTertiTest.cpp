@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/forms/DataCombo.h"
 #include "reference/frmTerti.h"
+#include "session/CodeEditors.h"
 #include "tests/TestCompany.h"
 
 namespace tevra::test {
@@ -94,6 +96,33 @@ TEST_F(FrmTerti, TwoPressesAddAThirdParty) {
   EXPECT_EQ(screen_->TDBGrid1->ColumnText(0), "9");
   EXPECT_EQ(Field(party::kCode) + Field(party::kName) + Field(party::kKind), "F");
   EXPECT_FALSE(screen_->HasChanges());
+}
+
+TEST_F(FrmTerti, ASupplierAddedHereIsChosenInTheListThatAskedForHim) {
+  Adodc suppliers("adoFur", nullptr);
+  suppliers.SetConnectionString(company_.ConnectionString());
+  suppliers.SetRecordSource("Select COD, NUME from kv_ter where Ucase(TIP) in ('F', 'M')");
+  suppliers.Refresh();
+  DataCombo list("cboFurnizori");
+  list.SetRowSource(&suppliers);
+  list.SetListField("NUME");
+  list.SetBoundColumn("COD");
+  SetCodeEditor("kv_Ter", [this](const CodeAdded& added) {
+    Open();
+    screen_->WhenAdded(added);
+  });
+  OfferCodeEditor(list, suppliers);
+  QTest::keyClick(&list, Qt::Key_F4);
+  ASSERT_NE(screen_, nullptr);
+  EXPECT_TRUE(screen_->txtFields[party::kName]->hasFocus());
+  Type(party::kName, "omega");
+  Press(screen_->cmdAdauga);
+  EXPECT_EQ(list.Text() + " " + list.BoundText(), "OMEGA 9");
+  Type(party::kName, "client");  // no supplier: the list does not have him
+  Type(party::kKind, "c");
+  Press(screen_->cmdAdauga);
+  EXPECT_EQ(list.Text(), "OMEGA");
+  SetCodeEditor("kv_Ter", [](const CodeAdded&) {});
 }
 
 TEST_F(FrmTerti, ASavedChangeStandsInTheListAndAnEmptyCountryIsRomania) {
