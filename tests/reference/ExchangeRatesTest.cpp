@@ -68,6 +68,7 @@ class ExchangeRates : public ::testing::Test {
 };
 
 TEST_F(ExchangeRates, EitherNamespaceGivesTheRateOfOneUnit) {
+  connection_.Execute("UPDATE kv_val SET COD = 'Usd' WHERE COD = 'USD'");  // as somebody typed it
   const std::string day =
       Day("2017-08-01",
           "<Rate currency=\"EUR\">4.5577</Rate><Rate currency=\"HUF\" multiplier=\"100\">1.5023"
@@ -77,7 +78,7 @@ TEST_F(ExchangeRates, EitherNamespaceGivesTheRateOfOneUnit) {
   EXPECT_EQ(RatesStoredText(first),
             "3 cursuri noi, 0 modificate, 0 neschimbate, 2 sarite (valute care nu sunt in lista: "
             "QQQ)");
-  EXPECT_EQ(Rates(), "EUR 01.08.2017 4,5577 \nHUF 01.08.2017 0,015023 \nUSD 01.08.2017 3,8569 \n");
+  EXPECT_EQ(Rates(), "EUR 01.08.2017 4,5577 \nHUF 01.08.2017 0,015023 \nUsd 01.08.2017 3,8569 \n");
   EXPECT_EQ(connection_.QueryValue("SELECT CURS FROM kv_val2 WHERE COD = 'HUF'").AsDouble(),
             0.015023);
   EXPECT_EQ(CountsOf(Store(Document(day, "https://www.bnr.ro/xsd"))), "0 0 3 2");
