@@ -152,6 +152,14 @@ TEST_F(EditedCard, TheRateOfTheDayReplacesATypedOneOnlyAfterAQuestion) {
   EXPECT_EQ(rate->Text(), "");
   Type(card->DTPicker1[kBought], "12032026");
   EXPECT_EQ(offer(), "Nu exista curs EUR pentru 12.03.2026 sau dinainte !");
+  // A box that is not to be left stops the click.
+  Type(card->DTPicker1[kBought], "20032026");
+  card->txtNumar[kNormalYears]->setFocus();
+  QTest::mouseClick(rate->findChild<QToolButton*>(), Qt::LeftButton);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(LastPrompt(), "Va rugam completati Durata normala !");
+  EXPECT_EQ(rate->Text(), "");
+  Type(card->txtNumar[kNormalYears], "8");
   CurrentSession().codDeviza.clear();
   EXPECT_EQ(offer(), "Va rugam alegeti deviza in configurarea societatii !");
 }
