@@ -4,7 +4,6 @@
 #include <QPainter>
 #include <utility>
 
-#include "platform/forms/Form.h"
 #include "platform/forms/FormsApplication.h"
 
 namespace tevra {
@@ -40,7 +39,6 @@ void OnBoxButton(QLineEdit& box, const QString& tip, std::function<void()> press
   action->setShortcutContext(Qt::WidgetShortcut);
   QObject::connect(action, &QAction::triggered, &box, [&box, pressed = std::move(pressed)] {
     AfterEvent(&box, [&box, pressed] {
-      if (!Form::LeaveBoxFor(&box)) return;
       box.setFocus();
       pressed();
     });
