@@ -21,32 +21,58 @@ std::string NameOf(CompanySetting setting) {
   return {};
 }
 
+std::string NameOf(CompanyText setting) {
+  switch (setting) {
+    case CompanyText::kPendingExport:
+      return "ExportNeterminat";
+  }
+  return {};
+}
+
 TableDef SettingsTable() {
   const FieldDef name{.name = "NUME", .size = 50, .required = true, .defaultValue = {}};
   const FieldDef value{.name = "VALOARE", .size = 255, .defaultValue = {}};
   return {kTable, false, {name, value}, {{"PrimaryKey", {name.name}, true, true}}};
 }
 
+bool HasSettings(Connection& company) {
+  return Catalogue(company).HasTable(kTable);
+}
+
+std::string Stored(Connection& company, const std::string& name) {
+  if (!HasSettings(company)) return {};
+  return company.QueryValue("SELECT VALOARE FROM kv_setari WHERE NUME = ?", {name}).TextOrEmpty();
+}
+
+void Store(Connection& company, const std::string& name, const std::string& value) {
+  if (!HasSettings(company)) Catalogue(company).CreateTable(SettingsTable());
+  if (company.Execute("UPDATE kv_setari SET VALOARE = ? WHERE NUME = ?", {value, name}) == 0) {
+    company.Execute("INSERT INTO kv_setari (NUME, VALOARE) VALUES (?, ?)", {name, value});
+  }
+}
+
 }  // namespace
 
 bool IsOn(Connection& company, CompanySetting setting) {
-  if (!Catalogue(company).HasTable(kTable)) return false;
-  const Value value =
-      company.QueryValue("SELECT VALOARE FROM kv_setari WHERE NUME = ?", {NameOf(setting)});
-  return EqualNoCase(value.TextOrEmpty(), kOn);
+  return EqualNoCase(Stored(company, NameOf(setting)), kOn);
 }
 
 void SetOn(Connection& company, CompanySetting setting, bool on) {
   Transaction transaction(company);
-  Catalogue catalogue(company);
-  const bool known = catalogue.HasTable(kTable);
-  if (!known && on) catalogue.CreateTable(SettingsTable());
-  if (known || on) {
-    const Value stored = on ? kOn : kOff;
-    const Value name = NameOf(setting);
-    if (company.Execute("UPDATE kv_setari SET VALOARE = ? WHERE NUME = ?", {stored, name}) == 0) {
-      company.Execute("INSERT INTO kv_setari (NUME, VALOARE) VALUES (?, ?)", {name, stored});
-    }
+  if (on || HasSettings(company)) Store(company, NameOf(setting), on ? kOn : kOff);
+  transaction.Commit();
+}
+
+std::string TextOf(Connection& company, CompanyText setting) {
+  return Stored(company, NameOf(setting));
+}
+
+void SetText(Connection& company, CompanyText setting, const std::string& text) {
+  Transaction transaction(company);
+  if (!text.empty()) {
+    Store(company, NameOf(setting), text);
+  } else if (HasSettings(company)) {
+    company.Execute("DELETE FROM kv_setari WHERE NUME = ?", {NameOf(setting)});
   }
   transaction.Commit();
 }

@@ -8,19 +8,23 @@ namespace fs = std::filesystem;
 
 namespace tevra::test {
 
-TestCompany::TestCompany() {
+TestCompany::TestCompany(const std::string& code) : name_("Kelnar" + code + ".mdb") {
   fs::copy_file(TEVRA_TEMPLATE, Directory() / "Kelnar.mdb");
   fs::copy_file(TEVRA_TEMPLATE, File());
+  LogIn();
+}
+
+void TestCompany::LogIn() const {
   Session& session = CurrentSession();
   session = {};
   session.connectionString = ConnectionString();
   session.databasesPath = Directory().string() + "/";
-  session.selectedDatabase = "Kelnar01.mdb";
+  session.selectedDatabase = name_;
   session.userName = "admin";
 }
 
 std::string TestCompany::ConnectionString() const {
-  return CompanyConnectionString(Directory().string(), "Kelnar01.mdb");
+  return CompanyConnectionString(Directory().string(), name_);
 }
 
 std::string TestCompany::Rows(const std::string& sql) const {

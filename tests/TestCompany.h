@@ -11,15 +11,18 @@
 
 namespace tevra::test {
 
-/// Kelnar01.mdb (and the template Kelnar.mdb) in a folder; the session speaks of it as after a
-/// login of admin.
+/// A company (and the template Kelnar.mdb) in a folder; the session speaks of it as after a login
+/// of admin.
 class TestCompany {
  public:
-  TestCompany();
+  explicit TestCompany(const std::string& code = "01");
   std::filesystem::path Directory() const { return folder_.Path(); }
-  std::filesystem::path File() const { return folder_.Path() / "Kelnar01.mdb"; }
+  std::filesystem::path File() const { return folder_.Path() / name_; }
   std::string ConnectionString() const;
   Connection Open() const { return Connection(ConnectionString()); }
+
+  /// Makes the session speak of this company again, after that of another one.
+  void LogIn() const;
 
   /// The rows of a statement as text: the values of a row with a blank behind each, a row a line.
   std::string Rows(const std::string& sql) const;
@@ -29,6 +32,7 @@ class TestCompany {
 
  private:
   TemporaryFolder folder_;
+  std::string name_;
 };
 
 /// Answers messages from a queue (the default button's OK or Yes when it is empty) and keeps what

@@ -12,6 +12,7 @@
 #include "app/batch/ReportProgram.h"
 #include "app/batch/Streams.h"
 #include "app/batch/commands/Commands.h"
+#include "exchange/PendingExport.h"
 #include "platform/system/Log.h"
 #include "session/Session.h"
 
@@ -31,6 +32,7 @@ void RunOnCompany(const CommandLine& line, const Streams& streams, ReportWriter*
   const bool moves = line.command == Command::Transfer;
   const DateTime month = moves ? ParseMonth(line.month) : DateTime();
   Connection company = Login({line.directory, line.company, line.user, line.passwordFile}, streams);
+  SettleExportAtOpening();
   switch (line.command) {
     case Command::Load:
       return LoadFile(line.file, line.table, streams);
@@ -55,6 +57,9 @@ void RunOnCompany(const CommandLine& line, const Streams& streams, ReportWriter*
     case Command::Rates:
       if (!line.file.empty()) return TakeRates(company, line.file, streams.out);
       return PrintRate(company, line.code, ParseDate(line.rateDay), streams.out);
+    case Command::Export:
+      return ExportPeriod(company, ParseDate(line.from), ParseDate(line.to), line.again,
+                          streams.out);
     case Command::Assets:
       return ListAssets(line.csv, streams.out);
     default:

@@ -56,6 +56,7 @@ class Parser {
     AddAssetCommands();
     AddObjectCommands();
     AddRatesCommand();
+    AddExchangeCommands();
     AddReportCommand();
   }
 
@@ -192,6 +193,13 @@ class Parser {
         ->add_option("--at", line_.rateDay,
                      "Afiseaza in loc cursul unei valute intr-o zi (sau dinainte): ZZ.LL.AAAA")
         ->type_name("DATA");
+  }
+
+  void AddExchangeCommands() {
+    Add(Command::Export, "export", "Scrie datele unei perioade pentru centru, ca fisier XML",
+        {{"DELA", &line_.from, "Prima zi a inregistrarilor: ZZ.LL.AAAA"},
+         {"LA", &line_.to, "Ultima zi: ZZ.LL.AAAA"}})
+        ->add_flag("--again", line_.again, "Exporta si o perioada care a mai fost exportata");
   }
 
   void AddReportCommand() {

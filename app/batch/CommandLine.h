@@ -27,7 +27,8 @@ enum class Command {
   WriteOff,
   Report,
   Transfer,
-  Rates
+  Rates,
+  Export
 };
 
 /// The grouping of charges; inventory objects have a person instead of a class. The values are the
@@ -67,8 +68,9 @@ struct CommandLine {
   ReportKind report = ReportKind::Charges;
   std::string currency = "LEI";
   bool detail = true;  ///< of a report of charges; otherwise only groups and totals
-  std::string from;    ///< first and last day of a report of purchases or inventory, as written
+  std::string from;    ///< first and last day of a report or an export, as written
   std::string to;
+  bool again = false;        ///< of an export: also of a period that was exported before
   std::string paper = "A4";  ///< of a report: one of kPaperNames, in any case
   bool landscape = false;
   std::string pdf;  ///< the file that a report is written to

@@ -10,6 +10,7 @@
 #include "app/tevra/FailureLog.h"
 #include "app/tevra/Screens.h"
 #include "app/tevra/ToolkitWords.h"
+#include "exchange/PendingExport.h"
 #include "platform/forms/FormsApplication.h"
 #include "platform/forms/Pictures.h"
 #include "platform/system/MessageBox.h"
@@ -88,6 +89,7 @@ int main(int argc, char** argv) {
   // Closing the login window must not end the program.
   QApplication::setQuitOnLastWindowClosed(false);
   if (!Login()) return 0;
+  SettleExportAtOpening();
   CurrentSession().toolTipColour =
       application.palette().color(QPalette::ToolTipBase).rgb() & 0xFFFFFFU;
   QApplication::setQuitOnLastWindowClosed(true);

@@ -1,5 +1,6 @@
 #include "app/tevra/Screens.h"
 
+#include "exchange/frmExport.h"
 #include "inventory/frmObInv.h"
 #include "platform/forms/Windows.h"
 #include "reference/ReferenceScreen.h"
@@ -35,6 +36,7 @@ void HandInScreens(frmMain& frame) {
   frame.SetOpener("Rapoarte_Cheltuieli", [] { windows::Open<frmRapCHE>(); });
   frame.SetOpener("Rapoarte_Statistici", [] { windows::Open<frmRapStatistici>(); });
   frame.SetOpener("Rapoarte_inv", [] { windows::Open<frmRapObInv>(); });
+  frame.SetOpener("mnuEExport", [] { windows::OpenNew<frmExport>(); });
 }
 
 }  // namespace tevra

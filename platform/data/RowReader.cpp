@@ -30,6 +30,10 @@ RowReader::RowReader(const Connection& connection, const std::string& sql, const
 
 RowReader::~RowReader() = default;
 
+const std::vector<FieldInfo>& RowReader::Fields() const {
+  return impl_->fields;
+}
+
 int RowReader::Column(const std::string& name) const {
   for (std::size_t i = 0; i < impl_->fields.size(); ++i) {
     if (EqualNoCase(impl_->fields[i].def.name, name)) return static_cast<int>(i);

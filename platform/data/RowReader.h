@@ -5,8 +5,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/data/Connection.h"
+#include "platform/data/Recordset.h"
 
 namespace tevra {
 
@@ -19,6 +21,9 @@ class RowReader {
   ~RowReader();
   RowReader(const RowReader&) = delete;
   RowReader& operator=(const RowReader&) = delete;
+
+  /// The columns, as in a Recordset.
+  const std::vector<FieldInfo>& Fields() const;
 
   /// The number of a column, by its name without case. Throws Failure 3265.
   int Column(const std::string& name) const;

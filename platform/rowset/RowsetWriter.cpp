@@ -93,7 +93,8 @@ void RowsetWriter::End() {
   xml_.EndElement();
   xml_.Raw(kLine);
   xml_.EndElement();
-  xml_.Raw(kLine);
+  // Within a document the block is the only child of its element, without a text beside it.
+  if (owned_) xml_.Raw(kLine);
   xml_.Flush();
 }
 

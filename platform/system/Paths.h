@@ -28,4 +28,17 @@ bool IsReadOnly(const std::filesystem::path& file);
 void ReplaceFile(const std::filesystem::path& target,
                  const std::function<void(const std::filesystem::path& temporary)>& write);
 
+/// Creates `file`, which must not exist, calls `write` and flushes the file to the disk; for a file
+/// that is renamed later. When `write` throws, the file is removed. Throws Failure 76, 70 or 61
+/// with the file's name, and what `write` throws.
+void WriteNewFile(const std::filesystem::path& file, const std::function<void()>& write);
+
+/// Renames a file within its folder, replacing `target`, so that the new name survives a power
+/// failure. Throws Failure 76 or 70 with the name of `target`.
+void PlaceFile(const std::filesystem::path& file, const std::filesystem::path& target);
+
+/// Makes a folder with those above it, unless it exists, and checks that files can be made in it.
+/// Throws Failure 76, 70 (not writable, for an administrator too) or 61 with the folder's name.
+void MakeFolder(const std::filesystem::path& folder);
+
 }  // namespace tevra::paths

@@ -139,4 +139,28 @@ void ReplaceFile(const fs::path& target,
   FlushFolder(FolderOf(file));
 }
 
+void WriteNewFile(const fs::path& file, const std::function<void()>& write) {
+  if (!Descriptor(file, O_WRONLY | O_CREAT | O_EXCL, kNewFileMode).IsOpen()) ThrowFor(errno, file);
+  try {
+    write();
+    const Descriptor written(file, O_RDONLY);
+    if (!written.IsOpen() || fsync(written.Number()) != 0) ThrowFor(errno, file);
+  } catch (...) {
+    unlink(file.c_str());
+    throw;
+  }
+}
+
+void PlaceFile(const fs::path& file, const fs::path& target) {
+  if (rename(file.c_str(), target.c_str()) != 0) ThrowFor(errno, target);
+  FlushFolder(FolderOf(target));
+}
+
+void MakeFolder(const fs::path& folder) {
+  std::error_code error;
+  fs::create_directories(folder, error);
+  if (error) ThrowFor(error.value(), folder);
+  if (IsReadOnly(folder)) throw FileFailure(kPermissionDenied, folder.string());
+}
+
 }  // namespace tevra::paths

@@ -90,6 +90,11 @@ void TakeRates(Connection& company, const std::string& file, std::ostream& out);
 void PrintRate(Connection& company, const std::string& currency, const DateTime& day,
                std::ostream& out);
 
+/// Writes the data of a period for the centre and prints the file's name and its numbers of rows.
+/// Asks before lines that were exported are exported again, unless `again`.
+void ExportPeriod(Connection& company, const DateTime& from, const DateTime& to, bool again,
+                  std::ostream& out);
+
 /// Prints the month's charge of every asset after the last run, in groups with their sums.
 void ListCharges(Grouping grouping, bool csv, std::ostream& out);
 
