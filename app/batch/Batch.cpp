@@ -57,6 +57,8 @@ void RunOnCompany(const CommandLine& line, const Streams& streams, ReportWriter*
     case Command::Rates:
       if (!line.file.empty()) return TakeRates(company, line.file, streams.out);
       return PrintRate(company, line.code, ParseDate(line.rateDay), streams.out);
+    case Command::Import:
+      return ImportBranch(company, line.file, line.dryRun, streams.out);
     case Command::Export:
       return ExportPeriod(company, ParseDate(line.from), ParseDate(line.to), line.again,
                           streams.out);

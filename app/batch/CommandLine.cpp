@@ -200,6 +200,9 @@ class Parser {
         {{"DELA", &line_.from, "Prima zi a inregistrarilor: ZZ.LL.AAAA"},
          {"LA", &line_.to, "Ultima zi: ZZ.LL.AAAA"}})
         ->add_flag("--again", line_.again, "Exporta si o perioada care a mai fost exportata");
+    Add(Command::Import, "import", "Preia datele unei sucursale dintr-un fisier XML",
+        {{"FISIER", &line_.file, "Fisierul scris de export"}})
+        ->add_flag("--dry-run", line_.dryRun, "Arata ce s-ar schimba, fara sa scrie nimic");
   }
 
   void AddReportCommand() {

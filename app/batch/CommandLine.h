@@ -28,7 +28,8 @@ enum class Command {
   Report,
   Transfer,
   Rates,
-  Export
+  Export,
+  Import
 };
 
 /// The grouping of charges; inventory objects have a person instead of a class. The values are the
@@ -59,7 +60,7 @@ struct CommandLine {
   std::string date;      ///< of the calculation, as written
   bool post = false;     ///< also posts the month's charges
   std::string month;     ///< of the transfer, as written
-  bool dryRun = false;   ///< of the transfer: shows it and writes nothing
+  bool dryRun = false;   ///< of a transfer or an import: shows it and writes nothing
   std::string rateDay;   ///< whose rate of `code` to print, as written
   std::string nrcrt;     ///< of the asset or object, as written
   ObjectOptions object;  ///< to add

@@ -1,6 +1,7 @@
 #include "app/tevra/Screens.h"
 
 #include "exchange/frmExport.h"
+#include "exchange/frmImport.h"
 #include "inventory/frmObInv.h"
 #include "platform/forms/Windows.h"
 #include "reference/ReferenceScreen.h"
@@ -36,6 +37,7 @@ void HandInScreens(frmMain& frame) {
   frame.SetOpener("Rapoarte_Cheltuieli", [] { windows::Open<frmRapCHE>(); });
   frame.SetOpener("Rapoarte_Statistici", [] { windows::Open<frmRapStatistici>(); });
   frame.SetOpener("Rapoarte_inv", [] { windows::Open<frmRapObInv>(); });
+  frame.SetOpener("mnuImport", [] { windows::OpenNew<frmImport>(); });
   frame.SetOpener("mnuEExport", [] { windows::OpenNew<frmExport>(); });
 }
 

@@ -74,27 +74,28 @@ RowsetReader::RowsetReader(std::istream& in, const std::string& name)
   ReadBlock();
 }
 
-RowsetReader::RowsetReader(XmlReader& xml) : xml_(xml) {
+RowsetReader::RowsetReader(XmlReader& xml, Changes changes) : xml_(xml), changes_(changes) {
   ReadBlock();
 }
 
 void RowsetReader::ReadBlock() {
   rootDepth_ = xml_.Depth();
   if (!xml_.Is("", "xml")) {
-    xml_.Fail(kNotReadable, "not a rowset: the element is " + std::string(xml_.Name()));
+    xml_.Fail(kNotReadable, "nu este un rowset: elementul este " + std::string(xml_.Name()));
   }
   bool hasSchema = false;
   while (xml_.NextChild(rootDepth_)) {
     if (xml_.Is(kSchemaSpace, "Schema")) {
-      if (hasSchema) xml_.Fail(kNotReadable, "not a rowset: a second schema");
+      if (hasSchema) xml_.Fail(kNotReadable, "nu este un rowset: a doua schema");
       hasSchema = true;
       TakeColumns(ReadSchema());
     } else if (xml_.Is(kRowsetSpace, "data")) {
-      if (!hasSchema) xml_.Fail(kNotReadable, "not a rowset: rows without a schema");
+      if (!hasSchema) xml_.Fail(kNotReadable, "nu este un rowset: randuri fara schema");
       return;
     }
   }
-  xml_.Fail(kNotReadable, hasSchema ? "not a rowset: no rows" : "not a rowset: no schema");
+  xml_.Fail(kNotReadable,
+            hasSchema ? "nu este un rowset: fara randuri" : "nu este un rowset: fara schema");
 }
 
 std::vector<RowsetReader::Column> RowsetReader::ReadSchema() {
@@ -112,7 +113,7 @@ void RowsetReader::ReadElementType(std::vector<Column>& columns) {
   while (xml_.NextChild(depth)) {
     if (xml_.Is(kSchemaSpace, "AttributeType")) columns.push_back(ReadColumn());
     if (xml_.Is(kSchemaSpace, "ElementType")) {
-      xml_.Fail(kNotReadable, "rows within rows are not accepted");
+      xml_.Fail(kNotReadable, "randuri in randuri nu se accepta");
     }
   }
 }
@@ -121,7 +122,7 @@ RowsetReader::Column RowsetReader::ReadColumn() {
   Column column;
   XmlAttribute told;
   while (xml_.NextAttribute(told)) column.Take(told);
-  if (column.attribute.empty()) xml_.Fail(kNotReadable, "not a rowset: a column without a name");
+  if (column.attribute.empty()) xml_.Fail(kNotReadable, "nu este un rowset: o coloana fara nume");
   const std::string attribute = column.attribute;
   const std::string name = column.field.def.name;
   const int depth = xml_.Depth();
@@ -146,12 +147,12 @@ void RowsetReader::SetType(Column& column) {
   // The length of other types counts bytes, not characters in the file.
   if (column.length.empty() || (column.type != "string" && column.type != "char")) return;
   const auto length = ParseInt(column.length);
-  if (!length) xml_.Fail(kNotReadable, "not a rowset: the length " + column.length);
+  if (!length) xml_.Fail(kNotReadable, "nu este un rowset: lungimea " + column.length);
   if (*length > 0) field.size = std::min(*length, rowset::kUnboundedText);
 }
 
 void RowsetReader::TakeColumns(std::vector<Column> columns) {
-  if (columns.empty()) xml_.Fail(kNotReadable, "not a rowset: no columns");
+  if (columns.empty()) xml_.Fail(kNotReadable, "nu este un rowset: fara coloane");
   std::set<int> numbers;
   for (const Column& column : columns) numbers.insert(column.number.value_or(0));
   if (numbers.size() == columns.size()) {
@@ -161,7 +162,8 @@ void RowsetReader::TakeColumns(std::vector<Column> columns) {
   }
   for (Column& column : columns) {
     if (!indexOf_.emplace(column.attribute, fields_.size()).second) {
-      xml_.Fail(kNotReadable, "not a rowset: the column " + column.attribute + " twice");
+      xml_.Fail(kNotReadable,
+                "nu este un rowset: coloana " + column.attribute + " apare de doua ori");
     }
     defaults_.push_back(column.defaultText ? Parse(*column.defaultText, column.field.def)
                                            : Value());
@@ -186,13 +188,15 @@ bool RowsetReader::Next(Values& values) {
       values = defaults_;
       ReadRow(values);
       return true;
+    } else if (changes_ == Changes::kRefuse) {
+      xml_.Fail(kNotReadable, "rs:" + std::string(xml_.Name()) + " nu se poate prelua");
     } else if (xml_.Is(kRowsetSpace, "insert")) {
       group_ = Group::Insert;
     } else if (xml_.Is(kRowsetSpace, "update")) {
       group_ = Group::Update;
       original_.clear();
     } else if (!xml_.Is(kRowsetSpace, "delete")) {
-      xml_.Fail(kNotReadable, "not a rowset: " + std::string(xml_.Name()) + " among the rows");
+      xml_.Fail(kNotReadable, "nu este un rowset: " + std::string(xml_.Name()) + " intre randuri");
     }
   }
   return false;
@@ -205,7 +209,8 @@ bool RowsetReader::NextInGroup(Values& values) {
     const bool isOriginal =
         group_ == Group::Update && xml_.Is(kRowsetSpace, "original") && xml_.NextChild(depth + 1);
     if (!AtRow()) {
-      xml_.Fail(kNotReadable, "not a rowset: " + std::string(xml_.Name()) + " among changed rows");
+      xml_.Fail(kNotReadable,
+                "nu este un rowset: " + std::string(xml_.Name()) + " intre randurile modificate");
     }
     if (isOriginal) {
       original_ = defaults_;
@@ -213,7 +218,7 @@ bool RowsetReader::NextInGroup(Values& values) {
       continue;
     }
     if (group_ == Group::Update && original_.empty()) {
-      xml_.Fail(kNotReadable, "not a rowset: a changed row without its original");
+      xml_.Fail(kNotReadable, "nu este un rowset: un rand modificat fara originalul lui");
     }
     values = group_ == Group::Update ? original_ : defaults_;
     ReadRow(values);
@@ -239,7 +244,7 @@ void RowsetReader::ReadRow(Values& values) {
     expected = column + 1;
   }
   if (xml_.NextChild(xml_.Depth())) {
-    xml_.Fail(kNotReadable, "not a rowset: " + std::string(xml_.Name()) + " within a row");
+    xml_.Fail(kNotReadable, "nu este un rowset: " + std::string(xml_.Name()) + " intr-un rand");
   }
 }
 
@@ -261,7 +266,8 @@ Value RowsetReader::Parse(std::string_view text, const FieldDef& field) const {
 
 void RowsetReader::Finish() {
   while (xml_.NextChild(rootDepth_)) {
-    if (xml_.Is(kRowsetSpace, "data")) xml_.Fail(kNotReadable, "not a rowset: rows twice");
+    if (xml_.Is(kRowsetSpace, "data"))
+      xml_.Fail(kNotReadable, "nu este un rowset: randuri de doua ori");
   }
   if (owned_) xml_.Finish();
   atEnd_ = true;

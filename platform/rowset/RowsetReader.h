@@ -23,9 +23,12 @@ class RowsetReader {
   /// Reads a whole document; `name` is the file's name in failures.
   RowsetReader(std::istream& in, const std::string& name);
 
+  /// What is done with rows whose changes were not yet written to their table.
+  enum class Changes { kApply, kRefuse };
+
   /// Reads the block at the current element of `xml`, which must outlive the reader. After Next has
   /// returned false, `xml` is at the block's end.
-  explicit RowsetReader(XmlReader& xml);
+  explicit RowsetReader(XmlReader& xml, Changes changes = Changes::kApply);
 
   /// The columns, in the order of their rs:number. A column is required when it has
   /// rs:maybenull='false' and is not nullable.
@@ -56,6 +59,7 @@ class RowsetReader {
   std::unique_ptr<XmlReader> owned_;
   XmlReader& xml_;
   int rootDepth_ = 0;
+  Changes changes_ = Changes::kApply;
   bool atEnd_ = false;
   Group group_ = Group::None;  // the current element of changed rows
 

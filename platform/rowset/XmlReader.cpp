@@ -38,7 +38,7 @@ struct XmlReader::Parser {
 
   void KeepError(const xmlError& met) {
     if (met.level < XML_ERR_ERROR || !error.empty()) return;
-    error = met.message ? met.message : "the file is damaged";
+    error = met.message ? met.message : "fisierul este deteriorat";
     while (!error.empty() && error.back() == '\n') error.pop_back();
     errorLine = met.line;
   }
@@ -46,7 +46,7 @@ struct XmlReader::Parser {
   [[noreturn]] void Throw(long number, int line, const std::string& text) const {
     const std::size_t slash = name.find_last_of("/\\");
     const std::string bare = slash == name.npos ? name : name.substr(slash + 1);
-    throw Failure(number, bare + ", line " + std::to_string(line) + ": " + text, name);
+    throw Failure(number, bare + ", linia " + std::to_string(line) + ": " + text, name);
   }
 };
 
@@ -55,7 +55,7 @@ XmlReader::XmlReader(std::istream& in, std::string name) : parser_(std::make_uni
   // Entities are not resolved and document types not loaded; network access is off in any case.
   parser_->reader = xmlReaderForIO(ReadStream, nullptr, &in, nullptr, nullptr,
                                    XML_PARSE_NONET | XML_PARSE_COMPACT);
-  if (!parser_->reader) parser_->Throw(kNotReadable, 1, "the file cannot be read");
+  if (!parser_->reader) parser_->Throw(kNotReadable, 1, "fisierul nu poate fi citit");
   xmlTextReaderSetStructuredErrorHandler(
       parser_->reader,
       [](void* context, auto* error) { static_cast<Parser*>(context)->KeepError(*error); },
@@ -63,7 +63,7 @@ XmlReader::XmlReader(std::istream& in, std::string name) : parser_(std::make_uni
   while (Read()) {
     if (xmlTextReaderNodeType(parser_->reader) == XML_READER_TYPE_ELEMENT) return;
   }
-  Fail(kNotReadable, "no XML document");
+  Fail(kNotReadable, "nu este un document XML");
 }
 
 XmlReader::~XmlReader() = default;
@@ -74,9 +74,9 @@ bool XmlReader::Read() {
   if (!parser_->error.empty()) {
     parser_->Throw(kNotReadable, parser_->errorLine, parser_->error);
   }
-  if (read < 0) Fail(kNotReadable, "the file is damaged");
+  if (read < 0) Fail(kNotReadable, "fisierul este deteriorat");
   if (read == 1 && xmlTextReaderNodeType(parser_->reader) == XML_READER_TYPE_DOCUMENT_TYPE) {
-    Fail(kNotReadable, "a document type is not accepted");
+    Fail(kNotReadable, "tipul de document (DOCTYPE) nu se accepta");
   }
   return read == 1;
 }

@@ -43,6 +43,40 @@ TEST_F(ExchangeTest, ExportsAPeriodAndAsksBeforeItDoesSoAgain) {
   EXPECT_EQ(NamesIn(folder).size(), 1U);
 }
 
+TEST_F(ExchangeTest, ImportsTheFileOfABranch) {
+  ASSERT_EQ(RunAsAdmin({"export", "01.01.2006", "31.12.2006"}).code, kDone);
+  const std::string own =
+      (Directory() / "Export" / "01" / "Export31.12.2006 - 14.05.09.xml").string();
+  ExpectRefused({"import", own},
+                "Sucursala cu codul 01 este sociatatea pe care lucrati acum, nu puteti face "
+                "import\n");
+  std::string text = Content(own);
+  text.replace(text.find(">01<"), 4, ">S1<");
+  const std::string file = File("sucursala.xml", text);
+  const std::string printed =
+      "Sucursala S1, 01.01.2006 - 31.12.2006\n\n"
+      "Fel  Cod in fisier  Denumire  Cod aici\n"
+      "---  -------------  --------  --------\n\n"
+      "1 linie noua, 0 linii inlocuite; debit 10,00, credit 0,00\n"
+      "Atentie: Suma debitelor difera de suma creditelor.\n";
+  const Result dry = RunAsAdmin({"import", file, "--dry-run"});
+  EXPECT_EQ(dry.out, printed + "Nu s-a scris nimic (--dry-run).\n") << dry.err;
+  EXPECT_EQ(company_.Rows("SELECT NDI FROM Kv_Linii"), "1 \n");
+  const Result result = RunAsAdmin({"import", file});
+  EXPECT_EQ(result.out, printed + "Import cu succes\n") << result.err;
+  EXPECT_EQ(company_.Rows("SELECT NDI, CodIE FROM Kv_Linii"), "1 E \n2 I \n");
+
+  ExpectRefused({"import", File("taiat.xml", text.substr(0, 900))},
+                "Fisierul XML nu poate fi incarcat\ntaiat.xml, linia ");
+  ExpectRefused({"import", "nu-exista.xml"}, "Fisierul XML nu poate fi incarcat\nFile not found");
+  text.replace(text.find("DEBIT='10'"), 10, "DEBIT='1,0'");
+  ExpectRefused({"import", File("virgula.xml", text)}, "Eroare 13 - virgula.xml, linia ");
+  company_.Open().Execute("ALTER TABLE tmp_Ter ADD COLUMN X TEXT(5)");
+  ExpectRefused({"import", file},
+                "Versiunile dintre bazele de date de Export si Import sunt diferite, nu am putut "
+                "importa: Kv_Ter");
+}
+
 }  // namespace
 
 }  // namespace tevra::batch::test

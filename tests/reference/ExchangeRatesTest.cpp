@@ -146,7 +146,7 @@ TEST_F(ExchangeRates, ARefusedFileSaysWhyAndChangesNothing) {
       {bomb, "nu este un document XML intreg"},
       {"<!DOCTYPE DataSet [<!ENTITY a SYSTEM \"file:///etc/passwd\">]><DataSet><Body>&a;</Body>"
        "</DataSet>",
-       "a document type is not accepted"},
+       "tipul de document (DOCTYPE) nu se accepta"},
       {whole.substr(0, whole.size() - 20), "nu este un document XML intreg"},
       {rated("<Rate currency=\"HUF\" multiplier=\"0\">1.5</Rate>"), "multiplicatorul \"0\""},
       {rated("<Rate currency=\"HUF\" multiplier=\"-100\">1.5</Rate>"), "multiplicatorul \"-100\""},

@@ -47,41 +47,44 @@ TEST(RowsetDamage, WhatIsNoRowsetIsRefusedWithItsLine) {
   const std::string row = "<z:row N='1'/>\n";
   // texts and what is told of them behind the name of the file
   const std::vector<std::pair<std::string, std::string>> cases = {
-      {"", "line 1: "},
-      {"SQLite format 3", "line 1: "},
-      {"<html><body/></html>", "line 1: not a rowset: the element is html"},
-      {kRoot + "</xml>", "line 1: not a rowset: no schema"},
-      {kRoot + kSchema + "</xml>", "line 1: not a rowset: no rows"},
-      {kRoot + "<rs:data/>\n</xml>", "line 2: not a rowset: rows without a schema"},
-      {kRoot + "<s:Schema/><rs:data/></xml>", "line 2: not a rowset: no columns"},
-      {"<xml><s:Schema/></xml>", "line 1: "},
-      {kRoot + kSchema + kSchema + "<rs:data/></xml>", "line 9: not a rowset: a second schema"},
+      {"", "linia 1: "},
+      {"SQLite format 3", "linia 1: "},
+      {"<html><body/></html>", "linia 1: nu este un rowset: elementul este html"},
+      {kRoot + "</xml>", "linia 1: nu este un rowset: fara schema"},
+      {kRoot + kSchema + "</xml>", "linia 1: nu este un rowset: fara randuri"},
+      {kRoot + "<rs:data/>\n</xml>", "linia 2: nu este un rowset: randuri fara schema"},
+      {kRoot + "<s:Schema/><rs:data/></xml>", "linia 2: nu este un rowset: fara coloane"},
+      {"<xml><s:Schema/></xml>", "linia 1: "},
+      {kRoot + kSchema + kSchema + "<rs:data/></xml>", "linia 9: nu este un rowset: a doua schema"},
       {kRoot + "<s:Schema><s:AttributeType/></s:Schema></xml>",
-       "line 2: not a rowset: a column without a name"},
+       "linia 2: nu este un rowset: o coloana fara nume"},
       {kRoot +
            "<s:Schema><s:AttributeType name='A'/>\n<s:AttributeType name='A'/></s:Schema></xml>",
-       "line 2: not a rowset: the column A twice"},
+       "linia 2: nu este un rowset: coloana A apare de doua ori"},
       {kRoot + "<s:Schema><s:AttributeType name='A' dt:type='string' dt:maxLength='x'/></s:Schema>"
                "</xml>",
-       "line 2: not a rowset: the length x"},
-      {WithData(row + "<other/>"), "line 11: not a rowset: other among the rows"},
-      {WithData("<z:row N='1'><z:row N='2'/></z:row>"), "line 10: not a rowset: row within a row"},
+       "linia 2: nu este un rowset: lungimea x"},
+      {WithData(row + "<other/>"), "linia 11: nu este un rowset: other intre randuri"},
+      {WithData("<z:row N='1'><z:row N='2'/></z:row>"),
+       "linia 10: nu este un rowset: row intr-un rand"},
       {WithData("<rs:update><z:row N='1'/></rs:update>"),
-       "line 10: not a rowset: a changed row without its original"},
+       "linia 10: nu este un rowset: un rand modificat fara originalul lui"},
       {WithData("<rs:update><rs:original><z:row N='1'/></rs:original><z:row N='2'/></rs:update>"
                 "<rs:update><z:row N='3'/></rs:update>"),
-       "line 10: not a rowset: a changed row without its original"},
-      {WithData(row) + std::string(100000, ' ') + "<more/>", "line 11: "},
-      {WithData("<rs:insert><other/></rs:insert>"), "line 10: not a rowset: other among changed"},
-      {kRoot + kSchema + "<rs:data/><rs:data>\n" + row + kEnd, "line 9: not a rowset: rows twice"},
-      {WithData(row + row).substr(0, WithData(row + row).size() - 20), "line 11: "},
-      {WithData(row).substr(0, WithData(row).size() - 1), "line 11: "},
-      {WithData(row) + "<xml/>", "line 11: "},
-      {WithData(row + "<z:row N='1' N='2'/>"), "line 11: "},
-      {WithData(row + "<z:row T='\xBA'/>"), "line 11: "},
-      {WithData(row + "<z:row T='&#1;'/>"), "line 11: "},
-      {WithData(row + "<z:row T='&unknown;'/>"), "line 11: "},
-      {WithData(row + "<y:row N='1'/>"), "line 11: "}};
+       "linia 10: nu este un rowset: un rand modificat fara originalul lui"},
+      {WithData(row) + std::string(100000, ' ') + "<more/>", "linia 11: "},
+      {WithData("<rs:insert><other/></rs:insert>"),
+       "linia 10: nu este un rowset: other intre randurile modificate"},
+      {kRoot + kSchema + "<rs:data/><rs:data>\n" + row + kEnd,
+       "linia 9: nu este un rowset: randuri de doua ori"},
+      {WithData(row + row).substr(0, WithData(row + row).size() - 20), "linia 11: "},
+      {WithData(row).substr(0, WithData(row).size() - 1), "linia 11: "},
+      {WithData(row) + "<xml/>", "linia 11: "},
+      {WithData(row + "<z:row N='1' N='2'/>"), "linia 11: "},
+      {WithData(row + "<z:row T='\xBA'/>"), "linia 11: "},
+      {WithData(row + "<z:row T='&#1;'/>"), "linia 11: "},
+      {WithData(row + "<z:row T='&unknown;'/>"), "linia 11: "},
+      {WithData(row + "<y:row N='1'/>"), "linia 11: "}};
   for (const auto& [text, expected] : cases) {
     const std::string start = "-2147467259: Export.xml, " + expected;
     EXPECT_EQ(Told(text).substr(0, start.size()), start) << text;
@@ -94,7 +97,7 @@ TEST(RowsetDamage, AValueThatDoesNotConvertIsRefusedWithItsLine) {
              "2'|N='+-5'|V='1,5'|V='1e999'|V='nan'|V='inf'|V='0x10'|"
              "B='Da'|B=''|T='four'|D='31.12.2004'|D='2004-02-30'|D='2004-12-31T25:00:00'|"
              "D='2004-12-31T00:00:00Z'|D='2004-12-31T00:00:00.'")) {
-    const std::string start = "13: Export.xml, line 11: " + value.substr(0, 1) + ": Type mismatch";
+    const std::string start = "13: Export.xml, linia 11: " + value.substr(0, 1) + ": Type mismatch";
     EXPECT_EQ(Told(WithData("<z:row/>\n<z:row " + value + "/>")).substr(0, start.size()), start)
         << value;
   }
@@ -135,8 +138,8 @@ TEST(RowsetDamage, EntitiesAreNeitherGrownNorFetched) {
       "<!DOCTYPE xml [<!ATTLIST z:row N CDATA '1'>]>" + WithData("<z:row/>")};
   for (const std::string& document : kDocuments) {
     const std::string told = Told(document);
-    EXPECT_EQ(told.substr(0, 30), "-2147467259: Export.xml, line ") << told;
-    EXPECT_NE(told.find("document type is not accepted"), told.npos) << told;
+    EXPECT_EQ(told.substr(0, 31), "-2147467259: Export.xml, linia ") << told;
+    EXPECT_NE(told.find("tipul de document (DOCTYPE) nu se accepta"), told.npos) << told;
   }
   std::string deep = WithData("");
   for (int i = 0; i < 10000; ++i) deep.insert(deep.size() - kEnd.size(), "<a>");

@@ -95,6 +95,11 @@ void PrintRate(Connection& company, const std::string& currency, const DateTime&
 void ExportPeriod(Connection& company, const DateTime& from, const DateTime& to, bool again,
                   std::ostream& out);
 
+/// Takes in the file of a branch and prints what it changed. `dryRun`: what it would change.
+/// Throws Refusal, with the file and the place, for a file that cannot be taken in; nothing has
+/// changed then.
+void ImportBranch(Connection& company, const std::string& file, bool dryRun, std::ostream& out);
+
 /// Prints the month's charge of every asset after the last run, in groups with their sums.
 void ListCharges(Grouping grouping, bool csv, std::ostream& out);
 

@@ -1,7 +1,12 @@
+#include "app/batch/Refusal.h"
 #include "app/batch/Table.h"
 #include "app/batch/commands/Commands.h"
+#include "exchange/ChangesText.h"
+#include "exchange/ExchangeHeader.h"
 #include "exchange/ExportFile.h"
+#include "exchange/ImportFile.h"
 #include "platform/system/MessageBox.h"
+#include "platform/text/Dates.h"
 #include "session/Module1.h"
 
 namespace tevra::batch {
@@ -25,6 +30,59 @@ void ExportPeriod(Connection& company, const DateTime& from, const DateTime& to,
   }
   table.Write(out);
   out << "\nExport cu succes: " << exported.file.string() << '\n';
+}
+
+namespace {
+
+ExchangeHeader ReadHeader(const std::string& file) {
+  HeaderTexts texts;
+  try {
+    texts = LoadExchange(file);
+  } catch (const Failure& failure) {
+    throw Refusal(std::string(kNotLoaded) + "\n" + failure.Description(), failure);
+  }
+  ExchangeHeader header;
+  try {
+    header = GetXMLHeader(texts, file);
+  } catch (const Failure& failure) {
+    throw Refusal(ErrorText(failure), failure);
+  }
+  if (const std::string own = OwnFileText(header); !own.empty()) throw Refusal(own);
+  return header;
+}
+
+Imported Work(Connection& company, const ImportRequest& request) {
+  try {
+    return ImportFile(company, request);
+  } catch (const Failure& failure) {
+    throw Refusal(ErrorText(failure, request.load.file) + "\nImportul nereusit", failure);
+  }
+}
+
+void PrintChanges(const ImportChanges& changes, std::ostream& out) {
+  std::vector<TextTable::Column> columns;
+  for (const char* caption : kChangeCaptions) columns.push_back({caption});
+  TextTable table(std::move(columns));
+  for (const ChangeRow& row : ChangeRows(changes)) table.AddRow(Values(row.begin(), row.end()));
+  table.Write(out);
+  out << '\n' << LinesText(changes) << '\n';
+  for (const std::string& warning : ImportWarnings(changes)) out << "Atentie: " << warning << '\n';
+}
+
+}  // namespace
+
+void ImportBranch(Connection& company, const std::string& file, bool dryRun, std::ostream& out) {
+  ImportRequest request;
+  request.load.file = file;
+  request.load.header = ReadHeader(file);
+  request.load.refuse = [](const std::string& text) { throw Refusal(text); };
+  request.dryRun = dryRun;
+  const Imported imported = Work(company, request);
+  const ExchangeHeader& header = request.load.header;
+  out << "Sucursala " << header.code << ", " << ShortDate(header.from) << " - "
+      << ShortDate(header.to) << "\n\n";
+  PrintChanges(imported.changes, out);
+  out << (dryRun ? "Nu s-a scris nimic (--dry-run).\n" : "Import cu succes\n");
 }
 
 }  // namespace tevra::batch
