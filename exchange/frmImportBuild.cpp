@@ -13,6 +13,7 @@ namespace tevra {
 namespace {
 
 constexpr int kMargin = 12;
+constexpr int kRowSpace = 6;
 constexpr int kWidth = 760;
 constexpr int kHeight = 520;
 
@@ -83,6 +84,7 @@ void frmImport::BuildChanges() {
   grdModificari->setSelectionBehavior(QAbstractItemView::SelectRows);
   grdModificari->setTabKeyNavigation(false);
   grdModificari->verticalHeader()->hide();
+  grdModificari->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowSpace);
   grdModificari->horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);
   grdModificari->setColumnWidth(0, kWidth / 5);
   lblLinii = new QLabel(frmModificari);
