@@ -43,8 +43,7 @@ class Header {
   }
 
   DateTime Date(const char* element) const {
-    std::string text = Text(element);
-    std::replace(text.begin(), text.end(), '.', '/');
+    const std::string text = Text(element);
     return Read(element, [&] { return CDate(text).Midnight(); });
   }
 

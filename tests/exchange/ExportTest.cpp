@@ -151,6 +151,16 @@ TEST_F(Export, AFailureLeavesNoFileAndNoMark) {
   ExpectNothingDone(marks);
 }
 
+// Something in the way of the final name.
+TEST_F(Export, AMarkedFileThatCannotBeRenamedWaitsForTheNextOpening) {
+  const fs::path blocked = WriteFile(ExportFolder() / kName / "x", "in the way").parent_path();
+  EXPECT_NE(FailureOf([&] { Write(); }), 0);
+  EXPECT_EQ(Marks().substr(0, 8), "1 1 E \n1");
+  fs::remove_all(blocked);
+  SettleExportAtOpening();
+  EXPECT_EQ(ExportsIn(company_), std::vector<std::string>{kName});
+}
+
 TEST_F(Export, GivingUpLeavesNoFileAndNoMark) {
   Connection company = company_.Open();
   for (int line = 1; line <= 600; ++line) AddLine(company, 9, line, kFrom, 7, Value());

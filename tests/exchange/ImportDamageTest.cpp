@@ -28,7 +28,8 @@ TEST_F(Import, RefusesAFileThatIsDamagedOrNotOurs) {
   for (int i = 0; i < 100000; ++i) deep += "<a>";
   const std::string bomb =
       "<!DOCTYPE IE [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;\">]><IE>&b;</IE>";
-  for (const std::string& text : {deep, bomb, "<!DOCTYPE IE>" + whole, std::string("no XML")}) {
+  for (const std::string& text :
+       {deep, bomb, "<!DOCTYPE IE>" + whole, std::string("no XML"), whole + "<more/>"}) {
     WriteFile(cut, text);
     EXPECT_EQ(FailureOf([&] { LoadExchange(cut.string()); }), kDatabaseNotOpened);
   }
@@ -57,6 +58,8 @@ TEST_F(Import, RefusesAHeaderThatCannotBeRead) {
   own.code = "01";
   EXPECT_EQ(OwnFileText(own),
             "Sucursala cu codul 01 este sociatatea pe care lucrati acum, nu puteti face import");
+  own.code = "S1";
+  EXPECT_EQ(OwnFileText(own), "");
 }
 
 TEST_F(Import, ARowThatCannotBeTakenChangesNothing) {
@@ -95,7 +98,9 @@ TEST_F(Import, ARowThatCannotBeTakenChangesNothing) {
 
 TEST_F(Import, AnotherStructureIsRefusedByTable) {
   Connection centre = centre_.Open();
-  centre.Execute("ALTER TABLE tmp_CC ADD COLUMN X TEXT(5)");
+  for (const char* table : {"tmp_CC", "tmp_Jurnale"}) {
+    centre.Execute(std::string("ALTER TABLE ") + table + " ADD COLUMN X TEXT(5)");
+  }
   const std::string before = Dump(centre_);
   ImportRequest request = Request(file_);
   std::string failed;
@@ -105,10 +110,11 @@ TEST_F(Import, AnotherStructureIsRefusedByTable) {
     return done;
   };
   EXPECT_EQ(ImportFile(centre, request).result, Imported::Result::kFailed);
-  EXPECT_EQ(failed, "PrelCentreCost ");  // each step runs whatever the one before returned
-  EXPECT_EQ(refused_, std::vector<std::string>{
-                          "Versiunile dintre bazele de date de Export si Import sunt diferite, nu "
-                          "am putut importa: Kv_CC"});
+  // Each step runs whatever the one before returned.
+  EXPECT_EQ(failed, "PrelCentreCost PrelJurnale ");
+  const std::string refusal =
+      "Versiunile dintre bazele de date de Export si Import sunt diferite, nu am putut importa: ";
+  EXPECT_EQ(refused_, (std::vector<std::string>{refusal + "Kv_CC", refusal + "Kv_Jur"}));
   EXPECT_EQ(Dump(centre_), before);
 }
 
