@@ -11,14 +11,20 @@ namespace tevra {
 
 namespace {
 
-bool IsForeign(const fs::path& file) {
+// No company's, or so damaged that nobody can have it open.
+bool IsUseless(const fs::path& file) {
   std::error_code error;
   if (!fs::is_regular_file(file, error)) return false;
   try {
     CheckCompanyFile(file);
-    return false;
   } catch (const Failure&) {
     return true;
+  }
+  try {
+    RequireSoleUse(file);
+    return false;
+  } catch (const Failure& failure) {
+    return failure.Number() != kPermissionDenied && IsDamaged(file);
   }
 }
 
@@ -31,11 +37,12 @@ fs::path FileIn(const std::string& directory, const std::string& name) {
 }
 
 void OverwriteWithCopy(const fs::path& source, const fs::path& target,
-                       const std::function<void(const fs::path& copy)>& prepare) {
-  if (!IsForeign(target)) return CopyCompanyFile(source, target, prepare);
+                       const std::function<void(const fs::path& copy)>& prepare,
+                       const Progress& progress) {
+  if (!IsUseless(target)) return CopyCompanyFile(source, target, prepare, progress);
   paths::ReplaceFile(target, [&](const fs::path& temporary) {
     fs::remove(temporary);
-    CopyCompanyFile(source, temporary, prepare);
+    CopyCompanyFile(source, temporary, prepare, progress);
     // SQLite would take them for changes of the new company.
     for (const char* ending : {"-wal", "-shm", "-journal"}) fs::remove(fs::path(target) += ending);
   });

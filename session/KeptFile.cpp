@@ -31,7 +31,7 @@ fs::path FreeName(const fs::path& folder, const fs::path& file) {
   return free;
 }
 
-void CopyBytes(const fs::path& from, const fs::path& to) {
+void CopyOver(const fs::path& from, const fs::path& to) {
   paths::ReplaceFile(to, [&](const fs::path& temporary) {
     fs::copy_file(from, temporary, fs::copy_options::overwrite_existing);
   });
@@ -44,10 +44,10 @@ void CopyWhatIsThere(const fs::path& from, const fs::path& to) {
   } catch (const Failure& failure) {
     if (failure.Number() != kDatabaseNotOpened) throw;
   }
-  CopyBytes(from, to);
+  CopyOver(from, to);
   for (const char* ending : kSideFiles) {
     const fs::path side = WithEnding(from, ending);
-    if (fs::is_regular_file(side)) CopyBytes(side, WithEnding(to, ending));
+    if (fs::is_regular_file(side)) CopyOver(side, WithEnding(to, ending));
   }
 }
 
@@ -77,11 +77,11 @@ KeptFile::~KeptFile() {
 
 void KeptFile::PutBack() noexcept {
   try {
-    CopyBytes(copy_, file_);
+    CopyOver(copy_, file_);
     for (const char* ending : kSideFiles) {
       const fs::path side = WithEnding(copy_, ending);
       if (fs::is_regular_file(side)) {
-        CopyBytes(side, WithEnding(file_, ending));
+        CopyOver(side, WithEnding(file_, ending));
       } else {
         fs::remove(WithEnding(file_, ending));
       }

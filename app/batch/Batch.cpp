@@ -20,6 +20,20 @@ namespace tevra::batch {
 
 namespace {
 
+bool IsCare(Command command) {
+  return command == Command::Backup || command == Command::Restore || command == Command::Compact;
+}
+
+// They work on the file as a whole, whatever its structure, and want it closed.
+void CareForCompany(const CommandLine& line, const Streams& streams) {
+  LoginRequest request{line.directory, line.company, line.user, line.passwordFile, true};
+  if (line.command == Command::Restore) request.insteadOfDamaged = BackupToRestore(line.file);
+  Login(request, streams).Close();
+  if (line.command == Command::Restore) return RestoreCompany(line.file, streams.out);
+  if (line.command == Command::Compact) return CompactCompany(streams.out);
+  BackUpCompany(line.backup, streams.out);
+}
+
 void RunOnCompany(const CommandLine& line, const Streams& streams, ReportWriter* writeReport) {
   // Checked before the user types a password.
   const bool dated = line.command == Command::Calculate || line.command == Command::Asset ||
@@ -31,6 +45,7 @@ void RunOnCompany(const CommandLine& line, const Streams& streams, ReportWriter*
   }
   const bool moves = line.command == Command::Transfer;
   const DateTime month = moves ? ParseMonth(line.month) : DateTime();
+  if (IsCare(line.command)) return CareForCompany(line, streams);
   Connection company = Login({line.directory, line.company, line.user, line.passwordFile}, streams);
   SettleExportAtOpening();
   switch (line.command) {

@@ -57,6 +57,7 @@ class Parser {
     AddObjectCommands();
     AddRatesCommand();
     AddExchangeCommands();
+    AddCareCommands();
     AddReportCommand();
   }
 
@@ -205,6 +206,13 @@ class Parser {
         ->add_flag("--dry-run", line_.dryRun, "Arata ce s-ar schimba, fara sa scrie nimic");
   }
 
+  void AddCareCommands() {
+    AddBackupOptions(*Add(Command::Backup, "backup", "Salveaza baza de date", {}), line_.backup);
+    Add(Command::Restore, "restore", "Restaureaza baza de date dintr-o salvare",
+        {{"FISIER", &line_.file, "Salvarea"}});
+    Add(Command::Compact, "compact", "Compacteaza baza de date", {});
+  }
+
   void AddReportCommand() {
     report_ = Add(Command::Report, "report", "Scrie un raport ca fisier PDF",
                   {{"RAPORT", &kind_, "charges, purchases sau inventory"}});
@@ -328,6 +336,7 @@ class Parser {
       throw UsageError("Actiune necunoscuta: " + action_ + " (add) !");
     }
     if (rates_->count("--at") > 0) line_.code = std::exchange(line_.file, {});
+    CheckBackupOptions(line_.backup);
     CheckGrouping();
     if (passwordFile_->count() > 0) line_.passwordFile = password_;
     if (NeedsLogin(line_.command) && line_.user.empty()) {

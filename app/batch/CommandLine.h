@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "app/batch/BackupOptions.h"
 #include "app/batch/DisposalOptions.h"
 #include "app/batch/ObjectOptions.h"
 #include "session/Companies.h"
@@ -29,7 +30,10 @@ enum class Command {
   Transfer,
   Rates,
   Export,
-  Import
+  Import,
+  Backup,
+  Restore,
+  Compact
 };
 
 /// The grouping of charges; inventory objects have a person instead of a class. The values are the
@@ -55,7 +59,8 @@ struct CommandLine {
   std::string code;
   std::string name;                               ///< of the company to create
   ExistingFile existing = ExistingFile::kRefuse;  ///< of the company to create
-  std::string file;      ///< CSV to load, "-" for the standard input; or the file of rates
+  /// CSV to load, "-" for the standard input; the file of rates; or the backup to restore.
+  std::string file;
   std::string table;     ///< to load into
   std::string date;      ///< of the calculation, as written
   bool post = false;     ///< also posts the month's charges
@@ -65,6 +70,7 @@ struct CommandLine {
   std::string nrcrt;     ///< of the asset or object, as written
   ObjectOptions object;  ///< to add
   DisposalOptions disposal;
+  BackupOptions backup;
   Grouping grouping = Grouping::Account;
   ReportKind report = ReportKind::Charges;
   std::string currency = "LEI";

@@ -7,6 +7,8 @@
 
 #include "app/batch/Directory.h"
 #include "app/batch/Refusal.h"
+#include "platform/data/CompanyFile.h"
+#include "session/DatabaseFiles.h"
 #include "session/Login.h"
 #include "session/Module1.h"
 #include "session/Session.h"
@@ -70,6 +72,15 @@ void RequireVersion(Connection& company, const std::string& database) {
   }
 }
 
+bool IsUsable(const std::filesystem::path& file) {
+  try {
+    CheckCompanyFile(file);
+    return !IsDamaged(file);
+  } catch (const Failure&) {
+    return false;
+  }
+}
+
 }  // namespace
 
 Connection Login(const LoginRequest& request, const Streams& streams) {
@@ -80,16 +91,28 @@ Connection Login(const LoginRequest& request, const Streams& streams) {
   Session& session = CurrentSession();
   session.selectedDatabase = company.numeBd;
   session.connectionString = CompanyConnectionString(directory.string(), company.numeBd);
-  Connection opened(session.connectionString);
-  RequireUser(opened, request.user, password);
-  RequireVersion(opened, company.numeBd);
-
   session.databasesPath = directory.string() + '\\';
   session.companyName = company.denumire;
   session.userName = request.user;
-  session.userType = TipUtilizator(opened, request.user);
-  LoadParametri(opened);
-  return opened;
+  const auto logInto = [&](const std::string& connectionString) {
+    Connection opened(connectionString);
+    RequireUser(opened, request.user, password);
+    if (!request.anyStructure) RequireVersion(opened, company.numeBd);
+    session.userType = TipUtilizator(opened, request.user);
+    // The work of any structure needs no parameters, which an older one may lack.
+    if (!request.anyStructure) LoadParametri(opened);
+    return opened;
+  };
+  try {
+    return logInto(session.connectionString);
+  } catch (const Failure&) {
+    if (request.insteadOfDamaged.empty() ||
+        IsUsable(FileIn(session.databasesPath, company.numeBd))) {
+      throw;
+    }
+  }
+  return logInto("Data Source=" + request.insteadOfDamaged.string() +
+                 ";Mode=Read;PWD=" + kFilePassword);
 }
 
 }  // namespace tevra::batch

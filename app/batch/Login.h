@@ -1,6 +1,7 @@
 // Opens a company like the login window.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -14,6 +15,9 @@ struct LoginRequest {
   std::string company;  ///< its code
   std::string user;
   std::optional<std::string> passwordFile;
+  bool anyStructure = false;  ///< the structure's version does not matter
+  /// When the company's file is missing or damaged, this company file says who the users are.
+  std::filesystem::path insteadOfDamaged = {};
 };
 
 /// Finds the company, checks user, password and the structure's version, and fills

@@ -1,5 +1,7 @@
 #include "app/tevra/Screens.h"
 
+#include "care/CareMenu.h"
+#include "care/frmRestaurare.h"
 #include "exchange/frmExport.h"
 #include "exchange/frmImport.h"
 #include "inventory/frmObInv.h"
@@ -39,6 +41,9 @@ void HandInScreens(frmMain& frame) {
   frame.SetOpener("Rapoarte_inv", [] { windows::Open<frmRapObInv>(); });
   frame.SetOpener("mnuImport", [] { windows::OpenNew<frmImport>(); });
   frame.SetOpener("mnuEExport", [] { windows::OpenNew<frmExport>(); });
+  frame.SetOpener("mnuCompactare", mnuCompactare_Click);
+  frame.SetOpener("mnuSalvare", mnuSalvare_Click);
+  frame.SetOpener("mnuRestaurare", [] { windows::Open<frmRestaurare>(); });
 }
 
 }  // namespace tevra

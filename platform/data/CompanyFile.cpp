@@ -6,6 +6,7 @@
 
 #include "platform/data/Database.h"
 #include "platform/data/EngineHandle.h"
+#include "platform/data/FileCopy.h"
 #include "platform/system/Paths.h"
 
 namespace fs = std::filesystem;
@@ -13,8 +14,6 @@ namespace fs = std::filesystem;
 namespace tevra {
 
 namespace {
-
-constexpr int kBusyMilliseconds = 2000;
 
 // While changes are in the side file, the header may count pages that are only there.
 bool HasWaitingChanges(const fs::path& file) {
@@ -43,53 +42,6 @@ void RemoveSideFiles(const fs::path& file) {
   }
 }
 
-bool IsBusy(const detail::EngineHandle& db) {
-  const int code = sqlite3_errcode(db.get()) & 0xff;
-  return code == SQLITE_BUSY || code == SQLITE_LOCKED;
-}
-
-// SQLite removes the side file only when nobody else is connected. This is checked again under the
-// lock, because another program may have connected in between.
-bool TakeAlone(const detail::EngineHandle& db, const fs::path& file) {
-  try {
-    if (detail::QueryOn(db.get(), "PRAGMA journal_mode=DELETE", file) != "delete") return false;
-    detail::RunOn(db.get(), "BEGIN EXCLUSIVE", file);
-    return detail::QueryOn(db.get(), "PRAGMA journal_mode", file) == "delete" &&
-           !detail::HasBeenReplaced(db.get());
-  } catch (const Failure&) {
-    if (!IsBusy(db)) throw;
-    return false;
-  }
-}
-
-void CopyPages(const fs::path& source, const fs::path& copy, const fs::path& target) {
-  const detail::EngineHandle from =
-      paths::IsReadOnly(source)
-          ? detail::OpenToRead(source, kBusyMilliseconds)
-          : detail::OpenToWrite(source, SQLITE_OPEN_READWRITE, kBusyMilliseconds);
-  const detail::EngineHandle to =
-      detail::OpenToWrite(copy, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, kBusyMilliseconds);
-  sqlite3_backup* backup = sqlite3_backup_init(to.get(), "main", from.get(), "main");
-  if (!backup) {
-    throw detail::EngineFailure(sqlite3_errcode(to.get()), sqlite3_errmsg(to.get()), copy.string(),
-                                {});
-  }
-  const int code = sqlite3_backup_step(backup, -1);
-  sqlite3_backup_finish(backup);
-  if (code != SQLITE_DONE) {
-    const bool full = (code & 0xff) == SQLITE_FULL;
-    throw detail::EngineFailure(code, sqlite3_errmsg(to.get()), (full ? target : source).string(),
-                                {});
-  }
-  // Failures of the copy are reported with the source's name, which the user knows.
-  if (detail::QueryOn(to.get(), "PRAGMA journal_mode=DELETE", source) != "delete" ||
-      detail::QueryOn(to.get(), "PRAGMA integrity_check", source) != "ok" ||
-      detail::QueryOn(to.get(), "PRAGMA application_id", source) !=
-          std::to_string(kApplicationId)) {
-    throw Failure(kDatabaseNotOpened, "Baza de date este deteriorata: " + source.string());
-  }
-}
-
 }  // namespace
 
 void CheckCompanyFile(const fs::path& file) {
@@ -111,6 +63,10 @@ void CheckCompanyFile(const fs::path& file) {
   CheckLength(file, start);
 }
 
+bool IsDamaged(const fs::path& file) {
+  return !detail::IsWhole(detail::OpenStill(file), file);
+}
+
 void RemoveCompanyFile(const fs::path& file) noexcept {
   std::error_code ignored;
   fs::remove(file, ignored);
@@ -125,12 +81,13 @@ SoleUse::SoleUse(const fs::path& file) {
   const Failure refused(kPermissionDenied, "Permission denied: " + file.string(), file.string());
   if (paths::IsReadOnly(file)) throw refused;
   detail::EngineHandle db = detail::OpenToWrite(file, SQLITE_OPEN_READWRITE, 0);
-  if (!TakeAlone(db, file)) throw refused;
+  if (!detail::TakeAlone(db, file)) throw refused;
   handle_ = std::shared_ptr<sqlite3>(std::move(db));
 }
 
 void CopyCompanyFile(const fs::path& source, const fs::path& target,
-                     const std::function<void(const fs::path& copy)>& prepare) {
+                     const std::function<void(const fs::path& copy)>& prepare,
+                     const Progress& progress) {
   CheckCompanyFile(source);
   std::optional<SoleUse> alone;
   if (fs::exists(target)) {
@@ -140,7 +97,7 @@ void CopyCompanyFile(const fs::path& source, const fs::path& target,
     RemoveSideFiles(target);
   }
   paths::ReplaceFile(target, [&](const fs::path& copy) {
-    CopyPages(source, copy, target);
+    detail::CopyPages(source, copy, target, progress);
     if (!prepare) return;
     prepare(copy);
     RequireSoleUse(copy);

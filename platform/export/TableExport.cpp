@@ -15,9 +15,6 @@ namespace tevra {
 
 namespace {
 
-// Thrown through ReplaceFile, which then keeps the previous file.
-struct GivenUp {};
-
 // Passes each row to `write` and reports the progress.
 template <class Write>
 void ForEachRow(const ExportTable& table, const Progress& progress, Write write) {
@@ -28,8 +25,8 @@ void ForEachRow(const ExportTable& table, const Progress& progress, Write write)
     InvariantEqual(static_cast<std::int64_t>(values.size()),
                    static_cast<std::int64_t>(table.columns.size()), "valorile unui rand exportat");
     write(values);
-    if (!progress || row % kRowsBetween != 0) continue;
-    if (!progress(static_cast<int>(row + 1), static_cast<int>(table.rows))) throw GivenUp();
+    if (row % kRowsBetween != 0) continue;
+    Report(progress, static_cast<int>(row + 1), static_cast<int>(table.rows));
   }
   if (table.rows == 0) return;  // unknown
   InvariantEqual(static_cast<std::int64_t>(row), static_cast<std::int64_t>(table.rows),

@@ -10,9 +10,6 @@
 namespace tevra {
 namespace {
 
-// Thrown through ReplaceFile, which then keeps the previous file.
-struct GivenUp {};
-
 // The file could be opened, so a failed write means that the disk is full.
 void CheckWritten(const QFile& file, const std::filesystem::path& path) {
   if (file.error() != QFileDevice::NoError) throw FileFailure(kDiskFull, path.string());
@@ -34,7 +31,7 @@ void WritePages(PagedDocument& document, QFile& file, const std::filesystem::pat
     if (page > 0 && !writer.newPage()) throw FileFailure(kPermissionDenied, path.string());
     PaintOnPaper(painter, document, page);
     CheckWritten(file, path);
-    if (progress && !progress(page + 1, pages)) throw GivenUp();
+    Report(progress, page + 1, pages);
   }
   painter.end();
 }

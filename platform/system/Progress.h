@@ -9,4 +9,13 @@ namespace tevra {
 /// false cancels the work.
 using Progress = std::function<bool(int done, int of)>;
 
+/// Thrown out of work that a Progress cancelled, where the work returns nothing that could say so.
+/// It is no failure, and no handler of failures catches it.
+struct GivenUp {};
+
+/// Calls `progress`, if there is one; throws GivenUp when it cancels.
+inline void Report(const Progress& progress, int done, int of) {
+  if (progress && !progress(done, of)) throw GivenUp();
+}
+
 }  // namespace tevra

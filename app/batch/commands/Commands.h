@@ -1,6 +1,7 @@
 // The program's commands. Those that work on a company need the session of a login.
 #pragma once
 
+#include <filesystem>
 #include <ostream>
 #include <string>
 
@@ -99,6 +100,16 @@ void ExportPeriod(Connection& company, const DateTime& from, const DateTime& to,
 /// Throws Refusal, with the file and the place, for a file that cannot be taken in; nothing has
 /// changed then.
 void ImportBranch(Connection& company, const std::string& file, bool dryRun, std::ostream& out);
+
+/// Back up, restore and compact the session's company, whose file must not be open here; only for
+/// users with the rights of the menu "Intretinere". They print what was done. Restoring a backup
+/// of another company asks first. Throw Refusal with the reason.
+void BackUpCompany(const BackupOptions& options, std::ostream& out);
+void RestoreCompany(const std::string& file, std::ostream& out);
+void CompactCompany(std::ostream& out);
+
+/// The path of the backup to restore. Throws Refusal when there is no such file.
+std::filesystem::path BackupToRestore(const std::string& written);
 
 /// Prints the month's charge of every asset after the last run, in groups with their sums.
 void ListCharges(Grouping grouping, bool csv, std::ostream& out);
