@@ -24,8 +24,6 @@ namespace {
 constexpr const char* kDeclaration = "<?xml version='1.0' ?>";
 constexpr int kRowsBetweenReports = 256;
 
-struct GivenUp {};
-
 /// A temporary file that is removed unless the export was committed.
 class Temporary {
  public:
@@ -149,7 +147,7 @@ class Exporter {
   }
 
   void Report(std::int64_t lines) const {
-    if (request_.progress && !request_.progress(static_cast<int>(lines), 0)) throw GivenUp();
+    tevra::Report(request_.progress, static_cast<int>(lines), 0);
   }
 
   // The lines that were written are those that are marked: both statements see one state of the

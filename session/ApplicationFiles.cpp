@@ -57,6 +57,11 @@ fs::path ApplicationDirectory() {
   return portable || data.empty() ? own : data;
 }
 
+fs::path TemplateFor(const fs::path& directory) {
+  const fs::path file = paths::Resolve((directory / kTemplate).string());
+  return fs::exists(file) && !IsOlder(file) ? file : TemplatePath();
+}
+
 fs::path TemplateIn(const fs::path& directory) {
   const fs::path file = paths::Resolve((directory / kTemplate).string());
   if (!fs::exists(file)) {

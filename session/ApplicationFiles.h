@@ -20,6 +20,10 @@ std::filesystem::path TemplatePath();
 /// need not exist yet.
 std::filesystem::path ApplicationDirectory();
 
+/// The template with the current structure for a directory of companies: the directory's own one,
+/// or the program's when that is missing or older. Throws Failure as TemplateIn.
+std::filesystem::path TemplateFor(const std::filesystem::path& directory);
+
 /// The template of a directory of companies. When it is missing or has an older structure, it is
 /// replaced by the program's template, so that a new company gets the current structure. Throws
 /// Failure 53 when there is no template at all, otherwise like CopyCompanyFile and

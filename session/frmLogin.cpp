@@ -8,7 +8,9 @@
 #include <QVBoxLayout>
 
 #include "platform/forms/FormsApplication.h"
+#include "platform/forms/Hourglass.h"
 #include "platform/forms/Pictures.h"
+#include "platform/forms/frmProgress.h"
 #include "platform/system/Desktop.h"
 #include "platform/system/MessageBox.h"
 #include "platform/system/Paths.h"
@@ -41,7 +43,8 @@ std::string BareName(const std::string& file) {
 
 }  // namespace
 
-frmLogin::frmLogin() : Form("frmLogin", "Selectie Societate") {
+frmLogin::frmLogin(StructureUpgrade upgrade)
+    : Form("frmLogin", "Selectie Societate"), upgrade_(std::move(upgrade)) {
   source_ = new Adodc("datSocietati", this);
   Build();
   connect(TDBGrid1, &DataGrid::RowColChange, this, [this] { TDBGrid1_RowColChange(); });
@@ -301,6 +304,18 @@ void frmLogin::CompleteLogin(Procedure& procedure) {
   close();
 }
 
+// False when the user cancelled: the structure is then the old one.
+bool frmLogin::RunUpgrade() {
+  const Hourglass hourglass;
+  frmProgress window("Actualizare baza de date", {"Tabela %1 din %2", "Tabela %1"}, this);
+  try {
+    upgrade_(window.Asked());
+    return true;
+  } catch (const GivenUp&) {
+    return false;
+  }
+}
+
 void frmLogin::VerificaVersiune() {
   const char* kTitle = "Actualizare baza de date";
   const auto failed = [](const Failure& failure, const Procedure&) {
@@ -316,10 +331,7 @@ void frmLogin::VerificaVersiune() {
                          " trebuie actualizata !\n Doriti sa efectuati actualizarea acum ?",
                      kYesNo | kQuestion, kTitle);
         if (answer != kYes) return;
-        MsgBoxEx(
-            "Aceasta versiune a programului nu contine inca actualizarea structurii bazei de date "
-            "! Structura ramane neschimbata.",
-            kInformation, kTitle);
+        if (RunUpgrade()) MsgBoxEx("Actualizarea bazei de date s-a incheiat !", kInformation);
       },
       failed);
 }

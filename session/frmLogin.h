@@ -4,20 +4,26 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <functional>
 #include <optional>
 #include <string>
 
 #include "platform/forms/Boxes.h"
 #include "platform/forms/Form.h"
 #include "platform/grid/DataGrid.h"
+#include "platform/system/Progress.h"
 #include "session/CompanyRegistry.h"
 
 namespace tevra {
 
+/// Upgrades the structure of the session's company; throws Failure and GivenUp.
+using StructureUpgrade = std::function<void(const Progress& progress)>;
+
 /// Shown modally; a login fills the session.
 class frmLogin : public Form {
  public:
-  frmLogin();
+  /// `upgrade` runs when the user agrees to it.
+  explicit frmLogin(StructureUpgrade upgrade = {});
   ~frmLogin() override;
 
   bool LoginSucceeded() const { return succeeded_; }
@@ -53,9 +59,11 @@ class frmLogin : public Form {
   bool RunOfModule(const char* name, const std::function<void()>& step);
   void CompleteLogin(Procedure& procedure);
   void VerificaVersiune();
+  bool RunUpgrade();
 
   std::optional<CompanyRegistry> registry_;
   Adodc* source_;
+  StructureUpgrade upgrade_;
   bool forcedUpgrade_ = false;
   bool succeeded_ = false;
 };

@@ -21,7 +21,8 @@ namespace tevra::batch {
 namespace {
 
 bool IsCare(Command command) {
-  return command == Command::Backup || command == Command::Restore || command == Command::Compact;
+  return command == Command::Backup || command == Command::Restore || command == Command::Compact ||
+         command == Command::Upgrade;
 }
 
 // They work on the file as a whole, whatever its structure, and want it closed.
@@ -31,6 +32,7 @@ void CareForCompany(const CommandLine& line, const Streams& streams) {
   Login(request, streams).Close();
   if (line.command == Command::Restore) return RestoreCompany(line.file, streams.out);
   if (line.command == Command::Compact) return CompactCompany(streams.out);
+  if (line.command == Command::Upgrade) return UpgradeCompany(line.dryRun, streams.out);
   BackUpCompany(line.backup, streams.out);
 }
 

@@ -211,6 +211,8 @@ class Parser {
     Add(Command::Restore, "restore", "Restaureaza baza de date dintr-o salvare",
         {{"FISIER", &line_.file, "Salvarea"}});
     Add(Command::Compact, "compact", "Compacteaza baza de date", {});
+    Add(Command::Upgrade, "upgrade", "Actualizeaza structura bazei de date", {})
+        ->add_flag("--dry-run", line_.dryRun, "Arata ce s-ar schimba, fara sa scrie nimic");
   }
 
   void AddReportCommand() {

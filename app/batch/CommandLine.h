@@ -33,7 +33,8 @@ enum class Command {
   Import,
   Backup,
   Restore,
-  Compact
+  Compact,
+  Upgrade
 };
 
 /// The grouping of charges; inventory objects have a person instead of a class. The values are the

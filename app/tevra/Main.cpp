@@ -10,6 +10,7 @@
 #include "app/tevra/FailureLog.h"
 #include "app/tevra/Screens.h"
 #include "app/tevra/ToolkitWords.h"
+#include "care/Upgrade.h"
 #include "exchange/PendingExport.h"
 #include "platform/forms/FormsApplication.h"
 #include "platform/forms/Pictures.h"
@@ -66,7 +67,7 @@ bool Login() {
     splash.ShowAtOnce();
     CurrentSession().versionText = TwoDigits(kVersionMajor) + TwoDigits(kVersionMinor);
   }
-  frmLogin login;
+  frmLogin login(ActualizeazaBD);
   login.ShowModal();
   return login.LoginSucceeded();
 }

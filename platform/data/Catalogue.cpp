@@ -35,7 +35,7 @@ void ReadFields(detail::Database& database, TableDef& table) {
   while (select.Step()) {
     FieldDef field;
     field.name = select.Column(0).AsText();
-    ParseDeclaredType(select.Column(1).TextOrEmpty(), field);
+    field.foreign = !ParseDeclaredType(select.Column(1).TextOrEmpty(), field);
     const int keyPart = select.Column(4).AsLong();
     field.required = select.Column(2).AsBool();
     field.autoNumber = numbersItself && keyPart > 0;
@@ -212,11 +212,17 @@ void Catalogue::RenameField(const std::string& table, const std::string& from,
 }
 
 void Catalogue::AlterField(const std::string& table, const FieldDef& field) {
+  AlterFields(table, {field});
+}
+
+void Catalogue::AlterFields(const std::string& table, const std::vector<FieldDef>& fields) {
   const TableDef old = Table(table);
   TableDef changed = old;
-  const auto at = static_cast<std::size_t>(&FieldOf(old, field.name) - old.fields.data());
-  changed.fields[at] = field;
-  changed.fields[at].name = old.fields[at].name;
+  for (const FieldDef& field : fields) {
+    const auto at = static_cast<std::size_t>(&FieldOf(old, field.name) - old.fields.data());
+    changed.fields[at] = field;
+    changed.fields[at].name = old.fields[at].name;
+  }
   detail::RebuildTable(connection_, old, changed);
 }
 

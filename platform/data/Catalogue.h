@@ -35,7 +35,8 @@ struct QueryDef {
 };
 
 /// Each call reads the catalogue. Each change is written at once, whole or not at all. An unknown
-/// table throws Failure 3265 with its name.
+/// table throws Failure 3265 with its name. A table with a field of a foreign type cannot be
+/// rewritten: changes of its fields and key throw Failure 13 with the field's name.
 class Catalogue {
  public:
   explicit Catalogue(Connection connection) : connection_(std::move(connection)) {}
@@ -63,6 +64,8 @@ class Catalogue {
   /// Gives the field of the same name the properties of `field` and converts its values. Throws
   /// Failure 13, 6 or -2147217887 when one cannot be converted, and then changes nothing.
   void AlterField(const std::string& table, const FieldDef& field);
+  /// The same for several fields in one pass.
+  void AlterFields(const std::string& table, const std::vector<FieldDef>& fields);
 
  private:
   Connection connection_;

@@ -121,7 +121,9 @@ void CopyRows(Database& database, const TableDef& old, const TableDef& changed) 
   while (select.Step()) {
     for (std::size_t i = 0; i < names.size(); ++i) {
       const int column = static_cast<int>(i);
-      const Value value = ConvertToField(select.Column(column, &old.fields[i]), changed.fields[i]);
+      Value value = ConvertToField(select.Column(column, &old.fields[i]), changed.fields[i]);
+      // An earlier type of the field may have had it.
+      if (value.IsNull() && changed.fields[i].type == FieldType::YesNo) value = Value::YesNo(false);
       if (value.IsNull() && IsKeyField(changed, changed.fields[i])) {
         throw Failure(kValueNotAccepted,
                       "Valoare neacceptata: " + names[i] + ": valoarea este obligatorie");
@@ -140,6 +142,24 @@ std::int64_t CountOf(Database& database, const TableDef& table) {
   Statement count(database, "SELECT COUNT(*) FROM " + Quoted(table.name));
   count.Step();
   return count.Column(0).Whole();
+}
+
+// Indexes and triggers as other tools may have made them, by their statements.
+std::vector<std::string> Companions(Database& database, const std::string& table) {
+  Statement select(database,
+                   "SELECT sql FROM sqlite_master WHERE tbl_name = ? COLLATE NOCASE AND type IN "
+                   "('index', 'trigger') AND sql IS NOT NULL ORDER BY rowid");
+  select.Bind({table});
+  std::vector<std::string> statements;
+  while (select.Step()) statements.push_back(select.Column(0).AsText());
+  return statements;
+}
+
+void RequireOwnTypes(const TableDef& table) {
+  for (const FieldDef& field : table.fields) {
+    if (!field.foreign) continue;
+    throw Failure(kTypeMismatch, "Camp de un tip necunoscut: " + table.name + "." + field.name);
+  }
 }
 
 // While the old table is missing, saved queries on it must not prevent the renaming of the new one.
@@ -190,8 +210,10 @@ std::string CreateIndexSql(const std::string& table, const IndexDef& index) {
 
 void RebuildTable(Connection& connection, const TableDef& old, const TableDef& changed) {
   Database& database = *detail::DatabaseOf(connection);
+  RequireOwnTypes(old);
   const LegacyAlter legacy(database);
   Transaction transaction(connection);
+  const std::vector<std::string> companions = Companions(database, old.name);
   TableDef temporary = changed;
   temporary.name = "sys_nou_" + old.name;
   database.Run(CreateTableSql(temporary));
@@ -201,9 +223,7 @@ void RebuildTable(Connection& connection, const TableDef& old, const TableDef& c
                  "tabela refacuta nu are toate randurile");
   database.Run("DROP TABLE " + Quoted(old.name));
   database.Run("ALTER TABLE " + Quoted(temporary.name) + " RENAME TO " + Quoted(old.name));
-  for (const auto& index : changed.indexes) {
-    if (!index.primary) database.Run(CreateIndexSql(old.name, index));
-  }
+  for (const std::string& statement : companions) database.Run(statement);
   transaction.Commit();
 }
 

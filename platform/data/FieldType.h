@@ -27,6 +27,7 @@ struct FieldDef {
   bool allowZeroLength = true;  ///< Text: the empty text is accepted
   bool autoNumber = false;      ///< Attributes: the table numbers the row itself
   std::string defaultValue;     ///< as in the schema ("0", "'LEI'"); empty for none
+  bool foreign = false;         ///< read from a file where its declared type is none of ours
 
   bool operator==(const FieldDef&) const = default;
 };

@@ -7,6 +7,7 @@
 #include "app/batch/commands/Commands.h"
 #include "care/Maintenance.h"
 #include "care/Restore.h"
+#include "care/Upgrade.h"
 #include "platform/system/MessageBox.h"
 #include "platform/system/Paths.h"
 #include "session/MenuTable.h"
@@ -98,6 +99,19 @@ void CompactCompany(std::ostream& out) {
   WithReason([&] { CompactFile(company.file); });
   out << "Compactarea bazei de date " << company.database << " s-a realizat cu succes ! " << before
       << " -> " << Kilobytes(company.file) << '\n';
+}
+
+void UpgradeCompany(bool dryRun, std::ostream& out) {
+  const CompanyFile company = SessionCompany();
+  const UpgradeResult result = WithReason([&] { return UpgradeStructure(company, dryRun); });
+  for (const std::string& change : result.changes) out << change << '\n';
+  if (!result.left.empty()) out << LeftText(result) << '\n';
+  if (dryRun) {
+    out << "Nu s-a scris nimic (--dry-run).\n";
+    return;
+  }
+  out << "Actualizarea bazei de date " << company.database
+      << " s-a incheiat ! Salvarea dinainte: " << result.backup.string() << '\n';
 }
 
 fs::path BackupToRestore(const std::string& written) {

@@ -108,6 +108,11 @@ void BackUpCompany(const BackupOptions& options, std::ostream& out);
 void RestoreCompany(const std::string& file, std::ostream& out);
 void CompactCompany(std::ostream& out);
 
+/// Upgrades the structure of the session's company, whose file must not be open here, and prints
+/// what was changed and what could not be. `dryRun`: prints it and changes nothing. Throws Refusal
+/// with the reason.
+void UpgradeCompany(bool dryRun, std::ostream& out);
+
 /// The path of the backup to restore. Throws Refusal when there is no such file.
 std::filesystem::path BackupToRestore(const std::string& written);
 

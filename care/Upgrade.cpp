@@ -1,0 +1,65 @@
+#include "care/Upgrade.h"
+
+#include "care/BackupName.h"
+#include "care/clsCompareBD.h"
+#include "platform/data/CompanyFile.h"
+#include "platform/system/Clock.h"
+#include "platform/system/MessageBox.h"
+#include "platform/text/Dates.h"
+#include "session/ApplicationFiles.h"
+#include "session/DatabaseFiles.h"
+#include "session/Login.h"
+#include "session/Module1.h"
+
+namespace fs = std::filesystem;
+
+namespace tevra {
+
+namespace {
+
+Connection Open(const fs::path& file, const char* mode) {
+  return Connection("Data Source=" + file.string() + ";Mode=" + mode + ";PWD=" + kFilePassword);
+}
+
+fs::path BackUpBefore(const CompanyFile& company) {
+  const std::string name = "Actualizare_" + BareDatabase(company.database) + "_" +
+                           Format(clock::Now(), "dd.mm.yyyy_hh.nn.ss") + ".mdb";
+  const fs::path copy = MakeBackupFolder() / name;
+  OverwriteWithCopy(company.file, copy);
+  return copy;
+}
+
+}  // namespace
+
+UpgradeResult UpgradeStructure(const CompanyFile& company, bool dryRun, const Progress& progress) {
+  UpgradeResult result;
+  const fs::path source = TemplateFor(company.file.parent_path());
+  if (!dryRun) {
+    RequireSoleUse(company.file);
+    result.backup = BackUpBefore(company);
+  }
+  Connection target = Open(company.file, dryRun ? "ReadWrite" : "Share Exclusive");
+  Transaction transaction(target);
+  clsCompareBD comparison(Open(source, "Read"), target);
+  comparison.ComparaBazeDate(progress);
+  result.changes = comparison.Changes();
+  result.left = comparison.Left();
+  if (dryRun) return result;
+  SetVersiune(target);
+  transaction.Commit();
+  target.Close();
+  return result;
+}
+
+std::string LeftText(const UpgradeResult& result) {
+  std::string text = "Urmatoarele nu au putut fi actualizate si au ramas cum erau:";
+  for (const std::string& line : result.left) text += "\n" + line;
+  return text;
+}
+
+void ActualizeazaBD(const Progress& progress) {
+  const UpgradeResult result = UpgradeStructure(SessionCompany(), false, progress);
+  if (!result.left.empty()) MsgBoxEx(LeftText(result), kExclamation);
+}
+
+}  // namespace tevra

@@ -1,0 +1,250 @@
+// The structure upgrade over files of older builds, which are made from the template by taking
+// things away.
+#include <random>
+
+#include "care/FieldConversion.h"
+#include "care/Restore.h"
+#include "care/Upgrade.h"
+#include "platform/data/CompanyFile.h"
+#include "session/Login.h"
+#include "session/Version.h"
+#include "tests/KilledWrites.h"
+#include "tests/care/CareTest.h"
+
+namespace fs = std::filesystem;
+
+namespace tevra::test {
+namespace {
+
+const TableDef* Find(const std::vector<TableDef>& tables, const std::string& name) {
+  for (const TableDef& table : tables) {
+    if (table.name == name) return &table;
+  }
+  return nullptr;
+}
+
+class UpgradeTest : public CareTest {
+ protected:
+  UpgradeTest() {
+    Execute("INSERT INTO Kv_Linii (NDI, NRLINIE, CONT, DEBIT) VALUES (1, 1, '2131', 10.5)");
+    Execute("INSERT INTO Kv_Linii (NDI, NRLINIE, CONT, CREDIT) VALUES (1, 2, '404', 10.5)");
+    Age();
+  }
+  void Age() const { Execute("UPDATE kv_info SET VERSIUNE = 0"); }
+  UpgradeResult Upgrade() const { return UpgradeStructure(SessionCompany(), false); }
+  std::vector<TableDef> Tables() const { return Catalogue(company_.Open()).Tables(); }
+  std::vector<TableDef> Template() const {
+    return Catalogue(Connection("Data Source=" + (Folder() / "Kelnar.mdb").string() +
+                                ";Mode=Read;PWD=" + kFilePassword))
+        .Tables();
+  }
+
+  // The file has all that the template has; its fields may stand at other places.
+  void ExpectTemplatesStructure() const {
+    const auto tables = Tables();
+    for (const TableDef& wanted : Template()) {
+      if (wanted.system) continue;
+      const TableDef* table = Find(tables, wanted.name);
+      ASSERT_TRUE(table) << wanted.name;
+      for (const FieldDef& field : wanted.fields) {
+        const FieldDef* own = table->Find(field.name);
+        ASSERT_TRUE(own) << wanted.name << "." << field.name;
+        EXPECT_TRUE(*own == field) << wanted.name << "." << field.name;
+      }
+      EXPECT_TRUE(wanted.indexes == table->indexes) << wanted.name;
+    }
+    EXPECT_EQ(Catalogue(company_.Open()).Queries().size(), 7U);
+    EXPECT_FALSE(StructuraDiferita());
+  }
+  std::string Row(const std::string& fields, const std::string& table) const {
+    return company_.Rows("SELECT " + fields + " FROM " + table);
+  }
+};
+
+TEST_F(UpgradeTest, EqualFilesGetTheVersionOnlyAndABackup) {
+  Execute("UPDATE kv_info SET VERSIUNE = " + std::to_string(kRevision));
+  const std::string before = Dump(File());
+  Age();
+  const UpgradeResult result = Upgrade();
+  EXPECT_TRUE(result.changes.empty() && result.left.empty());
+  EXPECT_EQ(Dump(File()), before);
+  EXPECT_EQ(Inspect(result.backup).version, 0);
+}
+
+TEST_F(UpgradeTest, BringsWhatIsMissingAndConvertsWhatIsThere) {
+  {
+    Connection old = company_.Open();
+    old.Execute("INSERT INTO kv_Ter (COD, NUME) VALUES (7, 'Un furnizor')");
+    Catalogue catalogue(old);
+    old.Execute("DROP TABLE I_GRADE");
+    old.Execute("DROP VIEW qryContLinii");
+    catalogue.DropIndex("Kv_Linii", "CONT");
+    catalogue.CreateIndex("Kv_Linii", {"CONT", {"CREDIT"}, false, false});
+    catalogue.AddField("I_IMO", {.name = "AL_FIRMEI", .size = 30, .defaultValue = {}});
+    old.Execute("UPDATE I_IMO SET AL_FIRMEI = 'pastrat'");
+    catalogue.DropField("I_IMO", "DENUMIRE");
+    catalogue.AlterField("I_IMO", {.name = "VAL_CUMP", .size = 20, .defaultValue = {}});
+    catalogue.AlterField("I_IMO", {.name = "NRCRT",
+                                   .type = FieldType::Double,
+                                   .size = 8,
+                                   .required = true,
+                                   .defaultValue = {}});
+    catalogue.DropPrimaryKey("kv_Ter");
+    catalogue.AlterField("kv_Ter", {.name = "COD", .size = 9, .defaultValue = {}});
+    catalogue.AlterField("Kv_CC", {.name = "TITLU", .size = 200, .defaultValue = {}});
+  }
+  EXPECT_EQ(Row("VAL_CUMP", "I_IMO"), "1500,25 \n");
+  const UpgradeResult result = Upgrade();
+  EXPECT_TRUE(result.left.empty()) << LeftText(result);
+  EXPECT_EQ(Row("NRCRT, COD, VAL_CUMP, AL_FIRMEI, DENUMIRE", "I_IMO"), "1 100 1500,25 pastrat  \n");
+  EXPECT_EQ(Row("COD, NUME", "kv_Ter"), "7 Un furnizor \n");
+  EXPECT_EQ(Row("CONT, DEBIT", "Kv_Linii ORDER BY NRLINIE"), "2131 10,5 \n404  \n");
+  EXPECT_EQ(Catalogue(company_.Open()).Table("Kv_CC").Find("TITLU")->size, 200);
+  const auto tables = Tables();
+  const TableDef* assets = Find(tables, "I_IMO");
+  EXPECT_EQ(assets->fields.back().name, "DENUMIRE");
+  EXPECT_TRUE(assets->Find("NRCRT")->autoNumber);
+  EXPECT_EQ(company_.AddAsset({{"COD", "101"}}), 2);
+  EXPECT_FALSE(StructuraDiferita());
+}
+
+TEST_F(UpgradeTest, AFieldWhoseValuesDoNotConvertStaysWhole) {
+  {
+    Connection old = company_.Open();
+    Catalogue catalogue(old);
+    catalogue.AlterField("I_IMO", {.name = "VAL_CUMP", .size = 20, .defaultValue = {}});
+    catalogue.AlterField(
+        "I_IMO", {.name = "DNFANI", .type = FieldType::Double, .size = 8, .defaultValue = {}});
+    catalogue.AlterField("I_IMO", {.name = "DENUMIRE", .size = 10, .defaultValue = {}});
+    old.Execute("UPDATE I_IMO SET VAL_CUMP = 'o mie', DNFANI = 2.5");
+    catalogue.DropPrimaryKey("Kv_CC");
+    old.Execute("INSERT INTO Kv_CC (COD, TITLU) VALUES ('A', '1'), ('A', '2')");
+  }
+  const UpgradeResult result = Upgrade();
+  EXPECT_EQ(Row("VAL_CUMP, DNFANI", "I_IMO"), "o mie 2,5 \n");
+  EXPECT_EQ(Row("COD, TITLU", "Kv_CC"), "A 1 \nA 2 \n");
+  const auto tables = Tables();
+  EXPECT_EQ(Find(tables, "I_IMO")->Find("VAL_CUMP")->type, FieldType::Text);
+  EXPECT_EQ(Find(tables, "I_IMO")->Find("DENUMIRE")->size, 50);
+  for (const TableDef& table : tables) {
+    for (const FieldDef& field : table.fields) EXPECT_EQ(field.name.find("-1"), std::string::npos);
+  }
+  const std::string text = LeftText(result);
+  for (const char* part :
+       {"I_IMO.VAL_CUMP: Type mismatch: o mie in procedura ModifyField din Class Module "
+        "clsCompareBD Linia: ",
+        "I_IMO.DNFANI: ", "Kv_CC: ", " in procedura pCreatePK din Class Module clsCompareBD"}) {
+    EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
+  }
+  EXPECT_EQ(result.left.size(), 3U) << text;
+  EXPECT_FALSE(StructuraDiferita());
+}
+
+TEST(FieldConversion, IsRefusedWhereSomethingWouldBeLost) {
+  const auto to = [](FieldType type, int size = 5) {
+    return FieldDef{.name = "F", .type = type, .size = size, .defaultValue = {}};
+  };
+  EXPECT_TRUE(Converts("1.234,5", to(FieldType::Double)));
+  EXPECT_FALSE(Converts("2,5", to(FieldType::Long)));
+  EXPECT_FALSE(Converts(2.5, to(FieldType::Long)));
+  EXPECT_FALSE(Converts(70000, to(FieldType::Integer)));
+  EXPECT_TRUE(Converts(DateTime(2026, 7, 9, 8, 5, 59), to(FieldType::Double)));
+  EXPECT_FALSE(Converts(DateTime(2026, 7, 9, 8, 5, 59), to(FieldType::Long)));
+  EXPECT_FALSE(Converts("31.02.2026", to(FieldType::DateTime)));
+  EXPECT_TRUE(Converts("-1", to(FieldType::YesNo)));
+  EXPECT_FALSE(Converts(5, to(FieldType::YesNo)));
+  EXPECT_FALSE(Converts("123456", to(FieldType::Text)));
+  EXPECT_TRUE(Converts(0.1, to(FieldType::Text)));
+  EXPECT_TRUE(Converts(Value(), to(FieldType::Long)));
+}
+
+// Removals, narrowings, retypings: what is left of the data is the same afterwards.
+TEST_F(UpgradeTest, RandomOlderBuildsGetTheTemplatesStructure) {
+  const fs::path whole = Folder() / "intreg";
+  RequireSoleUse(File());
+  fs::copy_file(File(), whole);
+  for (unsigned seed = 1; seed <= 12; ++seed) {
+    SCOPED_TRACE(seed);
+    fs::copy_file(whole, File(), fs::copy_options::overwrite_existing);
+    std::mt19937 random(seed);
+    const auto one = [&](int of) { return static_cast<int>(random() % static_cast<unsigned>(of)); };
+    {
+      Connection old = company_.Open();
+      Catalogue catalogue(old);
+      Transaction work(old);
+      for (const TableDef& table : catalogue.Tables()) {
+        if (table.system || table.name == "kv_info" || table.name == "I_IMO") continue;
+        if (one(9) == 0) {
+          old.Execute("DROP TABLE [" + table.name + "]");
+          continue;
+        }
+        for (const IndexDef& index : table.indexes) {
+          if (one(2) == 0) catalogue.DropIndex(table.name, index.name);
+        }
+        for (FieldDef field : catalogue.Table(table.name).fields) {
+          if (field.required || one(6) != 0) continue;
+          const bool empty = old.QueryValue("SELECT COUNT([" + field.name + "]) FROM [" +
+                                            table.name + "]") == Value(0);
+          if (field.type == FieldType::Text) {
+            if (empty) field.size = std::max(1, field.size / 2);
+          } else {
+            field.type = FieldType::Text;
+            field.size = 40;
+            field.defaultValue.clear();
+          }
+          catalogue.AlterField(table.name, field);
+        }
+      }
+      work.Commit();
+    }
+    const std::string assets = Row("NRCRT, COD, VAL_CUMP", "I_IMO");
+    const UpgradeResult result = Upgrade();
+    EXPECT_TRUE(result.left.empty()) << LeftText(result);
+    EXPECT_EQ(Row("NRCRT, COD, VAL_CUMP", "I_IMO"), assets);
+    ExpectTemplatesStructure();
+  }
+}
+
+TEST_F(UpgradeTest, ADryRunAndAnOpenFileChangeNothing) {
+  Execute("DROP TABLE I_GRADE");
+  const std::string before = Dump(File());
+  const UpgradeResult result = UpgradeStructure(SessionCompany(), true);
+  EXPECT_EQ(result.changes, std::vector<std::string>{"tabela noua: I_GRADE"});
+  {
+    const Connection user = company_.Open();
+    EXPECT_EQ(FailureOf([&] { Upgrade(); }), kPermissionDenied);
+  }
+  EXPECT_THROW(UpgradeStructure(SessionCompany(), false, [](int, int) { return false; }), GivenUp);
+  EXPECT_EQ(Dump(File()), before);
+}
+
+TEST_F(UpgradeTest, AKilledOneLeavesTheOldOrTheNewStructure) {
+  {
+    Connection old = company_.Open();
+    Catalogue(old).AlterField("I_IMO", {.name = "VAL_CUMP", .size = 20, .defaultValue = {}});
+    old.Execute("DROP TABLE I_GRADE");
+  }
+  RequireSoleUse(File());
+  const fs::path old = Folder() / "vechi";
+  fs::copy_file(File(), old);
+  const std::string before = Dump(File());
+  WriteCounter counter;
+  const auto work = [&] { Upgrade(); };
+  const int writes = counter.WritesOf(work);
+  ASSERT_GT(writes, 50);
+  const std::string after = Dump(File());
+  for (int killed = 1; killed <= writes; killed += 1 + writes / 100) {
+    RemoveCompanyFile(File());
+    fs::copy_file(old, File());
+    EXPECT_TRUE(counter.KilledIn(killed, work)) << killed;
+    company_.Open().Close();
+    const std::string now = Dump(File());
+    EXPECT_TRUE(now == before || now == after) << killed;
+    EXPECT_EQ(StructuraDiferita(), now == before) << killed;
+  }
+  work();
+  EXPECT_EQ(Dump(File()), after);
+}
+
+}  // namespace
+}  // namespace tevra::test
