@@ -173,9 +173,11 @@ void frmImport::ShowChanges() {
   grdModificari->setRowCount(0);
   lblLinii->clear();
   if (!shown_) return;
-  for (const ChangeRow& texts : ChangeRows(*shown_)) {
-    const int row = grdModificari->rowCount();
-    grdModificari->insertRow(row);
+  const std::vector<ChangeRow> rows = ChangeRows(*shown_);
+  grdModificari->setRowCount(static_cast<int>(rows.size()));
+  int row = -1;
+  for (const ChangeRow& texts : rows) {
+    ++row;
     int column = 0;
     for (const std::string& text : texts) {
       grdModificari->setItem(row, column++, new QTableWidgetItem(QString::fromStdString(text)));
