@@ -28,8 +28,8 @@ TEST_F(Import, RefusesAFileThatIsDamagedOrNotOurs) {
   for (int i = 0; i < 100000; ++i) deep += "<a>";
   const std::string bomb =
       "<!DOCTYPE IE [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;\">]><IE>&b;</IE>";
-  for (const std::string& text :
-       {deep, bomb, "<!DOCTYPE IE>" + whole, std::string("no XML"), whole + "<more/>"}) {
+  for (const std::string& text : {deep, bomb, "<!DOCTYPE IE>" + whole, std::string("no XML"),
+                                  whole + std::string(100000, ' ') + "<more/>"}) {
     WriteFile(cut, text);
     EXPECT_EQ(FailureOf([&] { LoadExchange(cut.string()); }), kDatabaseNotOpened);
   }
