@@ -80,6 +80,25 @@ TEST_F(BackupTest, RestoresOverADamagedOrMissingCompanyForItsUsers) {
   EXPECT_EQ(Codes(), "100 \n");
 }
 
+TEST_F(BackupTest, UpgradesAnOlderStructureThatOtherCommandsRefuse) {
+  {
+    Connection old = company_.Open();
+    old.Execute("UPDATE kv_info SET VERSIUNE = 1");
+    old.Execute("DROP TABLE kv_setari");
+  }
+  EXPECT_EQ(RunAsAdmin({"assets"}).code, 1);
+  const Result tried = RunAsAdmin({"upgrade", "--dry-run"});
+  EXPECT_EQ(tried.code, 0) << tried.err;
+  EXPECT_EQ(tried.out, "tabela noua: kv_setari\nNu s-a scris nimic (--dry-run).\n");
+  EXPECT_EQ(RunAsAdmin({"assets"}).code, 1);
+  const Result done = RunAsAdmin({"upgrade"});
+  EXPECT_EQ(done.code, 0) << done.err;
+  EXPECT_NE(done.out.find("Actualizarea bazei de date Kelnar01.mdb s-a incheiat !"),
+            std::string::npos);
+  EXPECT_EQ(NamesIn(Directory() / "Salv_Tevra").size(), 1U);
+  EXPECT_EQ(RunAsAdmin({"assets"}).code, 0);
+}
+
 TEST_F(BackupTest, RefusesOthersFilesAndUsersWithoutTheRight) {
   const fs::path other = Directory() / "alta.mdb";
   CopyCompanyFile(Directory() / "Kelnar.mdb", other);

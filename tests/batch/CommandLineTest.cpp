@@ -51,7 +51,7 @@ TEST(CommandLine, HelpIsAResultEverywhere) {
 TEST(CommandLine, TellsItsVersion) {
   const Result result = RunProgram({"--version"});
   EXPECT_EQ(result.code, kDone);
-  EXPECT_EQ(result.out, "tevra-batch 1.0 (structura bazei de date: 1)\n");
+  EXPECT_EQ(result.out, "tevra-batch 1.0 (structura bazei de date: 2)\n");
 }
 
 using CommandLineTest = BatchTest;

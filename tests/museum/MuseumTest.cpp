@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "accounting/ChargePostings.h"
+#include "care/Upgrade.h"
 #include "engine/Module3.h"
 #include "engine/PlanAmortizare.h"
 #include "platform/data/Recordset.h"
@@ -17,6 +18,7 @@
 #include "platform/system/Clock.h"
 #include "platform/system/QtSettings.h"
 #include "reports/Reports.h"
+#include "session/ApplicationFiles.h"
 #include "session/CompanyRegistry.h"
 #include "session/Login.h"
 #include "session/Module1.h"
@@ -60,6 +62,16 @@ class Museum : public ::testing::TestWithParam<fs::path> {
   ~Museum() override { clock::Reset(); }
 
   std::string Folder() const { return folder_.Path().string(); }
+  static bool IsOfThisStructure() {
+    return GetParam().filename() == "structure-" + std::to_string(kRevision);
+  }
+  // The museum keeps no template; the program's own one is taken.
+  static UpgradeResult Upgrade() {
+    SetProgramDirectory(fs::path(TEVRA_TEMPLATE).parent_path());
+    UpgradeResult result = UpgradeStructure(SessionCompany(), false);
+    SetProgramDirectory({});
+    return result;
+  }
   TemporaryFolder folder_;
 };
 
@@ -124,12 +136,21 @@ TEST_P(Museum, TheCompanyGivesTheSameResults) {
   EXPECT_EQ(results, Content(file));
 }
 
+TEST_P(Museum, AfterTheUpgradeItGivesThemToo) {
+  const UpgradeResult upgraded = Upgrade();
+  EXPECT_TRUE(upgraded.left.empty());
+  EXPECT_EQ(upgraded.changes.empty(), IsOfThisStructure());
+  EXPECT_FALSE(StructuraDiferita());
+  Connection company(CurrentSession().connectionString);
+  EXPECT_EQ(Results(company), Content(GetParam() / "results.txt"));
+}
+
 TEST_P(Museum, ItsUsersLogIn) {
   const LoadedCompanies loaded = LoadSocietati(Folder());
   ASSERT_FALSE(loaded.failure) << loaded.failure->Description();
   EXPECT_EQ(loaded.registry->Companies(),
             (std::vector<Company>{{"01", "Muzeul SRL", "Kelnar01.mdb"}}));
-  EXPECT_FALSE(StructuraDiferita());
+  EXPECT_EQ(StructuraDiferita(), !IsOfThisStructure());
   EXPECT_TRUE(ExistaUtilizator("admin"));
   EXPECT_TRUE(ParolaValida("admin", "1"));
   EXPECT_FALSE(ParolaValida("admin", "2"));
@@ -148,6 +169,7 @@ TEST_P(Museum, ItsRowsLoadIntoANewCompany) {
 
 // Other programs take these lists: today's are the same to the letter.
 TEST_P(Museum, ItsListsAreWrittenAsBefore) {
+  Upgrade();  // a command refuses another structure
   const std::string password = WriteFile(folder_.Path() / "parola", "1\n").string();
   for (const auto& [command, list] :
        {std::pair{"assets", "active.csv"}, {"charges", "cheltuieli.csv"}}) {

@@ -4,9 +4,13 @@
 
 #include "care/Backup.h"
 #include "care/CareMenu.h"
+#include "care/Upgrade.h"
 #include "care/frmRestaurare.h"
 #include "platform/system/Clock.h"
 #include "platform/system/Desktop.h"
+#include "platform/system/Settings.h"
+#include "session/Login.h"
+#include "session/frmLogin.h"
 #include "tests/care/CareTest.h"
 
 namespace fs = std::filesystem;
@@ -121,6 +125,26 @@ TEST_F(RestoreScreen, AsksBeforeAnotherCompanysFileAndTellsFailures) {
   Press(screen_->cmdOK);
   EXPECT_EQ(Said(3), "Restaurare cu succes a bazei de date");
   EXPECT_EQ(Codes(), "100 \n");
+}
+
+TEST_F(RestoreScreen, TheLoginUpgradesAnOlderFile) {
+  SetSettings(std::make_unique<MemorySettings>());
+  Settings().Set(kDatabasesPath, Folder().string());
+  Execute("UPDATE kv_info SET VERSIUNE = 1");
+  Execute("DROP TABLE kv_setari");
+  frmLogin login(ActualizeazaBD);
+  login.show();
+  login.txtUserName->setText("admin");
+  login.txtPassword->setText("1");
+  messages_.shown.clear();
+  QTest::mouseClick(login.cmdOK, Qt::LeftButton);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(login.LoginSucceeded());
+  ASSERT_EQ(messages_.shown.size(), 2U) << Said(0);
+  EXPECT_EQ(Said(1), "Actualizarea bazei de date s-a incheiat !");
+  EXPECT_EQ(messages_.shown[1].buttons, kInformation);
+  EXPECT_FALSE(StructuraDiferita());
+  EXPECT_TRUE(Catalogue(company_.Open()).HasTable("kv_setari"));
 }
 
 TEST_F(RestoreScreen, TheMenuSavesAndCompactsUnlessAListIsOpen) {

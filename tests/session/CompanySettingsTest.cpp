@@ -15,6 +15,8 @@ TEST(CompanySettings, AreOffUntilSwitchedOn) {
   const TestCompany company;
   Connection file = company.Open();
   EXPECT_FALSE(IsOn(file, kYear));
+  file.Execute("DROP TABLE kv_setari");
+  EXPECT_FALSE(IsOn(file, kYear));
   SetOn(file, kYear, false);
   EXPECT_FALSE(Catalogue(file).HasTable("kv_setari"));
   for (const bool on : {true, false, true}) {
@@ -32,6 +34,7 @@ TEST(CompanySettings, AreOffUntilSwitchedOn) {
 TEST(CompanySettings, BelongToTheCallersTransaction) {
   const TestCompany company;
   Connection file = company.Open();
+  file.Execute("DROP TABLE kv_setari");
   {
     const Transaction transaction(file);
     SetOn(file, kYear, true);
