@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "platform/data/CsvCell.h"
+#include "platform/data/MoneySum.h"
 #include "platform/export/SpreadsheetFile.h"
 #include "platform/system/Paths.h"
 #include "platform/text/Csv.h"
@@ -54,6 +55,66 @@ void WriteCsv(const ExportTable& table, std::ostream& out, const Progress& progr
   });
 }
 
+const char* const kHtmlHead =
+    "<!DOCTYPE html>\n<html lang=\"ro\">\n<head>\n<meta charset=\"utf-8\">\n<style>\n"
+    "body { font-family: sans-serif; font-size: 10pt; }\n"
+    "table { border-collapse: collapse; }\n"
+    "th, td { border: 1px solid #999; padding: 2px 6px; text-align: left; }\n"
+    "th { background: #e6e6e6; }\n"
+    ".nr { text-align: right; white-space: nowrap; }\n"
+    "</style>\n";
+
+std::string HtmlCell(const QString& text, bool right, const char* tag) {
+  return std::string("<") + tag + (right ? " class=\"nr\">" : ">") +
+         text.toHtmlEscaped().toStdString() + "</" + tag + ">";
+}
+
+// Adds up the footed columns.
+class FootSums {
+ public:
+  explicit FootSums(const ExportTable& table) : table_(table), sums_(table.columns.size()) {}
+
+  void Add(const Values& values) {
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      if (table_.columns[i].footed && !values[i].IsNull()) sums_[i].Add(values[i]);
+    }
+  }
+  QString Of(std::size_t column) const {
+    const ExportColumn& footed = table_.columns[column];
+    return footed.footed ? ShownText(sums_[column].Total(), footed.format) : QString();
+  }
+
+ private:
+  const ExportTable& table_;
+  std::vector<MoneySum> sums_;
+};
+
+void WriteHtml(const ExportTable& table, std::ostream& out, const Progress& progress) {
+  const auto writeRow = [&](const char* tag, const auto& textOf) {
+    out << "<tr>";
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+      const bool right = bool(table.columns[i].alignment & Qt::AlignRight);
+      out << HtmlCell(textOf(i), right, tag);
+    }
+    out << "</tr>\n";
+  };
+  const std::string title = table.title.toHtmlEscaped().toStdString();
+  out << kHtmlHead << "<title>" << title << "</title>\n</head>\n<body>\n<h3>" << title
+      << "</h3>\n<table>\n<thead>\n";
+  writeRow("th", [&](std::size_t i) { return table.columns[i].caption; });
+  out << "</thead>\n<tbody>\n";
+  FootSums sums(table);
+  ForEachRow(table, progress, [&](const Values& values) {
+    sums.Add(values);
+    writeRow("td", [&](std::size_t i) {
+      return ShownText(values[i], table.columns[i].format, table.columns[i].words);
+    });
+  });
+  out << "</tbody>\n<tfoot>\n";
+  writeRow("th", [&](std::size_t i) { return sums.Of(i); });
+  out << "</tfoot>\n</table>\n</body>\n</html>\n";
+}
+
 template <class Write>
 bool ReplaceUnlessGivenUp(const fs::path& file, Write write) {
   try {
@@ -62,6 +123,17 @@ bool ReplaceUnlessGivenUp(const fs::path& file, Write write) {
     return false;
   }
   return true;
+}
+
+template <class Write>
+bool SaveText(const ExportTable& table, const fs::path& file, const Progress& progress,
+              Write write) {
+  return ReplaceUnlessGivenUp(file, [&](const fs::path& temporary) {
+    std::ofstream out(temporary, std::ios::binary);
+    write(table, out, progress);
+    out.close();
+    if (!out) throw FileFailure(kDiskFull, file.string());
+  });
 }
 
 }  // namespace
@@ -76,12 +148,11 @@ bool SaveSpreadsheet(const ExportTable& table, const fs::path& file, const Progr
 }
 
 bool SaveCsv(const ExportTable& table, const fs::path& file, const Progress& progress) {
-  return ReplaceUnlessGivenUp(file, [&](const fs::path& temporary) {
-    std::ofstream out(temporary, std::ios::binary);
-    WriteCsv(table, out, progress);
-    out.close();
-    if (!out) throw FileFailure(kDiskFull, file.string());
-  });
+  return SaveText(table, file, progress, WriteCsv);
+}
+
+bool SaveHtml(const ExportTable& table, const fs::path& file, const Progress& progress) {
+  return SaveText(table, file, progress, WriteHtml);
 }
 
 }  // namespace tevra

@@ -1,4 +1,4 @@
-// Writes a table to a file: a spreadsheet or comma separated values.
+// Writes a table to a file: a spreadsheet, comma separated values or a web page.
 #pragma once
 
 #include <filesystem>
@@ -19,5 +19,10 @@ bool SaveSpreadsheet(const ExportTable& table, const std::filesystem::path& file
 /// numbers in all their digits and with a decimal point, and dates as 2006-12-31.
 bool SaveCsv(const ExportTable& table, const std::filesystem::path& file,
              const Progress& progress = {});
+
+/// The same as a web page: the title as a heading, and the table as it looks on the screen, with
+/// the sums of the footed columns below it.
+bool SaveHtml(const ExportTable& table, const std::filesystem::path& file,
+              const Progress& progress = {});
 
 }  // namespace tevra

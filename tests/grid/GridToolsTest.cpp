@@ -226,11 +226,30 @@ TEST_F(GridWork, CsvKeepsAllDigits) {
             "A,Freza,7,0,,Nu\n");
 }
 
+TEST_F(GridWork, AWebPageLooksLikeTheListWithItsSums) {
+  company_.Open().Execute("UPDATE I_IMO SET DENUMIRE = '<b>\"Cerna\"</b> & fiii' WHERE COD = 'c'");
+  source_.Refresh();
+  grid_.SetFooter("VAL_CUMP", "altceva");
+  ASSERT_TRUE(SaveHtml(Table("Lista <1>"), File("lista.htm")));
+  const std::string page = Text(File("lista.htm"));
+  const std::string table = page.substr(page.find("<h3>"));
+  EXPECT_EQ(table.substr(0, table.find("</thead>")),
+            "<h3>Lista &lt;1&gt;</h3>\n<table>\n<thead>\n<tr><th>Nr. inv.</th><th>Denumire</th><th "
+            "class=\"nr\">Valoare Lei</th><th class=\"nr\">Cota anuala</th><th>Data "
+            "cumparare</th><th>Blocata</th></tr>\n");
+  EXPECT_NE(table.find("<td>&lt;b&gt;&quot;Cerna&quot;&lt;/b&gt; &amp; fiii</td>"),
+            std::string::npos);
+  EXPECT_NE(table.find("<th class=\"nr\">1.250,50</th>"), std::string::npos) << table;
+  EXPECT_NE(page.find("<meta charset=\"utf-8\">"), std::string::npos);
+  EXPECT_EQ(table.find("altceva"), std::string::npos);
+}
+
 TEST_F(GridWork, AFileIsReplacedWholeOrNotAtAll) {
   std::ofstream(File("veche.xlsx")) << "veche";
   const auto giveUp = [](int, int) { return false; };
   EXPECT_FALSE(SaveSpreadsheet(Table("Lista"), File("veche.xlsx"), giveUp));
   EXPECT_FALSE(SaveCsv(Table("Lista"), File("veche.xlsx"), giveUp));
+  EXPECT_FALSE(SaveHtml(Table("Lista"), File("veche.xlsx"), giveUp));
   EXPECT_EQ(Text(File("veche.xlsx")), "veche");
   EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
   for (const char* missing : {"lipsa/lista.xlsx", "lipsa/lista.csv"}) {
