@@ -1,5 +1,6 @@
 #include "app/tevra/Screens.h"
 
+#include "accounting/frmLinii.h"
 #include "care/CareMenu.h"
 #include "care/frmRestaurare.h"
 #include "exchange/frmExport.h"
@@ -34,6 +35,7 @@ void HandInScreens(frmMain& frame) {
   SetCodeEditor("kv_Ter",
                 [](const CodeAdded& added) { windows::Open<frmTerti>().WhenAdded(added); });
   frame.SetOpener("Tab_Valute", [] { windows::Open<frmValute>(); });
+  frame.SetOpener("mnuLinii", [] { windows::OpenNew<frmLinii>(); });
   frame.SetOpener("Materiale_imo", [] { windows::Open<frmImo>(); });
   frame.SetOpener("Materiale_inv", [] { windows::Open<frmObInv>(); });
   frame.SetOpener("Rapoarte_Cheltuieli", [] { windows::Open<frmRapCHE>(); });

@@ -35,10 +35,10 @@ void AddSearch(ListBar& made, const ListSearch& search, QHBoxLayout* row) {
   row->addSpacing(12);
 }
 
-void AddCount(ListBar& made, QHBoxLayout* row) {
-  row->addWidget(new QLabel("Nr. :", made.bar));
+void AddCount(ListBar& made, const ListDescription& list, QHBoxLayout* row) {
+  row->addWidget(new QLabel(list.countCaption, made.bar));
   made.count = new QLabel(made.bar);
-  made.count->setObjectName("lblRecCount");
+  made.count->setObjectName(list.countName);
   QFont bold = made.count->font();
   bold.setBold(true);
   made.count->setFont(bold);
@@ -62,7 +62,7 @@ ListBar MakeListBar(const ListDescription& list, QWidget* screen) {
     row->addWidget(made.down);
   }
   row->addStretch(1);
-  if (list.counted) AddCount(made, row);
+  if (list.counted) AddCount(made, list, row);
   return made;
 }
 

@@ -89,8 +89,10 @@ struct ListDescription {
   bool refreshed = false;  ///< rows are read again each time the screen comes to the front
   bool editable = false;   ///< cells can be edited
   bool rowSelect = false;  ///< moving to a row marks it
-  bool counted = false;    ///< shows "Nr. :" and the number of rows above the list
-  bool strip = false;      ///< shows the data source's navigation strip below the list
+  bool counted = false;    ///< shows the number of rows above the list
+  const char* countCaption = "Nr. :";
+  const char* countName = "lblRecCount";
+  bool strip = false;  ///< shows the data source's navigation strip below the list
 
   std::vector<ListTotal> totals = {};
   std::optional<ListSearch> search = {};

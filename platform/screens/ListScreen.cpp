@@ -95,7 +95,7 @@ void ListScreen::Place() {
   const ListBar made = MakeListBar(list_, this);
   bar_ = made.bar;
   txtCautare = made.text;
-  cmdCauta = made.search;
+  if (made.search) cmdCauta = made.search;
   ways_ = made.ways;
   cmdUp = made.up;
   cmdDown = made.down;
@@ -140,7 +140,7 @@ void ListScreen::OrderControls() {
 
 void ListScreen::Connect() {
   ConnectButtons();
-  if (cmdCauta) {
+  if (list_.search) {
     const Body search = [this](Procedure& running) { cmdCauta_Click(running); };
     list_.shortFailures ? OnClickShort(cmdCauta, "cmdCauta_Click", search)
                         : OnClick(cmdCauta, "cmdCauta_Click", search);
