@@ -28,7 +28,7 @@ std::string Day(const std::string& date, const std::string& rates) {
 std::string Year(const std::vector<std::string>& codes) {
   std::string body;
   for (DateTime day(2025, 1, 1); day.Year() == 2025; day = day.AddDays(1)) {
-    std::string rates = "<Rate currency=\"XXX\">1.0000</Rate>";
+    std::string rates = "<Rate currency=\"CLP\">1.0000</Rate>";
     int units = day.Day();
     for (const std::string& code : codes) {
       rates += "<Rate currency=\"" + code + "\">" + std::to_string(++units) + ".0" +
