@@ -15,6 +15,8 @@
 #include "platform/system/Settings.h"
 #include "session/Session.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/GridTexts.h"
+#include "tests/screens/Typing.h"
 
 namespace tevra::test {
 namespace {
@@ -50,43 +52,12 @@ class FrmLinii : public ::testing::Test {
     EXPECT_TRUE(QTest::qWaitForWindowActive(list_));
     return *list_;
   }
-  static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    QCoreApplication::processEvents();
-  }
-  // Offscreen nothing closes the list that a combo drops down while one types.
-  static void Type(const char* text) {
-    QWidget* box = QApplication::focusWidget();
-    if (auto* combo = qobject_cast<QComboBox*>(box); combo && combo->isEditable()) {
-      combo->setCompleter(nullptr);
-    }
-    QTest::keyClicks(box, text);
-    QCoreApplication::processEvents();
-  }
-  // A choice with the arrows, then to the next box.
-  static void Choose(const char* text) {
-    auto* choice = qobject_cast<QComboBox*>(QApplication::focusWidget());
-    ASSERT_TRUE(choice);
-    const int wanted = choice->findText(text);
-    ASSERT_GE(wanted, 0) << text;
-    Key(Qt::Key_Home);
-    while (choice->currentIndex() < wanted) Key(Qt::Key_Down);
-    Key(Qt::Key_Tab);
-  }
   static void Press(QAbstractButton* button) {
     button->setFocus();
     QTest::keyClick(button, Qt::Key_Space);
     QCoreApplication::processEvents();
   }
-  std::string Column(const char* field) {
-    const DataGrid& grid = *list_->TDBGrid1;
-    const int column = grid.ColumnOf(field);
-    std::string texts;
-    for (int row = 0; row < grid.View()->model()->rowCount(); ++row) {
-      texts += grid.View()->model()->index(row, column).data().toString().toStdString() + ";";
-    }
-    return texts;
-  }
+  std::string Column(const char* field) const { return ColumnTexts(*list_->TDBGrid1, field); }
   std::string Totals() {
     std::string texts;
     for (const char* field : {"DEBIT", "CREDIT", "DEVDEBIT", "DEVCREDIT"}) {

@@ -1,6 +1,7 @@
 // The list of inventory objects, worked as its user works it.
 #include "platform/print/PageText.h"
 #include "platform/print/frmPreview.h"
+#include "tests/screens/GridTexts.h"
 #include "tests/screens/ObjectScreens.h"
 
 namespace tevra::test {
@@ -25,15 +26,7 @@ class FrmObInv : public ObjectScreens {
     QTest::keyClick(list_->txtCautare, Qt::Key_Return);
     QCoreApplication::processEvents();
   }
-  std::string Column(const char* field) {
-    const DataGrid& grid = *list_->TDBGrid1;
-    const int column = grid.ColumnOf(field);
-    std::string texts;
-    for (int row = 0; row < grid.View()->model()->rowCount(); ++row) {
-      texts += grid.View()->model()->index(row, column).data().toString().toStdString() + ";";
-    }
-    return texts;
-  }
+  std::string Column(const char* field) const { return ColumnTexts(*list_->TDBGrid1, field); }
   std::string Footers() {
     return (list_->TDBGrid1->Footer("VAL_CUMP") + " " + list_->TDBGrid1->Footer("VAL_CUMP_VAL"))
         .toStdString();

@@ -11,6 +11,7 @@
 #include "platform/system/Settings.h"
 #include "platform/where/WhereBuilder.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Typing.h"
 
 namespace tevra::test {
 namespace {
@@ -50,28 +51,6 @@ class WhereBuilderTest : public ::testing::Test {
   }
   ~WhereBuilderTest() override { SetSettings(nullptr); }
 
-  static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    QCoreApplication::processEvents();
-  }
-  static void Type(const char* text) {
-    QWidget* box = QApplication::focusWidget();
-    if (auto* combo = qobject_cast<QComboBox*>(box); combo && combo->isEditable()) {
-      combo->setCompleter(nullptr);
-    }
-    QTest::keyClicks(box, text);
-    QCoreApplication::processEvents();
-  }
-  // A choice with the arrows, then to the next box.
-  static void Choose(const char* text) {
-    auto* choice = qobject_cast<QComboBox*>(QApplication::focusWidget());
-    ASSERT_TRUE(choice);
-    const int wanted = choice->findText(text);
-    ASSERT_GE(wanted, 0) << text;
-    Key(Qt::Key_Home);
-    while (choice->currentIndex() < wanted) Key(Qt::Key_Down);
-    Key(Qt::Key_Tab);
-  }
   void Press(const char* button) {
     auto* found = screen_->findChild<QAbstractButton*>(button);
     ASSERT_TRUE(found) << button;
