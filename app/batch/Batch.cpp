@@ -20,83 +20,38 @@ namespace tevra::batch {
 
 namespace {
 
-bool IsCare(Command command) {
-  return command == Command::Backup || command == Command::Restore || command == Command::Compact ||
-         command == Command::Upgrade;
-}
-
-// They work on the file as a whole, whatever its structure, and want it closed.
-void CareForCompany(const CommandLine& line, const Streams& streams) {
-  LoginRequest request{line.directory, line.company, line.user, line.passwordFile, true};
-  if (line.command == Command::Restore) request.insteadOfDamaged = BackupToRestore(line.file);
-  Login(request, streams).Close();
-  if (line.command == Command::Restore) return RestoreCompany(line.file, streams.out);
-  if (line.command == Command::Compact) return CompactCompany(streams.out);
-  if (line.command == Command::Upgrade) return UpgradeCompany(line.dryRun, streams.out);
-  BackUpCompany(line.backup, streams.out);
-}
-
-void RunOnCompany(const CommandLine& line, const Streams& streams, ReportWriter* writeReport) {
-  // Checked before the user types a password.
-  const bool dated = line.command == Command::Calculate || line.command == Command::Asset ||
-                     line.command == Command::Dispose;
-  const DateTime date = dated ? ParseDate(line.date) : DateTime();
+// Checked before the user types a password.
+void CheckDates(const CommandLine& line) {
   for (const std::string* day : {&line.date, &line.from, &line.to, &line.rateDay,
                                  &line.object.bought, &line.object.inService}) {
     if (!day->empty()) ParseDate(*day);
   }
-  const bool moves = line.command == Command::Transfer;
-  const DateTime month = moves ? ParseMonth(line.month) : DateTime();
-  if (IsCare(line.command)) return CareForCompany(line, streams);
+  if (!line.month.empty()) ParseMonth(line.month);
+}
+
+// The command works on the file as a whole, whatever its structure, and wants it closed.
+void CloseAfterLogin(const CommandLine& line, const Streams& streams) {
+  LoginRequest request{line.directory, line.company, line.user, line.passwordFile, true};
+  if (!line.usersFile.empty()) request.insteadOfDamaged = BackupToRestore(line.usersFile);
+  Login(request, streams).Close();
+}
+
+void RunCommand(const CommandLine& line, const Streams& streams, ReportWriter* writeReport) {
+  Job job{line, streams, streams.out, nullptr, writeReport};
+  CheckDates(line);
+  if (line.needs == Needs::kClosedCompany) CloseAfterLogin(line, streams);
+  if (line.needs != Needs::kOpenCompany) return line.run(job);
   Connection company = Login({line.directory, line.company, line.user, line.passwordFile}, streams);
   SettleExportAtOpening();
-  switch (line.command) {
-    case Command::Load:
-      return LoadFile(line.file, line.table, streams);
-    case Command::Calculate:
-      return Calculate(date, line.post, streams.out);
-    case Command::Asset:
-      return CalculateOneAsset(company, line.code, date, line.csv, streams.out);
-    case Command::Dispose:
-      return DisposeOfAsset(company, line, date, streams.out);
-    case Command::Plan:
-      return WritePlan(line.nrcrt, line.csv, streams.out);
-    case Command::Report:
-      return writeReport(line, streams);
-    case Command::Objects:
-      return ListObjects(line.csv, streams.out);
-    case Command::AddObject:
-      return AddObject(company, line.object, streams.out);
-    case Command::WriteOff:
-      return WriteOffObject(company, line.nrcrt, streams.out);
-    case Command::Transfer:
-      return Transfer(company, month, line.dryRun, streams.out);
-    case Command::Rates:
-      if (!line.file.empty()) return TakeRates(company, line.file, streams.out);
-      return PrintRate(company, line.code, ParseDate(line.rateDay), streams.out);
-    case Command::Import:
-      return ImportBranch(company, line.file, line.dryRun, streams.out);
-    case Command::Export:
-      return ExportPeriod(company, ParseDate(line.from), ParseDate(line.to), line.again,
-                          streams.out);
-    case Command::Assets:
-      return ListAssets(line.csv, streams.out);
-    default:
-      return ListCharges(line.grouping, line.csv, streams.out);
-  }
+  job.company = &company;
+  line.run(job);
 }
 
 void Run(const CommandLine& line, const Streams& streams, ReportWriter* writeReport) {
   if (line.help) {
     streams.out << *line.help;
-  } else if (line.command == Command::Companies) {
-    ListCompanies(line.directory, streams.out);
-  } else if (line.command == Command::Create) {
-    CreateCompany(line.directory, line.code, line.name, line.existing, streams.out);
-  } else if (line.command == Command::Rebuild) {
-    RebuildList(line.directory, streams.out);
   } else {
-    RunOnCompany(line, streams, writeReport);
+    RunCommand(line, streams, writeReport);
   }
   // A closed pipe or a full disk is noticed only here.
   streams.out.flush();
@@ -154,7 +109,7 @@ int RunBatch(int argc, const char* const* argv, std::istream& in, std::ostream& 
     if (line.verbose) shown.emplace(err);
     const BatchMessages messages(err, line.yes);
     // Before the password is read, because the other program reads it.
-    if (line.command == Command::Report && !line.help && !writeReport) StartReportProgram(argv);
+    if (line.writesReports && !line.help && !writeReport) StartReportProgram(argv);
     Run(line, {in, out, err}, writeReport);
     return kDone;
   } catch (const UsageError& error) {

@@ -3,15 +3,11 @@
 
 #include <iosfwd>
 
-#include "app/batch/CommandLine.h"
-#include "app/batch/Streams.h"
+#include "app/batch/Job.h"
 
 namespace tevra::batch {
 
 enum ExitCode { kDone = 0, kRefused = 1, kUsage = 2 };
-
-/// Writes the report that the line asks for, after the login.
-using ReportWriter = void(const CommandLine& line, const Streams& streams);
 
 /// Runs one command. Results go to `out`, messages, questions and the prompt for the password to
 /// `err`; the password is read from `in`. Returns an ExitCode; throws nothing.

@@ -1,6 +1,7 @@
 // Reads the command line and checks its form.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -12,29 +13,13 @@
 
 namespace tevra::batch {
 
-enum class Command {
-  Companies,
-  Create,
-  Rebuild,
-  Load,
-  Calculate,
-  Asset,
-  Plan,
-  Dispose,
-  Assets,
-  Charges,
-  Objects,
-  AddObject,
-  WriteOff,
-  Report,
-  Transfer,
-  Rates,
-  Export,
-  Import,
-  Backup,
-  Restore,
-  Compact,
-  Upgrade
+struct Job;
+
+/// What a command needs before it runs.
+enum class Needs {
+  kNothing,
+  kClosedCompany,  ///< a login to a company of any structure, whose file is closed again
+  kOpenCompany
 };
 
 /// The grouping of charges; inventory objects have a person instead of a class. The values are the
@@ -44,8 +29,10 @@ enum class Grouping { Account, Class, Location, Centre };
 enum class ReportKind { Charges, Purchases, Inventory };
 
 struct CommandLine {
-  Command command = Command::Companies;
-  std::string commandName;          ///< as written
+  std::string commandName;  ///< as written
+  Needs needs = Needs::kNothing;
+  std::function<void(const Job&)> run;
+  bool writesReports = false;       ///< needs the program that writes reports
   bool verbose = false;             ///< the log's lines go to the error output, too
   bool yes = false;                 ///< questions are answered Yes
   std::optional<std::string> help;  ///< help or version, asked for: this text is the whole result
@@ -54,6 +41,8 @@ struct CommandLine {
   std::string company = "01";
   std::string user;                         ///< not empty when the command logs in
   std::optional<std::string> passwordFile;  ///< without one the program asks for the password
+  /// When the company's file is missing or damaged, this backup says who the users are.
+  std::string usersFile;
 
   /// Of the company to create, the COD of the asset (empty for a disposal by NRCRT) or the
   /// currency.
@@ -75,8 +64,8 @@ struct CommandLine {
   Grouping grouping = Grouping::Account;
   ReportKind report = ReportKind::Charges;
   std::string currency = "LEI";
-  bool detail = true;  ///< of a report of charges; otherwise only groups and totals
-  std::string from;    ///< first and last day of a report or an export, as written
+  bool groupsOnly = false;  ///< of a report of charges: without its rows
+  std::string from;         ///< first and last day of a report or an export, as written
   std::string to;
   bool again = false;        ///< of an export: also of a period that was exported before
   std::string paper = "A4";  ///< of a report: one of kPaperNames, in any case
@@ -90,9 +79,6 @@ class UsageError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
-
-/// True for the commands that work on an open company.
-bool NeedsLogin(Command command);
 
 /// Reads the program's arguments. Throws UsageError for an unknown command or option, a missing or
 /// superfluous argument, and a login without user.

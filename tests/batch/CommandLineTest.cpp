@@ -39,7 +39,7 @@ TEST(CommandLine, HelpIsAResultEverywhere) {
       {{"--help"}, "--password-file"},         {{"companies", "--help"}, "companies"},
       {{"create", "--help"}, "DENUMIRE"},      {{"load", "-h"}, "TABELA"},
       {{"calculate", "--help"}, "ZZ.LL.AAAA"}, {{"assets", "--help"}, "--csv"},
-      {{"charges", "--help"}, "--by"}};
+      {{"charges", "--help"}, "--by"},         {{"report", "--help"}, "--no-detail "}};
   for (const auto& [arguments, text] : cases) {
     const Result result = RunProgram(arguments);
     EXPECT_EQ(result.code, kDone) << text << result.err;

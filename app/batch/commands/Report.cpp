@@ -58,7 +58,7 @@ std::unique_ptr<BandedReport> MakeReport(const CommandLine& line, const Streams&
     const DateTime day = TitleDay(connection, line.date);
     const long others = AssetsOfOtherMonths(connection, day.Month(), day.Year());
     if (others > 0) streams.err << OtherMonthsText(others) << '\n';
-    return ChargesReport({grouping, currency, day.Month(), day.Year(), line.detail});
+    return ChargesReport({grouping, currency, day.Month(), day.Year(), !line.groupsOnly});
   }
   const PeriodRequest period{grouping, currency, ParseDate(line.from), ParseDate(line.to)};
   return line.report == ReportKind::Purchases ? PurchasesReport(period) : InventoryReport(period);
