@@ -67,11 +67,12 @@ DocumentUse NotesBeforePurchase(const ObjectCard& card) {
   return NotesUnder(connection, ObjectDocument(card));
 }
 
-Note pAddNoteContabile(const ObjectCard& card) {
+Note pAddNoteContabile(const ObjectCard& card, const DocumentUse& agreed) {
   Note note = PurchaseNote(card);
   if (card.scrapped) return note;
   Connection connection(CurrentSession().connectionString);
   Transaction transaction(connection);
+  RequireUnchanged(agreed, NotesUnder(connection, ObjectDocument(card)));
   connection.Execute("DELETE FROM Kv_LINII WHERE DOC=?", {ObjectDocument(card)});
   Write(connection, note);
   transaction.Commit();

@@ -23,8 +23,10 @@ Note PurchaseNote(const ObjectCard& card);
 DocumentUse NotesBeforePurchase(const ObjectCard& card);
 
 /// Deletes the lines of the document and writes the purchase note in one transaction, on its own
-/// connection. Returns what was written. Throws Failure, and then the old lines remain.
-Note pAddNoteContabile(const ObjectCard& card);
+/// connection. Returns what was written. Throws Failure kRowChanged when other notes stand under
+/// the document now than when the user `agreed`, otherwise like cBLLNoteContabile::AddNota. The old
+/// lines then remain.
+Note pAddNoteContabile(const ObjectCard& card, const DocumentUse& agreed);
 
 /// The note that moves the card's value from its account to `expenseAccount`. No lines for a value
 /// of 0. Throws Failure 13 for a value that is empty or no number.

@@ -213,7 +213,8 @@ void frmObInvFisa::cmdSalvare_Click(Procedure& running) {
   running.line = 1;
   if (!EsteFisaValida()) return;
   running.line = 2;
-  if (!MayDelete(NotesBeforePurchase(Card()))) return;
+  const DocumentUse use = NotesBeforePurchase(Card());
+  if (!MayDelete(use)) return;
   running.line = 3;
   const bool saved = RunWith(
       "pAdaugaObiect",
@@ -223,7 +224,7 @@ void frmObInvFisa::cmdSalvare_Click(Procedure& running) {
       },
       ShowSavingFailure);
   if (!saved) return;
-  AddNote();
+  AddNote(use);
   CurataCampuri();
 }
 
@@ -241,9 +242,9 @@ void frmObInvFisa::cmdModificare_Click() {
 }
 
 // Users know this message by the name of another screen.
-void frmObInvFisa::AddNote() {
+void frmObInvFisa::AddNote(const DocumentUse& agreed) {
   RunWith(
-      "pAddNoteContabile", [this](Procedure&) { pAddNoteContabile(Card()); },
+      "pAddNoteContabile", [&](Procedure&) { pAddNoteContabile(Card(), agreed); },
       [](const Failure& failure, const Procedure& running) {
         ShowStandardError(failure, {running.name, running.kind, "frmRapCHE", running.line});
       });

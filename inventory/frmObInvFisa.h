@@ -9,6 +9,7 @@
 #include <string>
 #include <utility>
 
+#include "accounting/DocumentUse.h"
 #include "accounting/NotePreview.h"
 #include "inventory/ObjectLists.h"
 #include "inventory/ObjectSave.h"
@@ -87,7 +88,7 @@ class frmObInvFisa : public Form {
   void cmdSalvare_Click(Procedure& running);
   void cmdModificare_Click();
   void cmdDescarcare_Click(Procedure& running);
-  void AddNote();
+  void AddNote(const DocumentUse& agreed);
   void CurataCampuri();
 
   // The note.

@@ -118,7 +118,7 @@ std::optional<std::string> DepreciationAccount(Connection& connection, const std
   const Recordset row =
       connection.OpenRecordset("SELECT CONT_AMO FROM I_CONTURIIM WHERE CONT=?", {account});
   if (row.Eof()) return std::nullopt;
-  return Nz(row.Get("CONT_AMO"), "").TextOrEmpty();
+  return row.Get("CONT_AMO").TextOrEmpty();
 }
 
 std::string NotAssociatedText(const std::string& account) {

@@ -1,42 +1,26 @@
 #include "reports/CalculatedMonth.h"
 
-#include <map>
-#include <utility>
-
 #include "platform/data/Recordset.h"
 
 namespace tevra {
 
-namespace {
-
-struct Month {
-  DateTime last;
-  long assets = 0;
-};
-
-using Months = std::map<std::pair<int, int>, Month>;  // by year and month
-
 // A run leaves the date of an asset that has left, and of one without depreciation, as it was.
-Months ReadMonths(Connection& connection) {
+CalculatedMonths::CalculatedMonths(Connection& connection) {
   Recordset days = connection.OpenRecordset(
       "SELECT DATA_CALCUL, COUNT(*) AS NUMAR FROM I_IMO WHERE NOT DATA_CALCUL IS NULL AND "
       "IESIRE = 0 AND (TIP_AM IS NULL OR TIP_AM <> 'F') GROUP BY DATA_CALCUL ORDER BY DATA_CALCUL");
-  Months months;
   for (; !days.Eof(); days.MoveNext()) {
     const DateTime day = days.Get("DATA_CALCUL").AsDateTime();
-    Month& month = months[{day.Year(), day.Month()}];
+    Month& month = months_[{day.Year(), day.Month()}];
     month.last = day;
     month.assets += static_cast<long>(days.Get("NUMAR").AsLong());
   }
-  return months;
 }
 
-}  // namespace
-
-std::optional<CalculatedMonth> MonthOfCharges(Connection& connection) {
+std::optional<CalculatedMonth> CalculatedMonths::Most() const {
   std::optional<CalculatedMonth> most;
   long all = 0;
-  for (const auto& [key, month] : ReadMonths(connection)) {
+  for (const auto& [key, month] : months_) {
     all += month.assets;
     if (!most || month.assets >= most->assets) most = CalculatedMonth{month.last, month.assets};
   }
@@ -44,12 +28,20 @@ std::optional<CalculatedMonth> MonthOfCharges(Connection& connection) {
   return most;
 }
 
-long AssetsOfOtherMonths(Connection& connection, int month, int year) {
+long CalculatedMonths::Others(int month, int year) const {
   long others = 0;
-  for (const auto& [key, counted] : ReadMonths(connection)) {
+  for (const auto& [key, counted] : months_) {
     if (key != std::pair(year, month)) others += counted.assets;
   }
   return others;
+}
+
+std::optional<CalculatedMonth> MonthOfCharges(Connection& connection) {
+  return CalculatedMonths(connection).Most();
+}
+
+long AssetsOfOtherMonths(Connection& connection, int month, int year) {
+  return CalculatedMonths(connection).Others(month, year);
 }
 
 std::string OtherMonthsText(long assets, bool english) {

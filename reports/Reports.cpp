@@ -10,6 +10,7 @@
 #include "reports/CalculatedMonth.h"
 #include "reports/DataEnv.h"
 #include "reports/Layouts.h"
+#include "reports/PageTexts.h"
 #include "reports/ShapedData.h"
 #include "session/Session.h"
 
@@ -54,10 +55,21 @@ std::unique_ptr<BandedReport> Run(ReportLayout design, const QString& title, con
   return report;
 }
 
-// The rows of the paper may be of several months; its title names one.
-void WarnOfOtherMonths(ReportLayout& design, const ChargesRequest& request) {
+CalculatedMonths ReadMonths() {
   Connection connection(CurrentSession().connectionString);
-  const long others = AssetsOfOtherMonths(connection, request.month, request.year);
+  return CalculatedMonths(connection);
+}
+
+// The last day to which most assets were calculated; nothing before the first calculation.
+std::optional<DateTime> DayOf(const CalculatedMonths& months) {
+  const auto month = months.Most();
+  return month ? std::optional(month->last) : std::nullopt;
+}
+
+// The rows of the paper may be of several months; its title names one.
+void WarnOfOtherMonths(ReportLayout& design, const CalculatedMonths& months,
+                       const ChargesRequest& request) {
+  const long others = months.Others(request.month, request.year);
   if (others == 0) return;
   ReportControl warning{"lblAlteLuni", ControlKind::kLabel};
   warning.text = QString::fromStdString(OtherMonthsText(others, !InLei(request.currency)));
@@ -96,13 +108,16 @@ std::unique_ptr<BandedReport> ChargesReport(const ChargesRequest& request) {
   set("lblLuna", MonthName(request.month));
   set("lblAn", std::to_string(request.year));
   set("lblValuta", InLei(request.currency) ? kLei : request.currency);
-  WarnOfOtherMonths(design, request);
+  const CalculatedMonths months = ReadMonths();
+  WarnOfOtherMonths(design, months, request);
+  AddPageTexts(design, DayOf(months), !InLei(request.currency));
   return Run(std::move(design), "Cheltuieli cu amortizarea", "DataReportCHE");
 }
 
 std::unique_ptr<BandedReport> PurchasesReport(const PeriodRequest& request) {
   ReportLayout design = Design(kPurchases, request.grouping, request.currency);
   SetPeriod(design, request);
+  AddPageTexts(design, DayOf(ReadMonths()), !InLei(request.currency));
   return Run(std::move(design), "Achizitii", "DataReport_STA_ACH", {request.from, request.to});
 }
 
@@ -114,6 +129,7 @@ std::unique_ptr<BandedReport> InventoryReport(const PeriodRequest& request) {
   design.Control("section1", "txtValoare").field = lei ? "VAL_CUMP" : "VAL_CUMP_VAL";
   design.Control("section7", "text7").field = lei ? "TVALCUMP" : "TVALCUMPVAL";
   if (!lei) design.ownTotals = "TOTAL GENERAL LEI";
+  AddPageTexts(design, DayOf(ReadMonths()), false);
   return Run(std::move(design), "Obiecte de inventar", "DataReport_ObInv",
              {request.from, request.to});
 }

@@ -11,9 +11,10 @@ namespace tevra {
 
 /// Where a band is printed.
 enum class BandRole {
+  kPageTop,       ///< at the top of every page, above everything else
   kReportHeader,  ///< once, at the top of the first page
   kPageHeader,    ///< at the top of every page, below the report header
-  kGroupHeader,
+  kGroupHeader,   ///< before the rows of a group, and again on each page where they go on
   kDetail,
   kGroupFooter,
   kPageFooter,   ///< at the bottom of every page

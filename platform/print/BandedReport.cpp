@@ -133,6 +133,11 @@ double BandedReport::NeededBehind(const Place& at) const {
   return keeps ? HeightOf(SectionAt(next), next) + NeededBehind(next) : 0;
 }
 
+// True for a page that begins within a group.
+bool BandedReport::GoesOn(const Place& start) {
+  return start.stage == Stage::kGroupFooter || (start.stage == Stage::kRow && start.row > 0);
+}
+
 BandedReport::Place BandedReport::Fill(const Place& start, Filler& filler) const {
   const QRectF area = PrintArea();
   const ReportSection* pageFooter = design_.Shown(BandRole::kPageFooter);
@@ -143,12 +148,18 @@ BandedReport::Place BandedReport::Fill(const Place& start, Filler& filler) const
     top += height;
   };
   Place at = start;
+  const ReportSection* pageTop = design_.Shown(BandRole::kPageTop);
+  put(pageTop, at, HeightOf(pageTop, at));
   if (at.stage == Stage::kReportHeader) {
     put(SectionAt(at), at, HeightOf(SectionAt(at), at));
     at = Next(at);
   }
   const ReportSection* pageHeader = design_.Shown(BandRole::kPageHeader);
   put(pageHeader, at, HeightOf(pageHeader, at));
+  if (GoesOn(at)) {
+    const Place head{Stage::kGroup, at.group, 0};
+    put(SectionAt(head), head, HeightOf(SectionAt(head), head));
+  }
   // A band higher than a page is printed cut, because it would never be printed otherwise.
   for (bool first = true; at.stage != Stage::kEnd; first = false, at = Next(at)) {
     const ReportSection* section = SectionAt(at);

@@ -77,6 +77,7 @@ class BandedReport : public PagedDocument {
   double HeightOf(const ReportSection* section, const Place& at) const;
   double NeededBehind(const Place& at) const;
   Place Next(const Place& at) const;
+  static bool GoesOn(const Place& start);
   const ReportSection* SectionAt(const Place& at) const;
   Place Fill(const Place& start, Filler& filler) const;
   QString TextOf(const ReportControl& control, const Place& at, int page) const;

@@ -1,14 +1,21 @@
 // The purchase note of an inventory object.
 #include "tests/KilledWrites.h"
 #include "tests/inventory/ObjectTest.h"
+#include "tests/text/Expect.h"
 
 namespace tevra::test {
 namespace {
 
-using ObjectNotes = ObjectTest;
+class ObjectNotes : public ObjectTest {
+ protected:
+  // After a Yes to all notes under the document.
+  static Note Post(const ObjectCard& card) {
+    return pAddNoteContabile(card, NotesBeforePurchase(card));
+  }
+};
 
 TEST_F(ObjectNotes, APurchaseCreditsTheSupplierWithValueAndVat) {
-  pAddNoteContabile(FullCard());
+  Post(FullCard());
   // 486.50 * 19 / 100 = 92.435, a tie that rounds to the even 92.44; 486.50 + 92.44 = 578.94.
   EXPECT_EQ(Lines("NDI, NRLINIE, JURNAL, DATAINR, CONT, DEBIT, CREDIT, DOC, MARCA, TERT, CODBUG"),
             "1 1 JC 16.03.2026 401 0 578,94 IMO07 IMO07 7 C1 \n"
@@ -24,16 +31,16 @@ TEST_F(ObjectNotes, APurchaseCreditsTheSupplierWithValueAndVat) {
 TEST_F(ObjectNotes, ZeroAmountsHaveNoLines) {
   ObjectCard card = FullCard();
   card.vat = "4426-0";
-  pAddNoteContabile(card);
+  Post(card);
   EXPECT_EQ(Lines("NRLINIE, CONT, DEBIT, CREDIT"), "1 401 0 486,5 \n2 303 486,5 0 \n");
   card.number[kValue] = Value();
-  EXPECT_TRUE(pAddNoteContabile(card).empty());
+  EXPECT_TRUE(Post(card).empty());
   EXPECT_EQ(Lines("CONT"), "");
   card = FullCard();
   card.scrapped = true;
   EXPECT_TRUE(PurchaseNote(card).empty());
-  pAddNoteContabile(FullCard());
-  pAddNoteContabile(card);  // leaves the note alone
+  Post(FullCard());
+  Post(card);  // leaves the note alone
   EXPECT_EQ(Lines("CONT"), "401 \n4426 \n303 \n");
 }
 
@@ -42,11 +49,11 @@ TEST_F(ObjectNotes, VatHasItsDecimalsAndItsSign) {
   card.vat = "4426.9-9,5";
   card.number = {100.0, Value(), Value()};
   card.text[kSupplier].clear();
-  pAddNoteContabile(card);
+  Post(card);
   EXPECT_EQ(Lines("CONT, DEBIT, CREDIT, TERT, CURS"),
             "401 0 109,5  0 \n4426.9 9,5 0  0 \n303 100 0  0 \n");
   card.number[kValue] = -100.0;
-  pAddNoteContabile(card);
+  Post(card);
   EXPECT_EQ(Lines("CONT, DEBIT, CREDIT"), "401 0 -109,5 \n4426.9 -9,5 0 \n303 -100 0 \n");
 }
 
@@ -55,7 +62,7 @@ TEST_F(ObjectNotes, HalfABanLeavesTheNoteBalanced) {
   ObjectCard card = FullCard();
   card.number[kValue] = 10.125;
   card.vat = "4426-24";
-  pAddNoteContabile(card);
+  Post(card);
   EXPECT_EQ(Lines("CONT, DEBIT, CREDIT"), "401 0 12,55 \n4426 2,43 0 \n303 10,12 0 \n");
 }
 
@@ -68,30 +75,41 @@ TEST_F(ObjectNotes, AnotherNoteUnderTheDocumentIsCountedAndReplaced) {
   EXPECT_EQ(use.document, "IMO07");
   EXPECT_EQ(use.notes, 2);
   EXPECT_EQ(use.lei, 1234.5);
-  pAddNoteContabile(FullCard());
+  Post(FullCard());
   EXPECT_EQ(Lines("NDI, DOC, CONT"), "3 IMO08 6811 \n4 IMO07 401 \n4 IMO07 4426 \n4 IMO07 303 \n");
+}
+
+TEST_F(ObjectNotes, NotesThatCameAfterTheAnswerStay) {
+  AddLine(1, "IMO07", 1000);
+  const DocumentUse agreed = NotesBeforePurchase(FullCard());
+  AddLine(2, "IMO07", 5);
+  const Refusal refused = RefusalOf([&] { pAddNoteContabile(FullCard(), agreed); });
+  EXPECT_EQ(refused.number, kRowChanged);
+  EXPECT_EQ(refused.text,
+            "Notele contabile sub documentul \"IMO07\" s-au schimbat intre timp; salvati din nou");
+  EXPECT_EQ(Lines("NDI, CONT"), "1 6811 \n2 6811 \n");
 }
 
 TEST_F(ObjectNotes, ACodeWithAnApostropheIsData) {
   ObjectCard card = FullCard();
   card.text[kCode] = "x' OR '1'='1";
   AddLine(1, "IMO07", 5);
-  pAddNoteContabile(card);
+  Post(card);
   EXPECT_EQ(Lines("DOC"), "IMO07 \nIMOx' OR '1'='1 \nIMOx' OR '1'='1 \nIMOx' OR '1'='1 \n");
 }
 
 TEST_F(ObjectNotes, ARefusedNoteLeavesTheOldOne) {
   AddLine(1, "IMO07", 5);
   CurrentSession().contFurnizori = "";
-  EXPECT_THROW(pAddNoteContabile(FullCard()), Failure);
+  EXPECT_THROW(Post(FullCard()), Failure);
   CurrentSession().contFurnizori = "401";
   ObjectCard card = FullCard();
   card.vat = "4426-abc";
-  EXPECT_THROW(pAddNoteContabile(card), Failure);
+  EXPECT_THROW(Post(card), Failure);
   CurrentSession().connectionString += ";Lock Timeout=50";
   Connection other = company_.Open();
   other.BeginTrans();
-  EXPECT_THROW(pAddNoteContabile(FullCard()), Failure);
+  EXPECT_THROW(Post(FullCard()), Failure);
   other.RollbackTrans();
   EXPECT_EQ(Lines("NDI, CONT"), "1 6811 \n");
 }
@@ -99,7 +117,7 @@ TEST_F(ObjectNotes, ARefusedNoteLeavesTheOldOne) {
 TEST_F(ObjectNotes, AKilledProcessLeavesTheOldNoteOrTheNewOne) {
   AddLine(1, "IMO07", 5);
   WriteCounter counter;
-  const auto work = [] { pAddNoteContabile(FullCard()); };
+  const auto work = [] { Post(FullCard()); };
   const int writes = counter.WritesOf(work);
   ASSERT_GT(writes, 3);
   int before = 0;

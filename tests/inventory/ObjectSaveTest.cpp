@@ -1,5 +1,9 @@
 // The rows that the card of an inventory object writes.
+#include <functional>
+#include <set>
+
 #include "platform/system/Clock.h"
+#include "tests/KilledWrites.h"
 #include "tests/inventory/ObjectTest.h"
 
 namespace tevra::test {
@@ -101,6 +105,39 @@ TEST_F(ObjectSave, AnObjectIsReadBackAsItsCard) {
   file.Execute("DELETE * FROM kv_cote");
   EXPECT_EQ(ReadObject(file, 1)->card.vat, "");
   clock::Reset();
+}
+
+// Kills the saving of a row in each of its writes; the row is as before or as after.
+TEST_F(ObjectSave, AKilledSaveLeavesTheRowAsBeforeOrAsAfter) {
+  ObjectCard changed = FullCard();
+  changed.text[kName] = "Alta";
+  changed.number[kValue] = 500.0;
+  changed.scrapped = true;
+  struct Save {
+    std::function<void()> work;
+    std::string after;
+  };
+  const std::string before = "Trusa 'mare' 486  \n";
+  const Save saves[] = {{[] { pAdaugaObiect(FullCard()); }, before + before},
+                        {[&] { pModificaObiect(changed, 1); }, "Alta 500 30.09.2026 \n"}};
+  pAdaugaObiect(FullCard());
+  WriteCounter counter;
+  for (const Save& save : saves) {
+    std::set<std::string> states;
+    const int writes = counter.WritesOf(save.work);
+    ASSERT_GT(writes, 3);
+    for (int killed = 1; killed <= writes; ++killed) {
+      Connection file = company_.Open();
+      file.Execute("DELETE FROM I_INV WHERE NRCRT > 1");
+      file.Execute(
+          "UPDATE I_INV SET DENUMIRE = 'Trusa ''mare''', VAL_CUMP = 486, IESIRE = 0, DATA_IESIRE = "
+          "NULL");
+      file.Close();
+      EXPECT_TRUE(counter.KilledIn(killed, save.work)) << killed;
+      states.insert(Objects("DENUMIRE, VAL_CUMP, DATA_IESIRE"));
+    }
+    EXPECT_EQ(states, (std::set<std::string>{before, save.after}));
+  }
 }
 
 TEST(ObjectCardCheck, NamesTheFirstMistakeAndItsBox) {

@@ -142,12 +142,13 @@ TEST_F(Banded, AHeadKeepsItsFirstRowAndTotalsTheLast) {
   report = Make({33, 1});
   report->LayOutAll();
   EXPECT_EQ(Bands(*report, 0), "Head Top Group Row*32 Foot");
-  EXPECT_EQ(Bands(*report, 1), "Top Row Total Group Row Total End Foot");
+  EXPECT_EQ(Bands(*report, 1), "Top Group Row Total Group Row Total End Foot");
+  EXPECT_EQ(TextOf(*report, 1, "Key"), TextOf(*report, 0, "Key"));
   // The grand total never stands alone.
   report = Make({32});
   report->LayOutAll();
   EXPECT_EQ(Bands(*report, 0), "Head Top Group Row*31 Foot");
-  EXPECT_EQ(Bands(*report, 1), "Top Row Total End Foot");
+  EXPECT_EQ(Bands(*report, 1), "Top Group Row Total End Foot");
 }
 
 TEST_F(Banded, APageFooterStandsAtTheBottomWithTheCountOfPages) {
@@ -167,6 +168,15 @@ TEST_F(Banded, APageFooterStandsAtTheBottomWithTheCountOfPages) {
     }
   }
   EXPECT_EQ(rows, 100u);
+}
+
+TEST_F(Banded, ABandAboveEverythingStandsOnEachPage) {
+  design_.sections.insert(design_.sections.begin(), {"Company", BandRole::kPageTop, 20});
+  auto report = Make({50});
+  report->LayOutAll();
+  ASSERT_EQ(report->PageCount(), 2);
+  EXPECT_EQ(Bands(*report, 0), "Company Head Top Group Row*31 Foot");
+  EXPECT_EQ(Bands(*report, 1), "Company Top Group Row*19 Total End Foot");
 }
 
 TEST_F(Banded, TheFirstPageAsksForNoLaterRows) {

@@ -322,8 +322,11 @@ TEST_F(AssetDisposal, AnAccountWithoutAssociationKeepsTheFirstNoteAlone) {
   EXPECT_EQ(refused.text, "Trebuie sa precizati: Cont");
 
   Change("INSERT INTO I_CONTURIIM (CONT) VALUES ('2131')");
-  EXPECT_EQ(RefusalOf([&] { PostRetirement(Sale(), 5); }).number, kRefusedNote);
-  EXPECT_EQ(company_.Rows("SELECT COUNT(*) FROM Kv_Linii"), "3 \n") << "no half of a note";
+  for (const char* account : {"NULL", "''"}) {
+    Change(std::string("UPDATE I_CONTURIIM SET CONT_AMO = ") + account + " WHERE CONT = '2131'");
+    EXPECT_EQ(RefusalOf([&] { PostRetirement(Sale(), 5); }).number, kRefusedNote) << account;
+    EXPECT_EQ(company_.Rows("SELECT COUNT(*) FROM Kv_Linii"), "3 \n") << "no half of a note";
+  }
 }
 
 TEST_F(AssetDisposal, OnlyItsOwnEarlierNotesGoWithoutAQuestion) {

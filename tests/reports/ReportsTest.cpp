@@ -19,6 +19,7 @@
 #include "platform/text/Numbers.h"
 #include "reports/Layouts.h"
 #include "reports/Reports.h"
+#include "session/Session.h"
 #include "tests/reports/Sample.h"
 
 namespace tevra::test {
@@ -29,6 +30,7 @@ class ReportsOnPaper : public ::testing::Test {
   ReportsOnPaper() {
     SetSettings(nullptr);
     clock::Set(DateTime(2026, 11, 23));
+    CurrentSession().companyName = "Tamplaria & Fiii SRL";
   }
   ~ReportsOnPaper() override { clock::Reset(); }
 

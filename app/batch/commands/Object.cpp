@@ -49,7 +49,8 @@ ObjectCard CardOf(Connection& company, const ObjectOptions& options) {
   return card;
 }
 
-void CheckNew(const ObjectCard& card) {
+// Returns the notes that the user agreed to lose.
+DocumentUse CheckNew(const ObjectCard& card) {
   if (CurrentSession().contObiecteInventar.empty()) {
     throw Refusal("Va rog configurati contul de obiecte de inventar!");
   }
@@ -57,12 +58,14 @@ void CheckNew(const ObjectCard& card) {
   if (card.number[kRate].IsText()) {
     throw Refusal("Cursul " + card.number[kRate].Text() + " nu este un numar !");
   }
-  if (!MayDelete(NotesBeforePurchase(card))) throw Refusal("Nu s-a efectuat nimic !");
+  DocumentUse use = NotesBeforePurchase(card);
+  if (!MayDelete(use)) throw Refusal("Nu s-a efectuat nimic !");
+  return use;
 }
 
-Note PostPurchase(const ObjectCard& card) {
+Note PostPurchase(const ObjectCard& card, const DocumentUse& agreed) {
   try {
-    return pAddNoteContabile(card);
+    return pAddNoteContabile(card, agreed);
   } catch (const Failure& failure) {
     throw Refusal("Obiectul a fost adaugat, dar nota contabila nu a fost scrisa !\n" +
                       ErrorText(failure, CurrentSession().selectedDatabase),
@@ -74,10 +77,10 @@ Note PostPurchase(const ObjectCard& card) {
 
 void AddObject(Connection& company, const ObjectOptions& options, std::ostream& out) {
   const ObjectCard card = CardOf(company, options);
-  CheckNew(card);
+  const DocumentUse agreed = CheckNew(card);
   const std::int32_t id = pAdaugaObiect(card);
   out << "Obiectul cu numarul curent " << id << " a fost adaugat\n";
-  WriteNote(PostPurchase(card), out);
+  WriteNote(PostPurchase(card, agreed), out);
 }
 
 void WriteOffObject(Connection& company, const std::string& nrcrt, std::ostream& out) {
