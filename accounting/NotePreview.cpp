@@ -1,5 +1,6 @@
 #include "accounting/NotePreview.h"
 
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -48,11 +49,13 @@ NotePreview::NotePreview(const char* name, QWidget* parent)
   table_->setWordWrap(false);
   table_->setTextElideMode(Qt::ElideNone);
   table_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  table_->horizontalHeader()->setStretchLastSection(true);
   reason_->setWordWrap(true);
+  auto* row = new QHBoxLayout;
+  row->addWidget(table_, 1);
+  row->addStretch();
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(table_);
+  layout->addLayout(row);
   layout->addWidget(reason_);
   Show({}, {});
 }
@@ -68,7 +71,7 @@ void NotePreview::Show(const std::vector<Note>& notes, const std::string& otherw
   table_->setVisible(table_->rowCount() > 0);
   reason_->setText(QString::fromStdString(otherwise));
   reason_->setVisible(table_->rowCount() == 0);
-  FitHeight();
+  FitSize();
 }
 
 void NotePreview::AddLine(const NoteLine& line, bool first) {
@@ -88,12 +91,15 @@ void NotePreview::AddLine(const NoteLine& line, bool first) {
   }
 }
 
-// As high as its lines: a preview with a scroll bar hides what it is there to show.
-void NotePreview::FitHeight() {
+// As high as its lines: a preview with a scroll bar hides what it is there to show. No wider than
+// its columns: an amount far from its account is hard to read.
+void NotePreview::FitSize() {
   const int rows = std::min(table_->rowCount(), kMostRows);
   int height = table_->horizontalHeader()->sizeHint().height() + 2 * table_->frameWidth();
   for (int row = 0; row < rows; ++row) height += table_->rowHeight(row);
   table_->setFixedHeight(height);
+  table_->resizeColumnsToContents();
+  table_->setMaximumWidth(table_->horizontalHeader()->length() + 2 * table_->frameWidth());
 }
 
 }  // namespace tevra

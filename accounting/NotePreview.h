@@ -26,7 +26,7 @@ class NotePreview : public QWidget {
 
  private:
   void AddLine(const NoteLine& line, bool first);
-  void FitHeight();
+  void FitSize();
 
   QTableWidget* table_;
   QLabel* reason_;

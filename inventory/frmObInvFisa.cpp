@@ -192,8 +192,13 @@ ObjectCard frmObInvFisa::Card() const {
 bool frmObInvFisa::Refuse(const ObjectRefusal& refusal) {
   using Box = ObjectRefusal::Box;
   MsgBoxEx(refusal.message, refusal.icon);
-  if (refusal.box == Box::kValue) GiveFocus(txtNumar[kValue]);
-  if (refusal.box == Box::kForeignValue) GiveFocus(txtNumar[kForeignValue]);
+  const std::pair<Box, NumberBox*> numbers[] = {{Box::kValue, txtNumar[kValue]},
+                                                {Box::kForeignValue, txtNumar[kForeignValue]}};
+  for (const auto& [box, number] : numbers) {
+    if (box != refusal.box) continue;
+    GiveFocus(number);
+    number->selectAll();  // so that typing replaces what was refused
+  }
   if (refusal.box == Box::kVat) GiveFocus(cboTVA);
   if (refusal.box == Box::kInService) GiveFocus(DTPicker1[kInService]);
   return false;
@@ -236,6 +241,8 @@ void frmObInvFisa::cmdModificare_Click() {
         pModificaObiect(Card(), ID);
         MarkSaved();
         MsgBoxEx("Datele au fost modificate cu succes !", kInformation);
+        // A disabled box would hand the focus to the screen behind the card.
+        if (Frame1->isAncestorOf(focusWidget())) GiveFocus(cmdIesire);
         Frame1->setEnabled(false);
       },
       ShowSavingFailure);

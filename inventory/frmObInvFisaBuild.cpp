@@ -2,6 +2,8 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <utility>
+#include <vector>
 
 #include "inventory/frmObInvFisa.h"
 #include "platform/forms/Buttons.h"
@@ -57,42 +59,44 @@ void frmObInvFisa::MakeBoxes() {
   cboFurnizori->setMinimumContentsLength(20);  // a company's name
 }
 
+// Three columns of boxes, each behind its label, with the remarks below them all.
 QWidget* frmObInvFisa::BuildObject() {
+  constexpr int kColumn = 3;  // label, box, gap
+  constexpr int kGap = 10;
   Frame1 = MakeFrame("Frame1", "Obiect");
-  auto* identity = new QWidget;
-  BoxPairs left(identity);
-  left.Add("Nr. inv.", txtText[kCode]);
-  left.Add("&Denumire", txtText[kName]);
-  left.Add("C&ont", cboCont);
-  left.Add("&Centru de cost", cboCentruCost);
-  left.Add("&Localizare", cboLocalizare);
-  left.Add("Persoana e&videnta", txtText[kPerson]);
-  left.Close();
-  auto* purchase = new QWidget;
-  BoxPairs middle(purchase);
-  middle.Add("Docu&ment", txtText[kDocument]);
-  middle.Add("Furni&zor", cboFurnizori);
-  middle.Add("TVA", cboTVA);
-  middle.Add("Valoare LEI", txtNumar[kValue]);
-  middle.Add("C&urs", txtNumar[kRate]);
-  middle.Add("Valoare valuta", txtNumar[kForeignValue]);
-  middle.Close();
-  auto* dates = new QWidget;
-  BoxPairs right(dates);
-  right.Add("Achizitie", DTPicker1[kBought]);
-  right.Add("Punere in functiune", DTPicker1[kInService]);
-  right.Close();
-  auto* remarks = new QHBoxLayout;
-  remarks->setContentsMargins(9, 0, 9, 0);  // as the columns above have them
-  remarks->addWidget(LabelOf(txtText[kRemarks], "Observatii"));
-  remarks->addWidget(txtText[kRemarks], 1);
   auto* grid = new QGridLayout(Frame1);
-  grid->addWidget(identity, 0, 0);
-  grid->addWidget(purchase, 0, 1);
-  grid->addWidget(dates, 0, 2);
-  grid->addLayout(remarks, 1, 0, 1, 3);
-  grid->setColumnStretch(0, 3);
-  grid->setColumnStretch(1, 3);
+  grid->setHorizontalSpacing(8);
+  grid->setVerticalSpacing(5);
+  const std::vector<std::pair<const char*, QWidget*>> columns[] = {
+      {{"Nr. inv.", txtText[kCode]},
+       {"&Denumire", txtText[kName]},
+       {"C&ont", cboCont},
+       {"&Centru de cost", cboCentruCost},
+       {"&Localizare", cboLocalizare},
+       {"Persoana e&videnta", txtText[kPerson]}},
+      {{"Docu&ment", txtText[kDocument]},
+       {"Furni&zor", cboFurnizori},
+       {"TVA", cboTVA},
+       {"Valoare LEI", txtNumar[kValue]},
+       {"C&urs", txtNumar[kRate]},
+       {"Valoare valuta", txtNumar[kForeignValue]}},
+      {{"Achizitie", DTPicker1[kBought]}, {"Punere in functiune", DTPicker1[kInService]}}};
+  int left = 0;
+  for (const auto& column : columns) {
+    int row = 0;
+    for (const auto& [caption, box] : column) {
+      grid->addWidget(LabelOf(box, caption), row, left);
+      grid->addWidget(box, row++, left + 1);
+    }
+    grid->setColumnMinimumWidth(left + 2, kGap);
+    left += kColumn;
+  }
+  const int below = grid->rowCount();
+  grid->addWidget(LabelOf(txtText[kRemarks], "Observatii"), below, 0);
+  grid->addWidget(txtText[kRemarks], below, 1, 1, left - 2);
+  grid->setColumnStretch(1, 4);
+  grid->setColumnStretch(1 + kColumn, 3);
+  grid->setColumnMinimumWidth(left - 1, 0);
   return Frame1;
 }
 

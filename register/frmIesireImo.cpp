@@ -251,6 +251,7 @@ bool frmIesireImo::txtValoare_LostFocus(amount::Place left) {
       MsgBoxEx(NotANumberText(kPrice), kExclamation);
       price->SetText("0");
       GiveFocus(price);
+      price->selectAll();  // so that typing replaces it
       return false;
     }
     DeriveForeignPrice(rate);

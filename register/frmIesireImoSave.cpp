@@ -73,6 +73,7 @@ bool frmIesireImo::Refused(const std::optional<DisposalRefusal>& refusal) {
   for (const auto& [box, widget] : boxes) {
     if (box == refusal->box) GiveFocus(widget);
   }
+  if (refusal->box == Box::kPrice) txtValoare[kPrice]->selectAll();
   return true;
 }
 

@@ -87,6 +87,7 @@ TEST_F(FrmObInvFisa, TheChecksNameTheirBoxes) {
   EXPECT_EQ(LastPrompt(),
             "Valoarea de cumparare(lei) a obiectului trebuie sa fie o valoare numerica!");
   EXPECT_TRUE(card.txtNumar[kValue]->hasFocus());
+  EXPECT_EQ(card.txtNumar[kValue]->selectedText(), "1.23");
   TypeIn(card.txtNumar[kValue], "");
   TypeIn(card.txtNumar[kForeignValue], "abc");
   Press(card.cmdSalvare);
@@ -182,6 +183,7 @@ TEST_F(FrmObInvFisa, AChangeKeepsTheFieldsOfEmptiedBoxesAndLocksTheCard) {
             "Trusa 'noua' Ion C1 1000 250 \n");
   EXPECT_EQ(Lines("CONT"), "");
   EXPECT_EQ(Modes(card), "0101");
+  EXPECT_TRUE(card.cmdIesire->hasFocus());
   EXPECT_FALSE(card.HasChanges());
 }
 
