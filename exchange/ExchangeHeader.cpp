@@ -26,6 +26,14 @@ bool IsCompanyCode(const std::string& code) {
          std::all_of(code.begin(), code.end(), IsLetterOrDigit);
 }
 
+// A tool that indents its document breaks lines around texts too.
+std::string WithoutSpace(const std::string& text) {
+  constexpr const char* kXmlSpace = " \t\r\n";
+  const std::size_t first = text.find_first_not_of(kXmlSpace);
+  if (first == std::string::npos) return {};
+  return text.substr(first, text.find_last_not_of(kXmlSpace) - first + 1);
+}
+
 class Header {
  public:
   Header(const HeaderTexts& texts, const std::string& file)
@@ -47,8 +55,16 @@ class Header {
     return Read(element, [&] { return CDate(text).Midnight(); });
   }
 
+  // Other tools write the words of their own language.
   bool YesNo(const char* element) const {
-    return Read(element, [&] { return Value(Text(element)).AsBool(); });
+    const std::string text = Text(element);
+    for (const char* no : {"Fals", "No"}) {
+      if (EqualNoCase(text, no)) return false;
+    }
+    for (const char* yes : {"Adevarat", "Yes"}) {
+      if (EqualNoCase(text, yes)) return true;
+    }
+    return Read(element, [&] { return Value(text).AsBool(); });
   }
 
   int Number(const char* element) const {
@@ -62,7 +78,7 @@ class Header {
 
   std::string Text(const char* element) const {
     const auto found = texts_.find(element);
-    if (found != texts_.end()) return Trim(found->second);
+    if (found != texts_.end()) return WithoutSpace(found->second);
     throw Failure(kDatabaseNotOpened, "Lipseste un element" + Place(element));
   }
 

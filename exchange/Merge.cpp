@@ -90,8 +90,11 @@ void PrelJurnale(Connection& company, ImportChanges& changes) {
 
 void PrelTerti(Connection& company, const std::string& code, ImportChanges& changes) {
   MapSameNames(company, code, changes);
-  changes.nameless = company.QueryValue("SELECT COUNT(*) FROM tmp_Ter WHERE NUME IS NULL").AsLong();
   const std::vector<Values> parties = ReadNewParties(company);
+  // In a company without named third parties those without a name are new ones too.
+  changes.nameless =
+      company.QueryValue("SELECT COUNT(*) FROM tmp_Ter WHERE NUME IS NULL").AsLong() -
+      std::count_if(parties.begin(), parties.end(), [](const Values& p) { return p[1].IsNull(); });
   std::int16_t last = CInt(Nz(company.QueryValue("select Max(Cod) from Kv_Ter"), 0).AsDouble());
   if (parties.empty()) return;
   Command add(company, InsertIntoParties(parties.front().size()));

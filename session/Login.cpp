@@ -7,11 +7,14 @@
 #include "platform/system/Paths.h"
 #include "platform/system/Settings.h"
 #include "platform/system/StandardError.h"
+#include "platform/system/TemporaryFile.h"
 #include "platform/text/FailureText.h"
 #include "platform/text/Strings.h"
 #include "session/ApplicationFiles.h"
 #include "session/Companies.h"
 #include "session/CompanyFiles.h"
+#include "session/DatabaseFiles.h"
+#include "session/KeptFile.h"
 #include "session/Module1.h"
 #include "session/OlderFiles.h"
 #include "session/Session.h"
@@ -139,6 +142,8 @@ LoadedCompanies LoadSocietati(const std::string& directory) {
   steps.Run(kFindRegistry, [&] {
     RequirePlainDirectory(directory);
     alone.emplace(paths::Resolve(directory));
+    paths::SweepTemporaryFiles(paths::Resolve(directory));
+    paths::SweepTemporaryFiles(FileIn(directory, kBackupFolder));
     isNew = MakeRegistry(directory);
   });
   steps.Run(kOpenRegistry, [&] { loaded.registry = CompanyRegistry::Load(directory); });

@@ -239,7 +239,10 @@ void RowsetReader::ReadRow(Values& values) {
     }
     if (!told.space.empty()) continue;
     const std::size_t column = FindColumn(told.name, expected);
-    if (column == kNoColumn) continue;
+    if (column == kNoColumn) {
+      if (changes_ == Changes::kApply) continue;
+      xml_.Fail(kNotReadable, "schema nu are coloana " + std::string(told.name));
+    }
     values[column] = Parse(told.value, fields_[column].def);
     expected = column + 1;
   }

@@ -23,7 +23,8 @@ class RowsetReader {
   /// Reads a whole document; `name` is the file's name in failures.
   RowsetReader(std::istream& in, const std::string& name);
 
-  /// What is done with rows whose changes were not yet written to their table.
+  /// What is done with rows whose changes were not yet written to their table. kRefuse is for
+  /// documents of which nothing may be lost: it also refuses a row with a value of no column.
   enum class Changes { kApply, kRefuse };
 
   /// Reads the block at the current element of `xml`, which must outlive the reader. After Next has

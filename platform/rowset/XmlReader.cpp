@@ -1,5 +1,8 @@
 #include "platform/rowset/XmlReader.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include <libxml/xmlreader.h>
 
 #include "platform/text/Failure.h"
@@ -22,6 +25,37 @@ int ReadStream(void* context, char* buffer, int length) {
   }
 }
 
+// The parser's own words follow in brackets, for those who look for the cause.
+std::string TextOf(const xmlError& met) {
+  struct Known {
+    int code;
+    const char* text;
+  };
+  static constexpr Known kKnown[] = {
+      {XML_ERR_DOCUMENT_EMPTY, "documentul este gol"},
+      {XML_ERR_DOCUMENT_END, "documentul nu este intreg"},
+      {XML_ERR_TAG_NOT_FINISHED, "documentul nu este intreg"},
+      {XML_ERR_GT_REQUIRED, "documentul nu este intreg"},
+      {XML_ERR_LTSLASH_REQUIRED, "documentul nu este intreg"},
+      {XML_ERR_TAG_NAME_MISMATCH, "un element nu se inchide"},
+      {XML_ERR_ATTRIBUTE_REDEFINED, "un atribut apare de doua ori"},
+      {XML_ERR_INVALID_CHAR, "un caracter nu este permis"},
+      {XML_ERR_INVALID_ENCODING, "un caracter nu este al codificarii"},
+      {XML_ERR_UNSUPPORTED_ENCODING, "codificarea este necunoscuta"},
+      {XML_ERR_UNDECLARED_ENTITY, "o entitate nu este definita"},
+      {XML_ERR_ENTITY_LOOP, "entitatile nu se accepta"},
+      {XML_ERR_INTERNAL_ERROR, "documentul are prea multe niveluri"},
+  };
+  const auto known = std::find_if(std::begin(kKnown), std::end(kKnown),
+                                  [&](const Known& each) { return each.code == met.code; });
+  const std::string text =
+      known == std::end(kKnown) ? "documentul XML nu este corect" : known->text;
+  std::string reason = met.message ? met.message : "";
+  reason.erase(std::find(reason.begin(), reason.end(), '\n'), reason.end());
+  while (!reason.empty() && reason.back() == ' ') reason.pop_back();
+  return reason.empty() ? text : text + " (" + reason + ")";
+}
+
 // libxml2 stores an element's line in 16 bits.
 constexpr long kLastKeptLine = 65534;
 
@@ -38,8 +72,7 @@ struct XmlReader::Parser {
 
   void KeepError(const xmlError& met) {
     if (met.level < XML_ERR_ERROR || !error.empty()) return;
-    error = met.message ? met.message : "fisierul este deteriorat";
-    while (!error.empty() && error.back() == '\n') error.pop_back();
+    error = TextOf(met);
     errorLine = met.line;
   }
 

@@ -28,10 +28,20 @@ TEST_F(Import, RefusesAFileThatIsDamagedOrNotOurs) {
   for (int i = 0; i < 100000; ++i) deep += "<a>";
   const std::string bomb =
       "<!DOCTYPE IE [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;\">]><IE>&b;</IE>";
-  for (const std::string& text : {deep, bomb, "<!DOCTYPE IE>" + whole, std::string("no XML"),
-                                  whole + std::string(100000, ' ') + "<more/>"}) {
+  const std::string first = "Cut.xml, linia 1: ";
+  for (const auto& [text, told] : std::vector<std::array<std::string, 2>>{
+           {deep, first + "documentul are prea multe niveluri ("},
+           {bomb, first},
+           {"<!DOCTYPE IE>" + whole.substr(whole.find("<IE>")),
+            "tipul de document (DOCTYPE) nu se accepta"},
+           {"no XML", first + "documentul este gol ("},
+           {"<IE a='1' a='2'/>", first + "un atribut apare de doua ori ("},
+           {"<IE>\xff</IE>", first + "un caracter nu este permis ("},
+           {whole + std::string(100000, ' ') + "<more/>", "documentul nu este intreg ("}}) {
     WriteFile(cut, text);
-    EXPECT_EQ(FailureOf([&] { LoadExchange(cut.string()); }), kDatabaseNotOpened);
+    const Refusal refusal = RefusalOf([&] { LoadExchange(cut.string()); });
+    EXPECT_EQ(refusal.number, kDatabaseNotOpened);
+    EXPECT_NE(refusal.text.find(told), std::string::npos) << refusal.text;
   }
   EXPECT_EQ(FailureOf([&] { LoadExchange((centre_.Directory() / "gone").string()); }),
             kFileNotFound);
@@ -62,6 +72,22 @@ TEST_F(Import, RefusesAHeaderThatCannotBeRead) {
   EXPECT_EQ(OwnFileText(own), "");
 }
 
+TEST_F(Import, ReadsTheHeaderOfAnotherTool) {
+  const auto header = [this](const char* from, const char* to) {
+    const std::string file = Changed(from, to);
+    return GetXMLHeader(LoadExchange(file), file);
+  };
+  EXPECT_EQ(header("01.01.2006</DataInceput>", "\r\n\t01/02/2006\n</DataInceput>").from,
+            DateTime(2006, 2, 1));
+  EXPECT_EQ(header(">S1<", "><![CDATA[S1]]>\n <").code, "S1");
+  for (const char* word : {">Fals<", ">no<", ">0<", ">Nu<"}) {
+    EXPECT_FALSE(header(">False<", word).isCentre) << word;
+  }
+  for (const char* word : {">Adevarat<", ">YES<", ">-1<", ">Da<"}) {
+    EXPECT_TRUE(header(">False<", word).isCentre) << word;
+  }
+}
+
 TEST_F(Import, ARowThatCannotBeTakenChangesNothing) {
   const std::string before = Dump(centre_);
   const std::string longName(41, 'x');
@@ -71,6 +97,7 @@ TEST_F(Import, ARowThatCannotBeTakenChangesNothing) {
            {"NUME='Gama'", "NUME='" + longName + "'", "NUME: Type mismatch"},
            {"dt:maxLength='40'", "dt:maxLength='50' x='" + longName + "'", ""},
            {"<z:row NDI='1' NRLINIE='1'", "<rs:delete/><z:row NDI='1' NRLINIE='1'", "rs:delete"},
+           {"NUME='Gama'", "Nume='Gama'", "schema nu are coloana Nume"},
            {"Jurnale>", "XX>", "lipseste IE/Tables/Jurnale"},
            {"PlanConturi>", "Terti>", "Terti apare de doua ori"},
            {"NDI='3' NRLINIE='1'", "NDI='2' NRLINIE='1'", "exista deja in tabela"},

@@ -118,6 +118,20 @@ TEST_F(Import, ReadsWhatOtherToolsWrite) {
   EXPECT_EQ(Lines(), kFirst);
 }
 
+TEST_F(Import, AThirdPartyWithoutANameIsNewOnlyWhereNoneHasAName) {
+  Connection branch = branch_.Open();
+  AddParty(branch, 5, Value());
+  Send();
+  EXPECT_EQ(Take(true).changes.nameless, 1);
+  const std::string parties = "SELECT COD FROM Kv_Ter WHERE NUME IS NULL ORDER BY COD";
+  EXPECT_EQ(centre_.Rows(parties), "12 \n");
+  centre_.Open().Execute("DELETE FROM Kv_Ter WHERE NUME IS NOT NULL");
+  const Imported imported = Take();
+  EXPECT_EQ(imported.changes.nameless, 0);
+  EXPECT_EQ(imported.changes.parties.size(), 4U);
+  EXPECT_EQ(centre_.Rows(parties), "12 \n15 \n");
+}
+
 TEST_F(Import, ACentreSendsNoLines) {
   const std::string lines = Lines();
   EXPECT_EQ(Take(Changed("False", "True")).result, Imported::Result::kDone);

@@ -1,4 +1,12 @@
+#include <chrono>
+#include <functional>
+
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include "platform/system/Paths.h"
+#include "platform/system/TemporaryFile.h"
 #include "tests/system/Folder.h"
 #include "tests/text/Expect.h"
 
@@ -46,6 +54,50 @@ TEST_F(ReplaceFile, AFailureMidwayLeavesTheOldFile) {
             }));
   EXPECT_EQ("old", Content(file));
   EXPECT_EQ(1U, NamesIn(folder_).size());
+}
+
+TEST_F(ReplaceFile, TakesTheSideFilesOfAFailureWithIt) {
+  EXPECT_EQ(61, FailureOf([&] {
+              paths::ReplaceFile(folder_ / "a.mdb", [](const fs::path& temporary) {
+                for (const char* side : {"-wal", "-shm", "-journal"}) {
+                  Write(fs::path(temporary) += side);
+                }
+                throw Failure(61, "midway");
+              });
+            }));
+  EXPECT_EQ(0U, NamesIn(folder_).size());
+}
+
+// A process of its own is killed while it writes; another one still writes.
+TEST_F(ReplaceFile, SweepsWhatKilledProgramsLeft) {
+  const auto write = [&](const std::function<void(const fs::path&)>& midway) {
+    paths::ReplaceFile(folder_ / "a.mdb", [&](const fs::path& temporary) {
+      Write(fs::path(temporary) += "-journal");
+      midway(temporary);
+      Write(temporary);
+    });
+  };
+  const pid_t child = fork();
+  if (child == 0) {
+    write([](const fs::path&) { raise(SIGKILL); });
+    _exit(0);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  Make(".tevra-0123456789abcdef.tmp");
+  const auto old = Make(".tevra-fedcba9876543210.tmp-wal");
+  fs::last_write_time(old, fs::file_time_type::clock::now() - std::chrono::hours(2));
+  Make("tevra-1.tmp");
+  Make(".tevra-1.txt");
+  ASSERT_EQ(6U, NamesIn(folder_).size());
+  write([&](const fs::path& temporary) {
+    paths::SweepTemporaryFiles(folder_);
+    EXPECT_TRUE(fs::exists(temporary) && fs::exists(fs::path(temporary) += "-journal"));
+    fs::remove(fs::path(temporary) += "-journal");
+  });
+  EXPECT_EQ((std::vector<std::string>{".tevra-0123456789abcdef.tmp", ".tevra-1.txt", "a.mdb",
+                                      "tevra-1.tmp"}),
+            NamesIn(folder_));
 }
 
 TEST_F(ReplaceFile, RefusesWhatMayNotBeWritten) {
