@@ -1,65 +1,16 @@
-// The structure upgrade over files of older builds, which are made from the template by taking
-// things away.
-#include <random>
+// The structure upgrade over files of older builds.
+#include "tests/care/UpgradeTest.h"
 
 #include "care/FieldConversion.h"
 #include "care/Restore.h"
-#include "care/Upgrade.h"
 #include "platform/data/CompanyFile.h"
-#include "session/Login.h"
 #include "session/Version.h"
 #include "tests/KilledWrites.h"
-#include "tests/care/CareTest.h"
 
 namespace fs = std::filesystem;
 
 namespace tevra::test {
 namespace {
-
-const TableDef* Find(const std::vector<TableDef>& tables, const std::string& name) {
-  for (const TableDef& table : tables) {
-    if (table.name == name) return &table;
-  }
-  return nullptr;
-}
-
-class UpgradeTest : public CareTest {
- protected:
-  UpgradeTest() {
-    Execute("INSERT INTO Kv_Linii (NDI, NRLINIE, CONT, DEBIT) VALUES (1, 1, '2131', 10.5)");
-    Execute("INSERT INTO Kv_Linii (NDI, NRLINIE, CONT, CREDIT) VALUES (1, 2, '404', 10.5)");
-    Age();
-  }
-  void Age() const { Execute("UPDATE kv_info SET VERSIUNE = 0"); }
-  UpgradeResult Upgrade() const { return UpgradeStructure(SessionCompany(), false); }
-  std::vector<TableDef> Tables() const { return Catalogue(company_.Open()).Tables(); }
-  std::vector<TableDef> Template() const {
-    return Catalogue(Connection("Data Source=" + (Folder() / "Kelnar.mdb").string() +
-                                ";Mode=Read;PWD=" + kFilePassword))
-        .Tables();
-  }
-
-  // The file has all that the template has; its fields may stand at other places.
-  void ExpectTemplatesStructure() const {
-    const auto tables = Tables();
-    for (const TableDef& wanted : Template()) {
-      if (wanted.system) continue;
-      const TableDef* table = Find(tables, wanted.name);
-      ASSERT_TRUE(table) << wanted.name;
-      for (const FieldDef& field : wanted.fields) {
-        const FieldDef* own = table->Find(field.name);
-        ASSERT_TRUE(own) << wanted.name << "." << field.name;
-        EXPECT_TRUE(*own == field) << wanted.name << "." << field.name;
-      }
-      EXPECT_TRUE(wanted.indexes == table->indexes) << wanted.name;
-    }
-    EXPECT_EQ(Catalogue(company_.Open()).Queries().size(), 7U);
-    EXPECT_FALSE(StructuraDiferita());
-  }
-  std::string Row(const std::string& fields, const std::string& table) const {
-    return company_.Rows("SELECT " + fields + " FROM " + table);
-  }
-};
 
 TEST_F(UpgradeTest, EqualFilesGetTheVersionOnlyAndABackup) {
   Execute("UPDATE kv_info SET VERSIUNE = " + std::to_string(kRevision));
@@ -156,53 +107,6 @@ TEST(FieldConversion, IsRefusedWhereSomethingWouldBeLost) {
   EXPECT_FALSE(Converts("123456", to(FieldType::Text)));
   EXPECT_TRUE(Converts(0.1, to(FieldType::Text)));
   EXPECT_TRUE(Converts(Value(), to(FieldType::Long)));
-}
-
-// Removals, narrowings, retypings: what is left of the data is the same afterwards.
-TEST_F(UpgradeTest, RandomOlderBuildsGetTheTemplatesStructure) {
-  const fs::path whole = Folder() / "intreg";
-  RequireSoleUse(File());
-  fs::copy_file(File(), whole);
-  for (unsigned seed = 1; seed <= 12; ++seed) {
-    SCOPED_TRACE(seed);
-    fs::copy_file(whole, File(), fs::copy_options::overwrite_existing);
-    std::mt19937 random(seed);
-    const auto one = [&](int of) { return static_cast<int>(random() % static_cast<unsigned>(of)); };
-    {
-      Connection old = company_.Open();
-      Catalogue catalogue(old);
-      Transaction work(old);
-      for (const TableDef& table : catalogue.Tables()) {
-        if (table.system || table.name == "kv_info" || table.name == "I_IMO") continue;
-        if (one(9) == 0) {
-          old.Execute("DROP TABLE [" + table.name + "]");
-          continue;
-        }
-        for (const IndexDef& index : table.indexes) {
-          if (one(2) == 0) catalogue.DropIndex(table.name, index.name);
-        }
-        for (FieldDef field : catalogue.Table(table.name).fields) {
-          if (field.required || one(6) != 0) continue;
-          const bool empty = old.QueryValue("SELECT COUNT([" + field.name + "]) FROM [" +
-                                            table.name + "]") == Value(0);
-          if (field.type == FieldType::Text) {
-            if (empty) field.size = std::max(1, field.size / 2);
-          } else {
-            field.type = FieldType::Text;
-            field.size = 40;
-            field.defaultValue.clear();
-          }
-          catalogue.AlterField(table.name, field);
-        }
-      }
-      work.Commit();
-    }
-    const std::string assets = Row("NRCRT, COD, VAL_CUMP", "I_IMO");
-    const UpgradeResult result = Upgrade();
-    EXPECT_TRUE(result.left.empty()) << LeftText(result);
-    EXPECT_EQ(Row("NRCRT, COD, VAL_CUMP", "I_IMO"), assets);
-    ExpectTemplatesStructure();
-  }
 }
 
 TEST_F(UpgradeTest, ADryRunAndAnOpenFileChangeNothing) {
