@@ -79,12 +79,31 @@ MonthUse OthersUnderMonth(Connection& company, const DateTime& date) {
   return use;
 }
 
-bool MayReplace(const MonthUse& use) {
-  if (use.others.empty()) return true;
+NotesOfYear ChargesOfMonth(Connection& company, const DateTime& date) {
+  NotesOfYear charges{date.Year(), true, 0, 0};
+  for (const bool withYear : {false, true}) {
+    const Recordset sums = company.OpenRecordset(
+        std::string("SELECT COUNT(DISTINCT NDI) AS NOTE, SUM(DEBIT) AS LEI FROM Kv_Linii WHERE ") +
+            kIsCharge + " AND DOC = ? AND " + kInMonth,
+        MonthValues(ChargeDocument(date, withYear), date));
+    charges.notes += sums.Get("NOTE").AsLong();
+    charges.lei += Nz(sums.Get("LEI")).AsDouble();
+  }
+  charges.lei = RoundTo(charges.lei, 2);
+  return charges;
+}
+
+std::string OthersText(const MonthUse& use) {
   std::string text = "Sub documentul \"" + use.document +
                      "\" exista deja note din alt an sau de la alta operatie:\n";
   for (const NotesOfYear& notes : use.others) text += "- " + Described(notes) + "\n";
-  text += "Scrierea notelor lunii le sterge. Doriti sa continuati?";
+  return text;
+}
+
+bool MayReplace(const MonthUse& use) {
+  if (use.others.empty()) return true;
+  const std::string text =
+      OthersText(use) + "Scrierea notelor lunii le sterge. Doriti sa continuati?";
   return MsgBoxEx(text, kYesNo | kExclamation | kDefaultStep, "Document folosit") == kYes;
 }
 

@@ -39,6 +39,13 @@ struct MonthUse {
 /// another year, notes of an asset, an object or a sale with that document. Throws Failure.
 MonthUse OthersUnderMonth(Connection& company, const DateTime& date);
 
+/// The charges of that month and year under the document, in either form; no notes when the month
+/// is not posted. Throws Failure.
+NotesOfYear ChargesOfMonth(Connection& company, const DateTime& date);
+
+/// What would be lost: a line with the document, then one for each year.
+std::string OthersText(const MonthUse& use);
+
 /// Asks before these notes are deleted, with "Nu" as the default button. True without a question
 /// when there are none.
 bool MayReplace(const MonthUse& use);

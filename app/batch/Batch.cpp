@@ -36,8 +36,8 @@ void CloseAfterLogin(const CommandLine& line, const Streams& streams) {
   Login(request, streams).Close();
 }
 
-void RunCommand(const CommandLine& line, const Streams& streams, ReportWriter* writeReport) {
-  Job job{line, streams, streams.out, nullptr, writeReport};
+void RunCommand(const CommandLine& line, const Streams& streams, const ReportWriters* reports) {
+  Job job{line, streams, streams.out, nullptr, reports};
   CheckDates(line);
   if (line.needs == Needs::kClosedCompany) CloseAfterLogin(line, streams);
   if (line.needs != Needs::kOpenCompany) return line.run(job);
@@ -47,37 +47,25 @@ void RunCommand(const CommandLine& line, const Streams& streams, ReportWriter* w
   line.run(job);
 }
 
-void Run(const CommandLine& line, const Streams& streams, ReportWriter* writeReport) {
+void Run(const CommandLine& line, const Streams& streams, const ReportWriters* reports) {
   if (line.help) {
     streams.out << *line.help;
   } else {
-    RunCommand(line, streams, writeReport);
+    RunCommand(line, streams, reports);
   }
   // A closed pipe or a full disk is noticed only here.
   streams.out.flush();
   if (!streams.out) throw Refusal("Rezultatul nu poate fi scris !");
 }
 
-// The log must not contain what the user typed.
-std::string WithoutTyped(std::string text, const CommandLine& line) {
+std::vector<const std::string*> Typed(const CommandLine& line) {
   std::vector<const std::string*> all = line.object.All();
   const auto disposal = line.disposal.All();
   all.insert(all.end(), disposal.begin(), disposal.end());
   all.insert(all.end(), {&line.user, &line.code, &line.name, &line.date, &line.nrcrt, &line.month,
-                         &line.currency, &line.from, &line.to, &line.rateDay, &line.file});
-  for (const std::string* typed : all) {
-    if (typed->empty()) continue;
-    for (std::size_t at = text.find(*typed); at != text.npos; at = text.find(*typed, at + 1)) {
-      text.replace(at, typed->size(), "?");
-    }
-  }
-  return text;
-}
-
-void LogRefusal(const Refusal& refusal, const CommandLine& line) {
-  if (refusal.Cause()) return log::NoteFailure(*refusal.Cause(), line.commandName);
-  const std::string text = refusal.what();
-  log::Note(WithoutTyped(text.substr(0, text.find('\n')), line) + " | " + line.commandName);
+                         &line.currency, &line.from, &line.to, &line.rateDay, &line.file,
+                         &line.monthEnd.date, &line.monthEnd.credentials});
+  return all;
 }
 
 /// Copies the log's lines to the error output while it exists.
@@ -100,7 +88,7 @@ class ShownLog {
 }  // namespace
 
 int RunBatch(int argc, const char* const* argv, std::istream& in, std::ostream& out,
-             std::ostream& err, ReportWriter* writeReport) {
+             std::ostream& err, const ReportWriters* reports) {
   CurrentSession() = {};
   CommandLine line;
   std::optional<ShownLog> shown;
@@ -109,14 +97,14 @@ int RunBatch(int argc, const char* const* argv, std::istream& in, std::ostream& 
     if (line.verbose) shown.emplace(err);
     const BatchMessages messages(err, line.yes);
     // Before the password is read, because the other program reads it.
-    if (line.writesReports && !line.help && !writeReport) StartReportProgram(argv);
-    Run(line, {in, out, err}, writeReport);
+    if (line.writesReports && !line.help && !reports) StartReportProgram(argv);
+    Run(line, {in, out, err}, reports);
     return kDone;
   } catch (const UsageError& error) {
     err << error.what() << "\nFolosire: tevra-batch [OPTIUNI] COMANDA; vezi tevra-batch --help\n";
     return kUsage;
   } catch (const Refusal& refusal) {
-    LogRefusal(refusal, line);
+    LogRefusal(refusal, Typed(line), line.commandName);
     err << refusal.what() << '\n';
   } catch (const Failure& failure) {
     log::NoteFailure(failure, line.commandName);

@@ -9,6 +9,7 @@
 #include "app/batch/BackupOptions.h"
 #include "app/batch/DisposalOptions.h"
 #include "app/batch/ObjectOptions.h"
+#include "app/batch/monthend/MonthEndOptions.h"
 #include "session/Companies.h"
 
 namespace tevra::batch {
@@ -55,19 +56,20 @@ struct CommandLine {
   std::string date;      ///< of the calculation, as written
   bool post = false;     ///< also posts the month's charges
   std::string month;     ///< of the transfer, as written
-  bool dryRun = false;   ///< of a transfer or an import: shows it and writes nothing
+  bool dryRun = false;   ///< shows what would be done and writes nothing
   std::string rateDay;   ///< whose rate of `code` to print, as written
   std::string nrcrt;     ///< of the asset or object, as written
   ObjectOptions object;  ///< to add
   DisposalOptions disposal;
   BackupOptions backup;
+  MonthEndOptions monthEnd;
   Grouping grouping = Grouping::Account;
   ReportKind report = ReportKind::Charges;
   std::string currency = "LEI";
   bool groupsOnly = false;  ///< of a report of charges: without its rows
   std::string from;         ///< first and last day of a report or an export, as written
   std::string to;
-  bool again = false;        ///< of an export: also of a period that was exported before
+  bool again = false;        ///< also a period that was exported or a month that was posted before
   std::string paper = "A4";  ///< of a report: one of kPaperNames, in any case
   bool landscape = false;
   std::string pdf;  ///< the file that a report is written to

@@ -54,6 +54,7 @@ std::string AskPassword(const Streams& streams) {
 }
 
 std::string Password(const LoginRequest& request, const Streams& streams) {
+  if (request.password) return *request.password;
   if (!request.passwordFile) return AskPassword(streams);
   std::ifstream file = OpenInput(*request.passwordFile);
   return FirstLine(file);

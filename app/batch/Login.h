@@ -18,6 +18,7 @@ struct LoginRequest {
   bool anyStructure = false;  ///< the structure's version does not matter
   /// When the company's file is missing or damaged, this company file says who the users are.
   std::filesystem::path insteadOfDamaged = {};
+  std::optional<std::string> password = {};  ///< instead of a file or the keyboard
 };
 
 /// Finds the company, checks user, password and the structure's version, and fills

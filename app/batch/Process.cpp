@@ -7,7 +7,7 @@
 
 namespace tevra::batch {
 
-int RunProcess(int argc, const char* const* argv, ReportWriter* writeReport) {
+int RunProcess(int argc, const char* const* argv, const ReportWriters* reports) {
   // A file size limit and a closed pipe then are errors of the write call, like a full
   // disk.
   std::signal(SIGXFSZ, SIG_IGN);
@@ -16,7 +16,7 @@ int RunProcess(int argc, const char* const* argv, ReportWriter* writeReport) {
   log::SetSink([](const std::string& line) {
     log::LogFile(log::UsersLogFile()).Append("tevra-batch " + line);
   });
-  return RunBatch(argc, argv, std::cin, std::cout, std::cerr, writeReport);
+  return RunBatch(argc, argv, std::cin, std::cout, std::cerr, reports);
 }
 
 }  // namespace tevra::batch

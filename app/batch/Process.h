@@ -5,8 +5,8 @@
 
 namespace tevra::batch {
 
-/// Runs the command of a process on its standard streams and with its log; `writeReport` as for
+/// Runs the command of a process on its standard streams and with its log; `reports` as for
 /// RunBatch. Returns the exit code.
-int RunProcess(int argc, const char* const* argv, ReportWriter* writeReport);
+int RunProcess(int argc, const char* const* argv, const ReportWriters* reports);
 
 }  // namespace tevra::batch

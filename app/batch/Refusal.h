@@ -4,6 +4,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "platform/text/Failure.h"
 
@@ -22,6 +23,12 @@ class Refusal : public std::runtime_error {
  private:
   std::optional<Failure> cause_;
 };
+
+/// Logs the failure behind a refusal or, without one, the first line of its text, in which every
+/// `typed` text is left out: the log must not contain what the user typed. `command`: the one that
+/// was refused.
+void LogRefusal(const Refusal& refusal, const std::vector<const std::string*>& typed,
+                const std::string& command);
 
 /// "Eroare <number> - <description>", followed by `where` in parentheses when the description does
 /// not name it itself.

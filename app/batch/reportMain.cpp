@@ -2,5 +2,5 @@
 #include "app/batch/commands/Report.h"
 
 int main(int argc, char** argv) {
-  return tevra::batch::RunProcess(argc, argv, &tevra::batch::WriteReport);
+  return tevra::batch::RunProcess(argc, argv, &tevra::batch::kReportWriters);
 }

@@ -13,7 +13,8 @@ Result RunProgram(const std::vector<std::string>& arguments, const std::string& 
   std::istringstream in(typed);
   std::ostringstream out;
   std::ostringstream err;
-  const int code = RunBatch(static_cast<int>(argv.size()), argv.data(), in, out, err, &WriteReport);
+  const int code =
+      RunBatch(static_cast<int>(argv.size()), argv.data(), in, out, err, &kReportWriters);
   return {code, out.str(), err.str()};
 }
 

@@ -20,14 +20,6 @@ namespace tevra::batch {
 
 namespace {
 
-// The rights of the menu "Intretinere".
-void RequireMaintenance() {
-  const Session& session = CurrentSession();
-  const auto forbidden = ForbiddenItems(session.userType);
-  if (std::find(forbidden.begin(), forbidden.end(), "mnuIntretinere") == forbidden.end()) return;
-  throw Refusal("Utilizatorul " + session.userName + " nu are dreptul sa intretina baza de date !");
-}
-
 // The failures of the files name them.
 template <typename Call>
 auto WithReason(Call call) {
@@ -65,6 +57,13 @@ void AskAboutAnotherCompany(const CompanyContent& backup, const fs::path& curren
 }
 
 }  // namespace
+
+void RequireMaintenance() {
+  const Session& session = CurrentSession();
+  const auto forbidden = ForbiddenItems(session.userType);
+  if (std::find(forbidden.begin(), forbidden.end(), "mnuIntretinere") == forbidden.end()) return;
+  throw Refusal("Utilizatorul " + session.userName + " nu are dreptul sa intretina baza de date !");
+}
 
 void BackUpCompany(const BackupOptions& options, std::ostream& out) {
   RequireMaintenance();

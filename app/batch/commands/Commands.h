@@ -6,6 +6,7 @@
 #include <string>
 
 #include "app/batch/CommandLine.h"
+#include "app/batch/Job.h"
 #include "app/batch/Streams.h"
 #include "platform/data/Connection.h"
 #include "platform/text/DateTime.h"
@@ -100,6 +101,14 @@ void ExportPeriod(Connection& company, const DateTime& from, const DateTime& to,
 /// Throws Refusal, with the file and the place, for a file that cannot be taken in; nothing has
 /// changed then.
 void ImportBranch(Connection& company, const std::string& file, bool dryRun, std::ostream& out);
+
+/// Ends the month in the companies of the line, one after another, and prints what was done in
+/// each. A company that fails does not stop the others. Throws Refusal at once for a wrong date,
+/// folder or file of passwords, and at the end when a company failed.
+void EndMonths(const Job& job);
+
+/// Throws Refusal unless the user of the session has the rights of the menu "Intretinere".
+void RequireMaintenance();
 
 /// Back up, restore and compact the session's company, whose file must not be open here; only for
 /// users with the rights of the menu "Intretinere". They print what was done. Restoring a backup

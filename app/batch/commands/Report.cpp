@@ -81,4 +81,12 @@ void WriteReport(const CommandLine& line, const Streams& streams) {
   streams.out << line.pdf << ": " << pages << (pages == 1 ? " pagina\n" : " pagini\n");
 }
 
+void WriteChargesPdf(Grouping grouping, const DateTime& day, const std::filesystem::path& file) {
+  const Toolkit toolkit;
+  const std::unique_ptr<BandedReport> report =
+      ChargesReport({static_cast<std::uint8_t>(grouping), kLei, day.Month(), day.Year(), true});
+  report->SetPageLayout(DefaultPageLayout());
+  SavePdf(*report, file);
+}
+
 }  // namespace tevra::batch

@@ -1,8 +1,7 @@
 // The command that writes reports: the only one that needs the toolkit.
 #pragma once
 
-#include "app/batch/CommandLine.h"
-#include "app/batch/Streams.h"
+#include "app/batch/Job.h"
 
 namespace tevra::batch {
 
@@ -10,5 +9,10 @@ namespace tevra::batch {
 /// goes to the error output. Throws Refusal for dates that are none and a currency that the company
 /// does not have, Failure for a file that cannot be written; an old one is then still there.
 void WriteReport(const CommandLine& line, const Streams& streams);
+
+/// See ChargesPdfWriter.
+void WriteChargesPdf(Grouping grouping, const DateTime& day, const std::filesystem::path& file);
+
+inline constexpr ReportWriters kReportWriters{&WriteReport, &WriteChargesPdf};
 
 }  // namespace tevra::batch

@@ -49,6 +49,14 @@ void AddMonthCommands(CommandSet& commands) {
                                          job.out);
                               }}),
                 line, "Arata ce ar trece, fara sa scrie nimic");
+  CLI::App& monthEnd = commands.Add({"month-end",
+                                     "Sfarsitul de luna al mai multor societati: salvare, calcul, "
+                                     "note contabile, rapoarte",
+                                     {},
+                                     Needs::kNothing,
+                                     EndMonths});
+  AddMonthEndOptions(monthEnd, line);
+  commands.Check(monthEnd, [&monthEnd, &line] { CheckMonthEndOptions(monthEnd, line); });
   AddCharges(commands);
 }
 

@@ -78,11 +78,12 @@ void CheckReport(const CLI::App& report, const ReportWords& words, CommandLine& 
 void AddReportCommands(CommandSet& commands) {
   CommandLine& line = commands.Line();
   const auto words = std::make_shared<ReportWords>();
-  CLI::App& report = commands.Add({"report",
-                                   "Scrie un raport ca fisier PDF",
-                                   {{"RAPORT", &words->kind, "charges, purchases sau inventory"}},
-                                   Needs::kOpenCompany,
-                                   [](const Job& job) { job.writeReport(job.line, job.streams); }});
+  CLI::App& report =
+      commands.Add({"report",
+                    "Scrie un raport ca fisier PDF",
+                    {{"RAPORT", &words->kind, "charges, purchases sau inventory"}},
+                    Needs::kOpenCompany,
+                    [](const Job& job) { job.reports->report(job.line, job.streams); }});
   const auto option = [&report](const char* name, std::string& value, const char* type,
                                 const std::string& description) {
     return report.add_option(name, value, description)->type_name(type);
