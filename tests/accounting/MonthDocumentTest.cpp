@@ -89,6 +89,19 @@ TEST_F(MonthDocument, OnlyTheMonthsOwnChargesAreNoQuestion) {
                                                   {2026, false, 3, 37}}));
 }
 
+TEST_F(MonthDocument, TheChargesOfAMonthAreFoundUnderBothForms) {
+  EXPECT_EQ(ChargesOfMonth(file_, kJuly).notes, 0);
+  Post(DateTime(2026, 7, 15));
+  Write("OD", "303", 20);  // an object that is put into use
+  Write("JC", "404", 30);
+  const NotesOfYear posted{2026, true, 1, 10};
+  EXPECT_EQ(ChargesOfMonth(file_, kJuly), posted);
+  file_.Execute("UPDATE Kv_Linii SET DOC = 'IMO07/2026'");
+  EXPECT_EQ(ChargesOfMonth(file_, kJuly), posted);
+  EXPECT_EQ(ChargesOfMonth(file_, DateTime(2025, 7, 31)).notes, 0);
+  EXPECT_EQ(ChargesOfMonth(file_, DateTime(2026, 8, 31)).notes, 0);
+}
+
 TEST_F(MonthDocument, TheQuestionSaysYearsNumbersAndSums) {
   MessageRecorder messages;
   messages.answers = {kNo, kYes};

@@ -8,6 +8,7 @@ trap 'rm -rf "$folder"' EXIT
 mkdir "$folder/DIR"
 cd "$folder"
 echo 1 > parola.txt
+(umask 077 && echo "01;admin;1" > parole.txt)
 cat > active.csv <<'CSV'
 COD,DENUMIRE,TIP_AM,CONT,COD_LOC,DATA_ACH,DATA_IN_AM,DATA_SF,VAL_CUMP,VAL_CUMP_VAL,COTA_ANUALA
 1,Strung,L,2131,H1,2026-01-10,01.02.2026,2031-02-01,12000,2400,0.2
