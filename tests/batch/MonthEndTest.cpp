@@ -201,7 +201,7 @@ TEST_F(MonthEndTest, RightsAndChosenCompaniesHold) {
                              Passwords("02;admin;1\n9;admin;1\n"), "--post"});
   EXPECT_EQ(result.code, kRefused);
   EXPECT_TRUE(Contains(result.out, "Utilizatorul admin nu are dreptul")) << result.out;
-  EXPECT_TRUE(Contains(result.out, "9 : NEEFECTUAT, la autentificare")) << result.out;
+  EXPECT_TRUE(Contains(result.out, "9: NEEFECTUAT, la autentificare")) << result.out;
   EXPECT_TRUE(Contains(result.out, "Societatea cu codul 9 nu exista")) << result.out;
   EXPECT_FALSE(Contains(result.out, "Alfa"));
   EXPECT_EQ(Content(FileOf("02")), before);

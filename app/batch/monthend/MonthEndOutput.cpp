@@ -117,7 +117,7 @@ void WriteMonthEndTitle(const MonthEndResult& run, std::size_t companies, std::o
 }
 
 void WriteCompanyMonth(const CompanyMonth& company, bool dryRun, std::ostream& out) {
-  out << company.code << ' ' << company.name << ": ";
+  out << company.code << (company.name.empty() ? "" : " " + company.name) << ": ";
   if (company.failedAt) {
     out << "NEEFECTUAT, " << NameOf(*company.failedAt).caption;
   } else {
