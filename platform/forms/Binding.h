@@ -26,7 +26,6 @@ class Binding : public QObject {
 
   /// nullptr unbinds the box, which keeps its contents.
   void Bind(Adodc* source, const std::string& field);
-  const std::string& Field() const { return field_; }
 
  private:
   void Load();

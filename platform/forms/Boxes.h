@@ -29,7 +29,6 @@ class TextBox : public QLineEdit {
 
   /// Binds the box; nullptr unbinds it and keeps its text.
   void SetDataField(Adodc* source, const std::string& field = {});
-  const std::string& DataField() const { return binding_->Field(); }
 
  private:
   Binding* binding_;

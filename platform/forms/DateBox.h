@@ -59,6 +59,7 @@ class DateBox : public QDateEdit, public SettlesTyping {
  private:
   void AddCalendar();
   bool IsOptional() const;
+  bool HasDate() const;
   bool IsTaken(const QDate& date) const;
   QDate Shown() const;
   void Type(QChar character);

@@ -157,13 +157,6 @@ void DataGrid::Reload() {
   FollowSource();
 }
 
-void DataGrid::SetAllowUpdate(bool allow) {
-  model_->allowUpdate = allow;
-  view_->setEditTriggers(allow
-                             ? QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
-                             : QAbstractItemView::NoEditTriggers);
-}
-
 // ---- The current row ----------------------------------------------------------------------------
 
 void DataGrid::FollowSource() {
@@ -225,64 +218,6 @@ int DataGrid::ColumnOf(const std::string& field) const {
   throw Failure(kItemNotFound, "Item not found: " + field);
 }
 
-// ---- Editing ------------------------------------------------------------------------------------
-
-// The click that ended the editing may have gone to another row by now.
-bool DataGrid::WriteCell(int row, int column, const QString& text) {
-  if (!source_ || row >= model_->rowCount()) return false;
-  const QPersistentModelIndex went = view_->currentIndex();
-  const bool elsewhere = went.isValid() && went.row() != row;
-  if (elsewhere) GoTo(row, column);
-  const bool written = TryToWrite(row, column, text);
-  if (elsewhere && went.isValid()) GoTo(went.row(), went.column());
-  if (written) emit CellWritten(column);
-  return written;
-}
-
-bool DataGrid::TryToWrite(int row, int column, const QString& text) {
-  const GridColumn& shown = Columns()[static_cast<std::size_t>(column)];
-  const QString before = model_->index(row, column).data().toString();
-  if (beforeColUpdate_ && !beforeColUpdate_(column, before, text)) return false;
-  Recordset& rows = source_->Recordset();
-  try {
-    rows.SetPosition(static_cast<std::size_t>(row));
-    const Value value = CellValue(text, shown);
-    const auto write = [&] {
-      rows.Set(shown.field, value);
-      rows.Update();
-    };
-    if (!writeCell_) {
-      write();
-    } else if (!writeCell_(column, value, write)) {
-      return false;
-    }
-  } catch (const std::exception&) {
-    const Failure failure = CaughtFailure();
-    rows.CancelUpdate();
-    ShowMessage({ShortErrorText(failure), kCritical, {}, {}});
-    return false;
-  }
-  source_->NotifyRow();
-  return true;
-}
-
-// F2 and a double click begin it too, as the view has it.
-bool DataGrid::EditCurrent() {
-  const QModelIndex current = view_->currentIndex();
-  if (!view_->hasFocus() || !(model_->flags(current) & Qt::ItemIsEditable)) return false;
-  view_->edit(current);
-  return true;
-}
-
-void DataGrid::CommitTyping() {
-  for (QWidget* editor :
-       view_->viewport()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-    if (!editor->isVisible()) continue;
-    emit view_->itemDelegate()->commitData(editor);
-    emit view_->itemDelegate()->closeEditor(editor);
-  }
-}
-
 // ---- Footers ------------------------------------------------------------------------------------
 
 void DataGrid::SetFooter(const std::string& field, const QString& text) {
@@ -292,53 +227,6 @@ void DataGrid::SetFooter(const std::string& field, const QString& text) {
 
 QString DataGrid::Footer(const std::string& field) const {
   return footer_->Text(ColumnOf(field));
-}
-
-// ---- The group area -----------------------------------------------------------------------------
-
-void DataGrid::SetGroupArea(bool shown) {
-  area_->setVisible(shown);
-}
-
-bool DataGrid::HasGroupArea() const {
-  return !area_->isHidden();
-}
-
-void DataGrid::SetGroupText(const QString& text) {
-  area_->SetText(text);
-}
-
-bool DataGrid::IsOverGroupArea(const QPoint& globalPosition) const {
-  return area_->isVisible() && area_->rect().contains(area_->mapFromGlobal(globalPosition));
-}
-
-void DataGrid::HoverGroup(const QPoint& globalPosition) {
-  area_->SetHovered(IsOverGroupArea(globalPosition));
-}
-
-void DataGrid::DropOnGroup(int column, const QPoint& globalPosition) {
-  area_->SetHovered(false);
-  if (!IsOverGroupArea(globalPosition)) return;
-  AfterEvent(this, [this, column] { AddGroupColumn(column); });
-}
-
-void DataGrid::AddGroupColumn(int column) {
-  const std::string& field = Columns().at(static_cast<std::size_t>(column)).field;
-  if (std::find(groups_.begin(), groups_.end(), field) == groups_.end()) groups_.push_back(field);
-  emit GroupColMove();
-}
-
-void DataGrid::ResetGroups() {
-  groups_.clear();
-}
-
-void DataGrid::SetSortMarks(const std::vector<std::string>& fields, bool descending) {
-  sorted_ = fields;
-  std::vector<QString> captions;
-  for (const std::string& field : fields) {
-    captions.push_back(Columns()[static_cast<std::size_t>(ColumnOf(field))].caption);
-  }
-  area_->SetSorted(captions, descending);
 }
 
 void DataGrid::SetTools(const std::string& key, const QString& title) {

@@ -117,7 +117,6 @@ class DataGrid : public QWidget, public KeepsTyping {
   void GroupColMove();  ///< a header was dragged into the group area
   /// From the grid's menu; an empty field restores the statement's order.
   void SortWanted(const std::string& field, bool descending);
-  void CellWritten(int column);
   /// The menu of the current row is about to show: the screen adds what it does with a row.
   void RowMenu(QMenu* menu);
 

@@ -36,7 +36,6 @@ class WhereRow : public QWidget {
   std::vector<QWidget*> Controls() const;
 
   QComboBox* Fields() const { return field_; }
-  QComboBox* Operators() const { return operator_; }
 
  signals:
   void RemoveWanted();
