@@ -12,6 +12,8 @@ using Cell = ReferenceCell::Test;
 
 constexpr const char* kShortAccount =
     "Va rugam selectati un cont corespunzator (minim 3 caractere) !";
+constexpr const char* kDeleteAccount = "Sunteti sigur ca doriti sa stergeti contul {1} ?";
+constexpr const char* kNoTitle = "Va rugam completati titlul contului !";
 
 // The five accounts of an association, each with its list.
 std::vector<ReferenceInput> AccountInputs() {
@@ -63,7 +65,7 @@ ReferenceTable AccountLinks() {
       .inputsInARow = 1,
       .addTip = "Creare asociere noua",
       .deleteTip = "Stergere asociere selectata",
-      .question = "Sunteti sigur ca doriti sa stergeti contul {1} ?",
+      .question = kDeleteAccount,
   };
   for (const ReferenceInput& input : table.inputs) {
     table.checks.push_back(
@@ -81,7 +83,7 @@ ReferenceTable AccountLinks() {
   table.addFailureLine = true;
   table.users = {{"I_IMO", {"CONT"}}, {"I_INV", {"CONT"}}};
   table.deleteFailure = "Stergere";
-  table.cells = {{1, Cell::kEmpty, "Va rugam completati titlul contului !"}};
+  table.cells = {{1, Cell::kEmpty, kNoTitle}};
   table.width = 960;
   return table;
 }
@@ -98,14 +100,8 @@ ReferenceTable Accounts() {
       .frameCaption = "Cont",
       .inputs = {{"txtCont", "C&ont", "Simbol cont, maxim 16 caractere alfanumerice", Kind::kText,
                   16},
-                 {"txtTitlu",
-                  "&Denumire",
-                  "Titlu cont, maxim 40 caractere alfanumerice",
-                  Kind::kUpperText,
-                  40,
-                  {},
-                  {},
-                  2},
+                 NameInput("txtTitlu", "Titlu cont, maxim 40 caractere alfanumerice",
+                           Kind::kUpperText, 40),
                  {"txtCC",
                   "&Centru de cost",
                   "Centru de cost",
@@ -117,10 +113,10 @@ ReferenceTable Accounts() {
                     "TITLU", "COD", true}}}},
       .addTip = "Creare cont nou",
       .deleteTip = "Stergere cont selectat",
-      .question = "Sunteti sigur ca doriti sa stergeti contul {1} ?",
+      .question = kDeleteAccount,
   };
   table.checks = {{Test::kEmpty, "txtCont", "Va rugam completati un numar de cont !"},
-                  {Test::kEmpty, "txtTitlu", "Va rugam completati titlul contului !"},
+                  {Test::kEmpty, "txtTitlu", kNoTitle},
                   {Test::kExists, "txtCont",
                    "Acest numar de cont exista deja ! Adaugarea nu se poate efectua !", "Cont"}};
   table.row = {{"CONT", From::kText, "txtCont"},
@@ -134,7 +130,7 @@ ReferenceTable Accounts() {
                  {"I_CONTURIIM", {"CONT", "CONT_CHELT", "CONT_AMO", "CONT_CH_EX", "CONT_VEN_EX"}},
                  {"Kv_Linii", {"CONT"}}};
   table.deleteFailure = "Stergere";
-  table.cells = {{1, Cell::kEmpty, "Va rugam completati titlul contului !"}};
+  table.cells = {{1, Cell::kEmpty, kNoTitle}};
   table.width = 720;
   return table;
 }
@@ -160,14 +156,7 @@ ReferenceTable Journals() {
       .frame = "fraInput",
       .frameCaption = "Jurnal nou",
       .inputs = {{"txtCodJurnal", "C&od", "Maxim 3 caractere alfanumerice", Kind::kText, 3},
-                 {"txtTitluJurnal",
-                  "&Denumire",
-                  "Maxim 40 caractere alfanumerice",
-                  Kind::kText,
-                  40,
-                  {},
-                  {},
-                  2},
+                 NameInput("txtTitluJurnal", "Maxim 40 caractere alfanumerice", Kind::kText, 40),
                  {"cboCont", "Con&t", "Numar cont", Kind::kList},
                  {"cboTip",
                   "Ti&p",

@@ -37,6 +37,14 @@ struct ReferenceInput {
   int stretch = 1;                           ///< share of the width
 };
 
+/// The box for a name, twice as wide as that of a code.
+inline ReferenceInput NameInput(const char* name, const char* tip, ReferenceInput::Kind kind,
+                                int longest) {
+  ReferenceInput input{name, "&Denumire", tip, kind, longest};
+  input.stretch = 2;
+  return input;
+}
+
 /// A test of the inputs before a row is added.
 struct ReferenceCheck {
   enum class Test {
