@@ -129,7 +129,7 @@ ChargesPosted PostCharges(Connection& connection, const DateTime& date, const Mo
   cBLLNoteContabile note;
   static_cast<NoteLine&>(note) = LineOf("OD", now.document, date);
   DeleteMonth(connection, date);
-  const ChargesPosted posted = WriteNotes(connection, note);
+  ChargesPosted posted = WriteNotes(connection, note);
   transaction.Commit();
   return posted;
 }

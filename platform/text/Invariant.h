@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <source_location>
 
 #include "platform/text/Failure.h"
 
@@ -12,11 +11,25 @@ namespace tevra {
 /// The number of such a failure.
 inline constexpr long kBrokenInvariant = -2147221493;  // 0x8004000B
 
+/// Where in the source something is called. In place of the standard library's, which clang-tidy 14
+/// cannot read.
+struct SourcePlace {
+  const char* file;
+  int line;
+  const char* function;
+
+  static constexpr SourcePlace Current(const char* file = __builtin_FILE(),
+                                       int line = __builtin_LINE(),
+                                       const char* function = __builtin_FUNCTION()) {
+    return {file, line, function};
+  }
+};
+
 namespace detail {
 
-[[noreturn]] void ThrowBrokenInvariant(const char* what, const std::source_location& place);
+[[noreturn]] void ThrowBrokenInvariant(const char* what, const SourcePlace& place);
 [[noreturn]] void ThrowUnequal(const char* what, std::int64_t actual, std::int64_t expected,
-                               const std::source_location& place);
+                               const SourcePlace& place);
 
 }  // namespace detail
 
@@ -25,14 +38,14 @@ namespace detail {
 /// transaction whose work depends on the condition. It is no check of what a user typed or a file
 /// contains.
 inline void Invariant(bool holds, const char* what,
-                      const std::source_location& place = std::source_location::current()) {
+                      const SourcePlace& place = SourcePlace::Current()) {
   if (!holds) [[unlikely]]
     detail::ThrowBrokenInvariant(what, place);
 }
 
 /// The same for two whole numbers that must be equal; the failure names both.
 inline void InvariantEqual(std::int64_t actual, std::int64_t expected, const char* what,
-                           const std::source_location& place = std::source_location::current()) {
+                           const SourcePlace& place = SourcePlace::Current()) {
   if (actual != expected) [[unlikely]]
     detail::ThrowUnequal(what, actual, expected, place);
 }
