@@ -12,6 +12,7 @@
 
 #include "platform/forms/DateBox.h"
 #include "platform/system/Clock.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
@@ -25,9 +26,7 @@ class DateBoxOf : public ::testing::Test {
     next = new QLineEdit(&window_);
     layout->addWidget(box);
     layout->addWidget(next);
-    window_.show();
-    window_.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+    Activate(window_);
     box->setFocus();
   }
   ~DateBoxOf() override { clock::Reset(); }
@@ -424,9 +423,7 @@ TEST(MonthBox, TakesAMonthInAnyForm) {
   box.SetRequired();
   QLineEdit next(&window);
   next.move(0, 60);
-  window.show();
-  window.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  Activate(window);
   struct Case {
     const char* typed;
     const char* meant;

@@ -14,6 +14,7 @@
 #include "platform/forms/FormsApplication.h"
 #include "platform/forms/frmProgress.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
@@ -76,9 +77,7 @@ class frmFast : public Form {
 class FastUser : public ::testing::Test {
  protected:
   FastUser() {
-    screen_.show();
-    screen_.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&screen_));
+    Activate(screen_);
     TypeADate();
   }
   void TypeADate() {

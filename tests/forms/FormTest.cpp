@@ -9,6 +9,7 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/Windows.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
@@ -60,9 +61,7 @@ class frmTried : public Form {
 class FormOf : public ::testing::Test {
  protected:
   FormOf() {
-    screen_.show();
-    screen_.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&screen_));
+    Activate(screen_);
     screen_.first->setFocus();
   }
   MessageRecorder messages_;
@@ -125,9 +124,7 @@ TEST_F(FormOf, AnotherScreenOfTheFrameIsNoLeavingUntilTheUserIsBackInAnotherBox)
   frmTried screen;
   frmTried other;
   for (frmTried* each : {&screen, &other}) each->setParent(&frame);
-  frame.show();
-  frame.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
+  Activate(frame);
   screen.first->setFocus();
   screen.first->SetText("gresit");
   other.second->setFocus(Qt::MouseFocusReason);

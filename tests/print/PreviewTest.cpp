@@ -12,6 +12,7 @@
 #include "platform/text/Failure.h"
 #include "tests/TestCompany.h"
 #include "tests/print/PdfText.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
@@ -27,9 +28,7 @@ class Preview : public FolderTest {
   frmPreview& Open(int rows) {
     preview_ = std::make_unique<frmPreview>(
         std::make_unique<TableDocument>(AssetList(rows), DefaultPageLayout()));
-    preview_->show();
-    preview_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(preview_.get()));
+    Activate(*preview_);
     EXPECT_TRUE(QTest::qWaitFor([&] { return preview_->Document().IsComplete(); }));
     QCoreApplication::processEvents();
     return *preview_;
@@ -203,19 +202,13 @@ TEST_F(Preview, DataThatCannotBeReadIsToldOnce) {
 TEST_F(Preview, SeveralStandBesideEachOtherAndGoWhenClosed) {
   ShowPreview(std::make_unique<TableDocument>(AssetList(3)));
   ShowPreview(std::make_unique<TableDocument>(AssetList(3)));
-  const auto open = [] {
-    QList<frmPreview*> found;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-      if (auto* preview = qobject_cast<frmPreview*>(window)) found << preview;
-    }
-    return found;
-  };
-  ASSERT_EQ(open().size(), 2);
-  QTest::keyClick(open().first()->View, Qt::Key_Escape);
+  const auto open = OpenScreens<frmPreview>;
+  ASSERT_EQ(open().size(), 2u);
+  QTest::keyClick(open().front()->View, Qt::Key_Escape);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  ASSERT_EQ(open().size(), 1);
-  EXPECT_FALSE(open().first()->isModal());
-  open().first()->close();
+  ASSERT_EQ(open().size(), 1u);
+  EXPECT_FALSE(open().front()->isModal());
+  open().front()->close();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   // From a modal screen it can be used as well.
   frmPageSetup modal(DefaultPageLayout());

@@ -14,6 +14,7 @@
 #include "tests/TestCompany.h"
 #include "tests/print/PdfText.h"
 #include "tests/print/RegisterDocument.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
@@ -33,9 +34,7 @@ class PreviewTools : public FolderTest {
     document_->ready = ready;
     preview_ = std::make_unique<frmPreview>(std::move(document));
     preview_->resize(900, 600);
-    preview_->show();
-    preview_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(preview_.get()));
+    Activate(*preview_);
     EXPECT_TRUE(QTest::qWaitFor([&] { return document_->PageCount() == std::min(pages, ready); }));
     QCoreApplication::processEvents();
     return *preview_;

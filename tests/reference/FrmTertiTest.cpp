@@ -8,6 +8,7 @@
 #include "reference/frmTerti.h"
 #include "session/CodeEditors.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
@@ -25,25 +26,12 @@ class FrmTerti : public ::testing::Test {
   }
   void Open() {
     screen_ = std::make_unique<frmTerti>();
-    screen_->show();
-    screen_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(screen_.get()));
+    Activate(*screen_);
   }
-  static void Key(QWidget* control, Qt::Key key) {
-    control->setFocus();
-    QTest::keyClick(control, key);
-    QCoreApplication::processEvents();
-  }
-  static void Press(QPushButton* button) { Key(button, Qt::Key_Space); }
-  void Type(QLineEdit* box, const char* text) const {
-    box->setFocus();
-    box->selectAll();
-    *text ? QTest::keyClicks(box, text) : QTest::keyClick(box, Qt::Key_Delete);
-  }
-  void Type(party::Place box, const char* text) const { Type(screen_->txtFields[box], text); }
+  void Type(party::Place box, const char* text) const { Retype(screen_->txtFields[box], text); }
   std::string Field(party::Place box) const { return screen_->txtFields[box]->Text(); }
-  void Down() const { Key(screen_->TDBGrid1->View(), Qt::Key_Down); }
-  void Up() const { Key(screen_->TDBGrid1->View(), Qt::Key_Up); }
+  void Down() const { Press(screen_->TDBGrid1->View(), Qt::Key_Down); }
+  void Up() const { Press(screen_->TDBGrid1->View(), Qt::Key_Up); }
   std::string Stored(const char* fields, int code) const {
     return company_.Rows(std::string("SELECT ") + fields +
                          " FROM kv_Ter WHERE COD = " + std::to_string(code));
@@ -87,7 +75,7 @@ TEST_F(FrmTerti, TwoPressesAddAThirdParty) {
   Type(party::kName, "o'hara srl");
   Type(party::kKind, "m");
   Type(party::kEmail, "Ana@o-hara.ro");
-  Type(screen_->TextCT, "md");
+  Retype(screen_->TextCT, "md");
   Press(screen_->cmdAdauga);
   EXPECT_EQ(TakePrompt(), "");
   EXPECT_EQ(Stored("NUME, TIP, EMAIL, CT, BANCA IS NULL", 9), "O'HARA SRL M Ana@o-hara.ro MD 1 \n");
@@ -132,14 +120,14 @@ TEST_F(FrmTerti, ASavedChangeStandsInTheListAndAnEmptyCountryIsRomania) {
   EXPECT_EQ(Field(party::kName) + Field(party::kEmail) + screen_->TextCT->Text(),
             "BETA SRLana@beta.roDE");
   Type(party::kName, "gama");
-  Type(screen_->TextCT, "");
+  Retype(screen_->TextCT, "");
   Press(screen_->cmdModifica);
   EXPECT_EQ(Stored("NUME, TIP, EMAIL, CT", 3), "GAMA C ana@beta.ro RO \n");
   EXPECT_EQ(Names(), "ALBA'S|ALFA SRL|GAMA|");
   EXPECT_EQ(Field(party::kCode), "");
   // The form is empty, so there is nothing to save; Enter on the row shows it again.
   Press(screen_->cmdModifica);
-  Key(screen_->TDBGrid1->View(), Qt::Key_Return);
+  Press(screen_->TDBGrid1->View(), Qt::Key_Return);
   EXPECT_EQ(Field(party::kName), "GAMA");
   company_.Open().Execute("DELETE FROM kv_Ter WHERE COD = 3");
   Type(party::kName, "delta");
@@ -170,19 +158,19 @@ TEST_F(FrmTerti, AnotherTypeKeepsTheFocus) {
 
 TEST_F(FrmTerti, ASearchForABeginning) {
   Open();
-  Type(screen_->txtCautare, "al");
+  Retype(screen_->txtCautare, "al");
   EXPECT_EQ(screen_->txtCautare->Text(), "AL");
-  Key(screen_->txtCautare, Qt::Key_Return);
+  Press(screen_->txtCautare, Qt::Key_Return);
   EXPECT_EQ(Names(), "ALBA'S|ALFA SRL|");
-  Type(screen_->txtCautare, "alba'");
+  Retype(screen_->txtCautare, "alba'");
   Press(screen_->cmdCauta);
   EXPECT_EQ(Names(), "ALBA'S|");
-  Type(screen_->txtCautare, "zz");
+  Retype(screen_->txtCautare, "zz");
   Press(screen_->cmdCauta);
   EXPECT_EQ(TakePrompt(), "Nu exista societati ale caror nume sa inceapa cu ZZ !|");
   EXPECT_EQ(Names(), "ALBA'S|");
   screen_->datPrimaryRS->SetConnectionString("Data Source=/nu/este.mdb");
-  Type(screen_->txtCautare, "");
+  Retype(screen_->txtCautare, "");
   Press(screen_->cmdCauta);
   EXPECT_EQ(messages_.shown.back().title, "Cautare");
 }

@@ -9,6 +9,7 @@
 #include "platform/system/Desktop.h"
 #include "reference/frmValute.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
@@ -32,22 +33,9 @@ class FrmValute : public ::testing::Test {
 
   void Open() {
     screen_ = std::make_unique<frmValute>();
-    screen_->show();
-    screen_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(screen_.get()));
+    Activate(*screen_);
   }
-  static void Key(QWidget* control, Qt::Key key) {
-    control->setFocus();
-    QTest::keyClick(control, key);
-    QCoreApplication::processEvents();
-  }
-  void Press(QPushButton* button) const { Key(button, Qt::Key_Space); }
-  void Currency(Qt::Key key) const { Key(screen_->grdValute->View(), key); }
-  void Type(QLineEdit* box, const char* text) const {
-    box->setFocus();
-    box->selectAll();
-    QTest::keyClicks(box, text);
-  }
+  void Currency(Qt::Key key) const { Press(screen_->grdValute->View(), key); }
   std::string Add() {
     messages_.shown.clear();
     Press(screen_->cmdAdauga);
@@ -90,10 +78,10 @@ TEST_F(FrmValute, TheCountAppliesAtTheNextRowAndASearchShowsOneDay) {
 
 TEST_F(FrmValute, ARateIsANumberOfACurrency) {
   Open();
-  Type(screen_->txtCurs, "5,0,1");
+  Retype(screen_->txtCurs, "5,0,1");
   EXPECT_EQ(Add(), "Va rugam introduceti o valoare numerica !");
   EXPECT_TRUE(screen_->txtCurs->hasFocus());
-  Type(screen_->txtCurs, "5,0871");
+  Retype(screen_->txtCurs, "5,0871");
   EXPECT_EQ(Add(), "");
   EXPECT_EQ(Shown(), "09=5,0871 07=5,07 06=5,06 05=5,05 04=5,04 ");
   EXPECT_EQ(Add(), "");  // two rates on one day
@@ -105,7 +93,7 @@ TEST_F(FrmValute, ARateIsANumberOfACurrency) {
   EXPECT_TRUE(rates->setData(rates->index(0, 2), "5,09"));
   messages_.answers = {kYes};
   messages_.shown.clear();
-  Key(screen_->grdCursValuta->View(), Qt::Key_Delete);
+  Press(screen_->grdCursValuta->View(), Qt::Key_Delete);
   EXPECT_EQ(messages_.shown.at(0).prompt,
             "Sunteti sigur ca doriti sa stergeti cursul EUR din 09.01.2026 ?");
   EXPECT_EQ(company_.Rows("SELECT CURS FROM kv_val2 WHERE DATA = '2026-01-09 00:00:00'"),
@@ -113,7 +101,7 @@ TEST_F(FrmValute, ARateIsANumberOfACurrency) {
 
   company_.Open().Execute("DELETE FROM kv_val");
   Open();
-  Type(screen_->txtCurs, "1");
+  Retype(screen_->txtCurs, "1");
   EXPECT_EQ(Add(), "Va rugam selectati un cod de valuta !");
 }
 
@@ -125,10 +113,10 @@ TEST_F(FrmValute, ACurrencyIsAddedOnceAndDeletedAfterAQuestion) {
   EXPECT_TRUE(screen_->fraValuta->isVisible() && !screen_->fraCurs->isVisible());
   EXPECT_EQ(Add(), "Va rugam completati codul valutei  !");
   EXPECT_TRUE(screen_->txtCodValuta->hasFocus());
-  Type(screen_->txtCodValuta, "usd");
+  Retype(screen_->txtCodValuta, "usd");
   EXPECT_EQ(Add(), "Acest cod de valuta exista deja ! Adaugarea nu se poate efectua !");
-  Type(screen_->txtCodValuta, "chf ");
-  Type(screen_->txtDenumireValuta, "francul");
+  Retype(screen_->txtCodValuta, "chf ");
+  Retype(screen_->txtDenumireValuta, "francul");
   EXPECT_EQ(Add(), "");
   EXPECT_EQ(company_.Rows("SELECT * FROM kv_val WHERE COD = 'CHF'"), "CHF FRANCUL \n");
   EXPECT_EQ(screen_->sCodValuta + Shown(), "CHF");

@@ -14,6 +14,7 @@
 #include "reference/ReferenceTables.h"
 #include "session/Session.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
@@ -25,9 +26,7 @@ class Editors : public ::testing::Test {
 
   void Open(const char* screen) {
     screen_ = std::make_unique<ReferenceScreen>(ReferenceTableOf(screen));
-    screen_->show();
-    screen_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(screen_.get()));
+    Activate(*screen_);
   }
   template <class Control>
   Control* Find(const char* name) const {
@@ -36,12 +35,7 @@ class Editors : public ::testing::Test {
     return control;
   }
   // Types into a box as a user does, over what is there.
-  void Type(const char* name, const char* text) const {
-    auto* box = Find<QLineEdit>(name);
-    box->setFocus();
-    box->selectAll();
-    *text ? QTest::keyClicks(box, QString::fromUtf8(text)) : QTest::keyClick(box, Qt::Key_Delete);
-  }
+  void Type(const char* name, const char* text) const { Retype(Find<QLineEdit>(name), text); }
   void Choose(const char* combo, const char* typed) const {
     auto* box = Find<DataCombo>(combo);
     box->lineEdit()->setFocus();
@@ -51,11 +45,6 @@ class Editors : public ::testing::Test {
     emit box->lineEdit()->editingFinished();
     screen_->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(screen_.get()));
-    QCoreApplication::processEvents();
-  }
-  static void Press(QPushButton* button) {
-    button->setFocus();
-    QTest::keyClick(button, Qt::Key_Space);
     QCoreApplication::processEvents();
   }
   std::string Add() {

@@ -11,6 +11,7 @@
 #include "session/Module1.h"
 #include "session/Session.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 
@@ -36,9 +37,7 @@ class CardTest : public ::testing::Test {
 
   std::unique_ptr<frmFisaImo> Open(const AssetToOpen& asset = {}) {
     auto card = std::make_unique<frmFisaImo>(asset);
-    card->show();
-    card->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(card.get()));
+    Activate(*card);
     return card;
   }
   std::unique_ptr<frmFisaImo> OpenStored() { return Open({false, Stored("NRCRT")}); }

@@ -9,6 +9,7 @@
 #include "session/Module1.h"
 #include "session/Session.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
@@ -50,9 +51,7 @@ class EditorScreens : public ::testing::Test {
   EditorScreens() {
     company_.Open().Execute("DELETE * FROM kv_cc");
     screen_ = std::make_unique<frmCentre>();
-    screen_->show();
-    screen_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(screen_.get()));
+    Activate(*screen_);
   }
   void Add(const char* code, const char* title) {
     screen_->txtCod->SetText(code);

@@ -15,6 +15,7 @@
 #include "session/Module1.h"
 #include "session/Session.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
@@ -33,11 +34,7 @@ class FrmIesireImo : public ::testing::Test {
     asset_ = AddAsset("L");
   }
   ~FrmIesireImo() override {
-    std::vector<Form*> screens;
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-      if (auto* screen = dynamic_cast<Form*>(widget)) screens.push_back(screen);
-    }
-    for (Form* screen : screens) delete screen;
+    DeleteScreens<Form>();
     clock::Reset();
   }
 
@@ -58,10 +55,7 @@ class FrmIesireImo : public ::testing::Test {
                               {"DATA_SF", DateTime(2029, 2, 1)}});
   }
   frmIesireImo& Open(int asset = 0) {
-    screen_ = &OpenDisposal(asset == 0 ? asset_ : asset);
-    screen_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(screen_));
-    return *screen_;
+    return *(screen_ = &Activate(OpenDisposal(asset == 0 ? asset_ : asset)));
   }
   // The box is left, then what it holds is looked up, then what depends on it runs.
   static void Settle() {

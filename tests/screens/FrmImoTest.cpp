@@ -17,19 +17,10 @@
 #include "session/Module1.h"
 #include "session/Session.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
-
-template <class Screen>
-std::vector<Screen*> OpenScreens() {
-  std::vector<Screen*> screens;
-  for (QWidget* widget : QApplication::topLevelWidgets()) {
-    auto* screen = dynamic_cast<Screen*>(widget);
-    if (screen && screen->isVisible()) screens.push_back(screen);
-  }
-  return screens;
-}
 
 class FrmImo : public ::testing::Test {
  protected:
@@ -38,7 +29,7 @@ class FrmImo : public ::testing::Test {
     for (const char* name : {"Strung", "Freza", "Strung 'mic'", "Presa strung"}) AddAsset(name);
   }
   ~FrmImo() override {
-    for (Form* screen : OpenScreens<Form>()) delete screen;
+    DeleteScreens<Form>();
     SetSettings(nullptr);
   }
   int AddAsset(const char* name, const std::map<std::string, Value>& more = {}) {
@@ -55,17 +46,7 @@ class FrmImo : public ::testing::Test {
     for (const auto& [field, value] : more) fields[field] = value;
     return company_.AddAsset({fields.begin(), fields.end()});
   }
-  frmImo& Open() {
-    list_ = &windows::Open<frmImo>();
-    list_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(list_));
-    return *list_;
-  }
-  static void Press(QAbstractButton* button) {
-    button->setFocus();
-    QTest::keyClick(button, Qt::Key_Space);
-    QCoreApplication::processEvents();
-  }
+  frmImo& Open() { return *(list_ = &Activate(windows::Open<frmImo>())); }
   void Click(int row) {
     QTableView* view = list_->TDBGrid1->View();
     QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
@@ -214,7 +195,7 @@ TEST_F(FrmImo, ListsTheSelectedRowsUnderTheirOwnTotals) {
   EXPECT_EQ(none->Title(), "Imobilizari");
   EXPECT_EQ(PaperOf(*none).find("Strung"), std::string::npos);
   EXPECT_EQ(list.TDBGrid1->Footer("VAL_CUMP"), "0");
-  for (frmPreview* preview : OpenScreens<frmPreview>()) delete preview;
+  DeleteScreens<frmPreview>();
   Click(0);
   QTest::keyClick(list.TDBGrid1->View(), Qt::Key_Down, Qt::ShiftModifier);
   PagedDocument* two = Listed(list.cmdListare);

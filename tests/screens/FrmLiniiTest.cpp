@@ -16,6 +16,7 @@
 #include "session/Session.h"
 #include "tests/TestCompany.h"
 #include "tests/screens/GridTexts.h"
+#include "tests/screens/Screens.h"
 #include "tests/screens/Typing.h"
 
 namespace tevra::test {
@@ -33,10 +34,7 @@ class FrmLinii : public ::testing::Test {
     Add({3, 1, "371", 0.2, 0, DateTime(2026, 10, 5), "BON", Value(), "G", Value()});
   }
   ~FrmLinii() override {
-    const QWidgetList all = QApplication::topLevelWidgets();
-    for (const QPointer<QWidget>& widget : QList<QPointer<QWidget>>(all.begin(), all.end())) {
-      if (widget && qobject_cast<Form*>(widget)) delete widget;
-    }
+    DeleteScreens<Form>();
     SetSettings(nullptr);
   }
 
@@ -46,17 +44,7 @@ class FrmLinii : public ::testing::Test {
         "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
         line);
   }
-  frmLinii& Open() {
-    list_ = &windows::OpenNew<frmLinii>();
-    list_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(list_));
-    return *list_;
-  }
-  static void Press(QAbstractButton* button) {
-    button->setFocus();
-    QTest::keyClick(button, Qt::Key_Space);
-    QCoreApplication::processEvents();
-  }
+  frmLinii& Open() { return *(list_ = &Activate(windows::OpenNew<frmLinii>())); }
   std::string Column(const char* field) const { return ColumnTexts(*list_->TDBGrid1, field); }
   std::string Totals() {
     std::string texts;
@@ -223,14 +211,8 @@ TEST_F(FrmLinii, ListsTheRowsOnPaperAndAsAWebPage) {
   // Conditions that were not searched with have no part in the listing.
   list.WhereBuilder->SetConditions({});
   Press(list.cmdListare);
-  auto* preview = [] {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-      if (auto* found = qobject_cast<frmPreview*>(widget)) return found;
-    }
-    return static_cast<frmPreview*>(nullptr);
-  }();
-  ASSERT_TRUE(preview);
-  PagedDocument& document = preview->Document();
+  ASSERT_EQ(OpenScreens<frmPreview>().size(), 1u);
+  PagedDocument& document = OpenScreens<frmPreview>().front()->Document();
   document.LayOutAll();
   std::string paper;
   for (int page = 0; page < document.PageCount(); ++page) {

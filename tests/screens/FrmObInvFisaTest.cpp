@@ -119,7 +119,7 @@ TEST_F(FrmObInvFisa, WithoutTheInventoryAccountTheConfigurationOpens) {
   EXPECT_EQ(OpenScreens<frmParamSoc>().front()->SSTab1->currentIndex(), 2);
   delete OpenScreens<frmParamSoc>().front();
   CurrentSession().userType = 2;
-  Shown(card);
+  Activate(card);
   Press(card.cmdSalvare);
   EXPECT_TRUE(OpenScreens<frmParamSoc>().empty());
   EXPECT_EQ(messages_.shown.size(), 2u);

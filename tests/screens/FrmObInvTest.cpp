@@ -14,7 +14,7 @@ class FrmObInv : public ObjectScreens {
     AddObject("2", "Scara 'mare'", "Maria", 200.4);
     AddObject("3", "Trusa veche", "Ion'escu", 300.4);
   }
-  frmObInv& Open() { return *(list_ = &Shown(windows::Open<frmObInv>())); }
+  frmObInv& Open() { return *(list_ = &Activate(windows::Open<frmObInv>())); }
   void Click(int row, Qt::KeyboardModifiers modifiers = {}) {
     QTableView* view = list_->TDBGrid1->View();
     QTest::mouseClick(view->viewport(), Qt::LeftButton, modifiers,
@@ -125,7 +125,7 @@ TEST_F(FrmObInv, TheCardOpensForTheRowSelectedLastOrForANewObject) {
   ASSERT_EQ(OpenScreens<frmObInvFisa>().size(), 1u);
   EXPECT_EQ(OpenScreens<frmObInvFisa>().front()->ID, 2);
   EXPECT_FALSE(list.bAdaugare);
-  Shown(list);
+  Activate(list);
   Press(list.cmdModificare);
   EXPECT_EQ(OpenScreens<frmObInvFisa>().size(), 1u);
   Press(list.cmdCreare);

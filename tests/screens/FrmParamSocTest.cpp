@@ -6,6 +6,7 @@
 #include "session/CompanySettings.h"
 #include "session/frmParamSoc.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
@@ -20,9 +21,7 @@ class FrmParamSoc : public ::testing::Test {
         "VALUES ('2026-01-01 00:00:00', '2026-12-31 00:00:00', '2027-01-01 00:00:00', "
         "'2027-12-31 00:00:00', '2026-01-01 00:00:00', '2026-12-31 00:00:00', '401')");
     screen_ = std::make_unique<frmParamSoc>();
-    screen_->show();
-    screen_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(screen_.get()));
+    Activate(*screen_);
   }
   Value Stored(const std::string& field, const std::string& table) {
     return company_.Open().QueryValue("SELECT " + field + " FROM " + table);

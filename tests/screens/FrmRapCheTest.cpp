@@ -15,6 +15,7 @@
 #include "reports/frmRapCHE.h"
 #include "session/Session.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
@@ -230,11 +231,8 @@ TEST_F(FrmRapChe, PrintsByWhatWasClickedLastButNeverBackByAccount) {
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_FALSE(alive) << "the screen closes behind its report";
-    frmPreview* preview = nullptr;
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-      if (auto* shown = qobject_cast<frmPreview*>(widget)) preview = shown;
-    }
-    ASSERT_TRUE(preview);
+    ASSERT_EQ(OpenScreens<frmPreview>().size(), 1u);
+    frmPreview* preview = OpenScreens<frmPreview>().front();
     auto& report = dynamic_cast<BandedReport&>(preview->Document());
     ReportLayout design = report.Design();
     EXPECT_EQ(design.name, each.design);

@@ -11,6 +11,8 @@
 #include "reports/frmRapObInv.h"
 #include "tests/SheetFile.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
+#include "tests/screens/Typing.h"
 
 namespace tevra::test {
 namespace {
@@ -41,42 +43,30 @@ class InventoryReports : public ::testing::Test {
   // The preview of the first quarter, asked for by keys: `downs` arrows from the first grouping.
   frmPreview* Preview(int downs, const char* currency) {
     auto* screen = new frmRapObInv;
-    screen->show();
-    screen->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(screen));
+    Activate(*screen);
     EXPECT_TRUE(screen->optCont->isChecked());
     EXPECT_EQ(screen->cboCodDeviza->currentText(), "LEI");
     EXPECT_FALSE(screen->cboCodDeviza->isEnabled());
     Type("01012026");
-    Press(Qt::Key_Tab);
+    Key(Qt::Key_Tab);
     Type("31032026");
-    Press(Qt::Key_Tab);
-    for (int i = 0; i < downs; ++i) Press(Qt::Key_Down);
-    Press(Qt::Key_Tab);
-    Press(Qt::Key_Space);
+    Key(Qt::Key_Tab);
+    for (int i = 0; i < downs; ++i) Key(Qt::Key_Down);
+    Key(Qt::Key_Tab);
+    Key(Qt::Key_Space);
     EXPECT_TRUE(screen->chkGenNoteContabile->isChecked());
     if (*currency) {
-      Press(Qt::Key_Tab);
-      Press(Qt::Key_Space);
-      Press(Qt::Key_Tab);
+      Key(Qt::Key_Tab);
+      Key(Qt::Key_Space);
+      Key(Qt::Key_Tab);
       Type(currency);
     }
-    Press(Qt::Key_Return);
+    Key(Qt::Key_Return);
     EXPECT_FALSE(screen->isVisible());
     delete screen;
     delete preview_;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-      if (auto* preview = dynamic_cast<frmPreview*>(window)) preview_ = preview;
-    }
+    for (frmPreview* preview : OpenScreens<frmPreview>()) preview_ = preview;
     return preview_;
-  }
-  static void Type(const char* text) {
-    QTest::keyClicks(QApplication::focusWidget(), text);
-    QCoreApplication::processEvents();
-  }
-  static void Press(Qt::Key key) {
-    QTest::keyClick(QApplication::focusWidget(), key);
-    QCoreApplication::processEvents();
   }
   static std::string PaperOf(frmPreview& preview) {
     std::string paper;

@@ -7,6 +7,7 @@
 #include "platform/print/frmPreview.h"
 #include "reports/frmRapStatistici.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
@@ -18,11 +19,7 @@ class Statistics : public ::testing::Test {
     AddAsset("Freza", DateTime(2026, 3, 31), 802, 82);
     AddAsset("Presa", DateTime(2026, 4, 1), 903, 93);
   }
-  ~Statistics() override {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-      if (dynamic_cast<frmPreview*>(window)) delete window;
-    }
-  }
+  ~Statistics() override { DeleteScreens<frmPreview>(); }
   void AddAsset(const char* name, const DateTime& bought, double lei, double foreign) {
     company_.AddAsset({{"COD", name},
                        {"DENUMIRE", name},
@@ -53,9 +50,7 @@ class Statistics : public ::testing::Test {
     EXPECT_FALSE(screen->isVisible());
     delete screen;
     std::string paper;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-      auto* preview = dynamic_cast<frmPreview*>(window);
-      if (!preview) continue;
+    for (frmPreview* preview : OpenScreens<frmPreview>()) {
       for (const PaintedText& each : TextOfPage(preview->Document(), 0)) {
         paper += each.Text().toStdString() + "\n";
       }

@@ -12,6 +12,7 @@
 #include "session/Login.h"
 #include "session/frmLogin.h"
 #include "tests/care/CareTest.h"
+#include "tests/screens/Screens.h"
 
 namespace fs = std::filesystem;
 
@@ -35,9 +36,7 @@ class RestoreScreen : public CareTest {
   }
   void Show() {
     screen_ = std::make_unique<frmRestaurare>();
-    screen_->show();
-    screen_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(screen_.get()));
+    Activate(*screen_);
   }
   void Press(QPushButton* button) {
     QTest::mouseClick(button, Qt::LeftButton);

@@ -11,6 +11,7 @@
 #include "platform/print/frmPreview.h"
 #include "platform/screens/ListScreen.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
@@ -86,17 +87,9 @@ class ListScreens : public ::testing::Test {
     }
     list_ = new frmLinii(company_.ConnectionString());
     windows::Show(*list_);
-    list_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(list_));
+    Activate(*list_);
   }
-  // A menu goes with its screen, so the screens are picked out before the first one is deleted.
-  ~ListScreens() override {
-    std::vector<Form*> screens;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-      if (auto* screen = dynamic_cast<Form*>(window)) screens.push_back(screen);
-    }
-    for (Form* screen : screens) delete screen;
-  }
+  ~ListScreens() override { DeleteScreens<Form>(); }
   std::string Notes() const {
     const QAbstractItemModel* model = list_->TDBGrid1->View()->model();
     std::string notes;
@@ -118,11 +111,6 @@ class ListScreens : public ::testing::Test {
     list_->txtCautare->SetText(text);
     list_->txtCautare->setFocus();
     QTest::keyClick(list_->txtCautare, Qt::Key_Return);
-    QCoreApplication::processEvents();
-  }
-  static void Press(QAbstractButton* button) {
-    button->setFocus();
-    QTest::keyClick(button, Qt::Key_Space);
     QCoreApplication::processEvents();
   }
 
@@ -241,18 +229,11 @@ TEST_F(ListScreens, ListsTheRowsMarkedUnderTheirTotals) {
   GoTo(1);
   QTest::keyClick(list_->TDBGrid1->View(), Qt::Key_Down, Qt::ShiftModifier);
   QTimer::singleShot(0, [] {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-      auto* setup = dynamic_cast<frmPageSetup*>(window);
-      if (setup && setup->isVisible()) setup->cmdAccept->click();
-    }
+    for (frmPageSetup* setup : OpenScreens<frmPageSetup>()) setup->cmdAccept->click();
   });
   Press(list_->cmdListare);
   EXPECT_EQ(Totals(), "0,30 100,00");
-  int previews = 0;
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    previews += dynamic_cast<frmPreview*>(window) ? 1 : 0;
-  }
-  EXPECT_EQ(previews, 1);
+  EXPECT_EQ(OpenScreens<frmPreview>().size(), 1u);
 }
 
 TEST_F(ListScreens, AStatementThatFailsIsToldUnderFormLoad) {

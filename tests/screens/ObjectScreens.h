@@ -14,18 +14,9 @@
 #include "platform/system/Settings.h"
 #include "session/Session.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
-
-template <class Screen>
-std::vector<Screen*> OpenScreens() {
-  std::vector<Screen*> screens;
-  for (QWidget* widget : QApplication::topLevelWidgets()) {
-    auto* screen = dynamic_cast<Screen*>(widget);
-    if (screen && screen->isVisible()) screens.push_back(screen);
-  }
-  return screens;
-}
 
 class ObjectScreens : public ::testing::Test {
  protected:
@@ -46,7 +37,7 @@ class ObjectScreens : public ::testing::Test {
     session.dataSn = DateTime(2026, 12, 31);
   }
   ~ObjectScreens() override {
-    for (Form* screen : OpenScreens<Form>()) delete screen;
+    DeleteScreens<Form>();
     SetSettings(nullptr);
     clock::Reset();
   }
@@ -67,24 +58,13 @@ class ObjectScreens : public ::testing::Test {
     return company_.Rows(std::string("SELECT ") + fields + " FROM Kv_Linii ORDER BY NDI, NRLINIE");
   }
 
-  template <class Screen>
-  Screen& Shown(Screen& screen) {
-    screen.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&screen));
-    return screen;
-  }
   // Its combos offer no entries while one types: offscreen nothing closes that list.
   frmObInvFisa& OpenCard(int id = 0) {
     frmObInvFisa& card = OpenObjectCard({id == 0, id == 0 ? std::string() : std::to_string(id)});
     for (auto* combo : card.findChildren<DataCombo*>()) combo->setCompleter(nullptr);
-    return Shown(card);
+    return Activate(card);
   }
 
-  static void Press(QAbstractButton* button) {
-    button->setFocus();
-    QTest::keyClick(button, Qt::Key_Space);
-    QCoreApplication::processEvents();
-  }
   static void Key(Qt::Key key) {
     QTest::keyClick(QApplication::focusWidget(), key);
     QCoreApplication::processEvents();

@@ -1,25 +1,14 @@
 // Asset cards filled by a user who types and clicks at random and never waits, against the rules
 // applied to the same steps one by one.
-#include <QtTest>
 #include <map>
 #include <random>
 #include <set>
 
-#include <gtest/gtest.h>
-
-#include "platform/data/Recordset.h"
-#include "platform/system/Clock.h"
 #include "platform/text/Numbers.h"
-#include "register/frmFisaImo.h"
-#include "session/Module1.h"
-#include "session/Session.h"
-#include "tests/TestCompany.h"
+#include "tests/screens/CardTest.h"
 
 namespace tevra::test {
 namespace {
-
-using enum number::Place;
-using enum date::Place;
 
 const DateTime kToday(2026, 11, 23);
 const Coefficients kCoefficients{1.5, 2.0, 2.5};
@@ -284,30 +273,14 @@ class RuledCard {
   bool moved_ = false;     // the rules put the focus elsewhere
 };
 
-class RandomCards : public ::testing::Test {
+class RandomCards : public CardTest {
  protected:
-  RandomCards() {
-    clock::Set(kToday);
-    Connection file = company_.Open();
-    file.Execute("DELETE * FROM kv_Ter");
-    file.Execute("INSERT INTO kv_Ter (COD, NUME, TIP) VALUES (7, 'FURNIZOR', 'F')");
-    file.Execute(
-        "UPDATE I_CLASIFICARE SET DURNOR_NOU = 8, DURNOR = 6 WHERE COD_GR_NOU = '1.1.1.1'");
-    file.Execute("UPDATE I_COEFAD SET coef1 = 1.5, coef2 = 2, coef3 = 2.5");
-    CurrentSession().contFurnizori = "404";
-    CurrentSession().codDeviza = "EUR";
-  }
-  ~RandomCards() override { clock::Reset(); }
-
   int Any(int below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
 
   void OpenCard(bool existing) {
     const std::string id = existing ? std::to_string(company_.AddAsset(StoredAsset())) : "";
-    card_ = std::make_unique<frmFisaImo>(AssetToOpen{!existing, id});
+    card_ = Open({!existing, id});
     nrCrt_ = existing ? std::stoi(id) : 0;
-    card_->show();
-    card_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(card_.get()));
     if (!existing) FillCombos();
     card_->txtText[0]->setFocus();
     QCoreApplication::processEvents();
@@ -345,10 +318,7 @@ class RandomCards : public ::testing::Test {
                                                          {card_->cboCont, "2131"},
                                                          {card_->cboFurnizori, "7"},
                                                          {card_->cboTVA, "5"}};
-    for (const auto& [combo, bound] : kPicks) {
-      combo->SetBoundText(bound);
-      emit combo->Picked();
-    }
+    for (const auto& [combo, bound] : kPicks) Pick(combo, bound);
   }
   // What stands on the card at its opening is where the rules begin.
   void TakeOver(bool existing) {
@@ -556,8 +526,6 @@ class RandomCards : public ::testing::Test {
     ++saved_;
   }
 
-  TestCompany company_;
-  MessageRecorder messages_;
   std::unique_ptr<frmFisaImo> card_;
   RuledCard rules_;
   std::mt19937 random_;

@@ -8,6 +8,7 @@
 #include "platform/system/Clock.h"
 #include "reports/ReportScreen.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
@@ -52,25 +53,9 @@ class ReportScreens : public ::testing::Test {
                        {"CONT", "2131"},
                        {"VAL_CUMP", 900.0},
                        {"DATA_ACH", DateTime(2026, 4, 1)}});
-    screen_.show();
-    screen_.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&screen_));
+    Activate(screen_);
   }
-  ~ReportScreens() override {
-    for (frmPreview* preview : Previews()) delete preview;
-  }
-  static std::vector<frmPreview*> Previews() {
-    std::vector<frmPreview*> previews;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-      if (auto* preview = dynamic_cast<frmPreview*>(window)) previews.push_back(preview);
-    }
-    return previews;
-  }
-  static void Press(QAbstractButton* button) {
-    button->setFocus();
-    QTest::keyClick(button, Qt::Key_Space);
-    QCoreApplication::processEvents();
-  }
+  ~ReportScreens() override { DeleteScreens<frmPreview>(); }
 
   TestCompany company_;
   MessageRecorder messages_;
@@ -87,9 +72,9 @@ TEST_F(ReportScreens, ShowsThePreviewOfThePeriodInItsPlace) {
   Press(screen_.cmdCMOK);
   EXPECT_TRUE(messages_.shown.empty());
   EXPECT_FALSE(screen_.isVisible());
-  ASSERT_EQ(Previews().size(), 1u);
+  ASSERT_EQ(OpenScreens<frmPreview>().size(), 1u);
   std::string paper;
-  for (const PaintedText& each : TextOfPage(Previews().front()->Document(), 0)) {
+  for (const PaintedText& each : TextOfPage(OpenScreens<frmPreview>().front()->Document(), 0)) {
     paper += each.Text().toStdString() + "\n";
   }
   EXPECT_NE(paper.find("Strung"), std::string::npos);
@@ -121,7 +106,7 @@ TEST_F(ReportScreens, AReportThatFailsLeavesTheScreen) {
   EXPECT_NE(messages_.shown[0].prompt.find(" in procedura cmdCMOK_Click din Form frmAchizitii"),
             std::string::npos);
   EXPECT_TRUE(screen_.isVisible());
-  EXPECT_TRUE(Previews().empty());
+  EXPECT_TRUE(OpenScreens<frmPreview>().empty());
 }
 
 }  // namespace

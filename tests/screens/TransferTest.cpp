@@ -15,19 +15,10 @@
 #include "session/Session.h"
 #include "session/frmParamSoc.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 
 namespace tevra::test {
 namespace {
-
-template <class Screen>
-std::vector<Screen*> Shown() {
-  std::vector<Screen*> screens;
-  for (QWidget* widget : QApplication::allWidgets()) {
-    auto* screen = dynamic_cast<Screen*>(widget);
-    if (screen && screen->isVisible()) screens.push_back(screen);
-  }
-  return screens;
-}
 
 class TransferScreens : public ::testing::Test {
  protected:
@@ -38,12 +29,10 @@ class TransferScreens : public ::testing::Test {
     company_.Open().Execute("UPDATE I_VALIM SET VALIM = 2500");
     Add("A1", "2131", 2500, 1000);
     Add("A2", "2131", 9999, 5000);
-    list_ = &windows::Open<frmImo>();
-    list_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(list_));
+    list_ = &Activate(windows::Open<frmImo>());
   }
   ~TransferScreens() override {
-    for (Form* screen : Shown<Form>()) delete screen;
+    DeleteScreens<Form>();
     clock::Reset();
   }
   void Add(const char* code, const char* account, double value, double remaining) const {
@@ -57,13 +46,11 @@ class TransferScreens : public ::testing::Test {
   // Presses the button; `choose` works in the modal screen of the month.
   void Press(const std::function<void(frmSelLuna&)>& choose) {
     QTimer::singleShot(0, [&] {
-      const auto screens = Shown<frmSelLuna>();
+      const auto screens = OpenScreens<frmSelLuna>();
       ASSERT_EQ(screens.size(), 1U);
       choose(*screens.front());
     });
-    list_->cmdInv->setFocus();
-    QTest::keyClick(list_->cmdInv, Qt::Key_Space);
-    QCoreApplication::processEvents();
+    test::Press(list_->cmdInv);
   }
   void PressForMarch() {
     Press([](frmSelLuna& screen) {
@@ -134,12 +121,10 @@ TEST_F(TransferScreens, WithoutAnAccountTheConfigurationOpens) {
   CurrentSession().contObiecteInventar.clear();
   for (const int userType : {2, 0}) {
     CurrentSession().userType = userType;
-    list_->cmdInv->setFocus();
-    QTest::keyClick(list_->cmdInv, Qt::Key_Space);
-    QCoreApplication::processEvents();
+    test::Press(list_->cmdInv);
     EXPECT_EQ(Last().prompt, "Va rog configurati contul de obiecte de inventar");
     EXPECT_EQ(Last().buttons, kInformation);
-    EXPECT_EQ(Shown<frmParamSoc>().size(), userType == 0 ? 1U : 0U);
+    EXPECT_EQ(OpenScreens<frmParamSoc>().size(), userType == 0 ? 1U : 0U);
   }
 }
 

@@ -198,12 +198,6 @@ TEST_F(TemplateCatalogue, SavedQueriesGiveARowForEachLineThatUsesTheValue) {
   }
 }
 
-TEST_F(TemplateCatalogue, NumbersOfAssetsAndObjectsComeFromTheTable) {
-  for (const std::string table : {"I_IMO", "I_INV"}) {
-    EXPECT_TRUE(catalogue_.Table(table).Find("NRCRT")->autoNumber) << table;
-  }
-}
-
 TEST_F(TemplateCatalogue, ANewRowHasZerosForNumbersAndNullForTextsCodesAndDates) {
   const std::vector<std::string> codes = {"COD_FURNIZOR", "COD_TVA_CUMP", "COD_TVA_VANZ",
                                           "ID_Client", "COD_CLIENT"};
@@ -238,14 +232,6 @@ TEST_F(TemplateCatalogue, KeysAreUniqueWithoutCase) {
   // Two rates of one day are no mistake of the file's, nor are two objects of one inventory number.
   EXPECT_NO_THROW(connection_.Execute("INSERT INTO kv_val2 SELECT * FROM kv_val2"));
   EXPECT_NO_THROW(connection_.Execute("INSERT INTO I_IMO (COD) VALUES ('1'), ('1')"));
-}
-
-TEST_F(TemplateCatalogue, ThePasswordIsAsked) {
-  const std::string source = "Data Source=" + company_.File().string() + ";Mode=Share Deny None";
-  for (const std::string password : {"", ";Database Password=ZRP3618"}) {
-    EXPECT_EQ(FailureOf([&] { Connection(source + password); }), kDatabaseNotOpened) << password;
-  }
-  EXPECT_NO_THROW(Connection(source + ";Jet OLEDB:Database Password=QXT2746"));
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "platform/system/Settings.h"
 #include "platform/where/WhereBuilder.h"
 #include "tests/TestCompany.h"
+#include "tests/screens/Screens.h"
 #include "tests/screens/Typing.h"
 
 namespace tevra::test {
@@ -43,9 +44,7 @@ class WhereBuilderTest : public ::testing::Test {
     file.Execute("INSERT INTO kv_Ter (COD, NUME) VALUES (8, 'ALFA SRL')");
     screen_ = std::make_unique<frmConditii>(company_);
     builder_ = screen_->builder;
-    screen_->show();
-    screen_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(screen_.get()));
+    Activate(*screen_);
     builder_->FirstBox()->setFocus();
     QObject::connect(builder_, &WhereBuilder::SearchWanted, [this] { ++searches_; });
   }
