@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <benchmark/benchmark.h>
@@ -34,6 +35,18 @@ class BestTimes : public benchmark::ConsoleReporter {
   std::map<std::string, double> times_;
 };
 
+/// True when the command line has `--short`: a bench then measures its ratios alone, over fewer
+/// rows, in about a second. `tools/bench-gate` runs them so.
+inline bool IsShort(int argc, char** argv) {
+  return std::any_of(argv, argv + argc,
+                     [](const char* argument) { return std::string_view(argument) == "--short"; });
+}
+
+/// The rows over which a bench runs.
+inline int RowsOf(bool isShort) {
+  return isShort ? 8'000 : 32'767;
+}
+
 /// Registers a benchmark of `function` over `subject`, in milliseconds, three runs a repetition.
 template <typename Function, typename Subject>
 void Add(const char* name, Function function, Subject* subject) {
@@ -42,12 +55,14 @@ void Add(const char* name, Function function, Subject* subject) {
       ->Iterations(3);
 }
 
-/// Runs what is registered, eleven times in turns unless the command line says otherwise.
+/// Runs what is registered in turns: eleven times, or five when the run is short, unless the
+/// command line says otherwise.
 inline void RunInTurns(int argc, char** argv, BestTimes& times) {
   std::vector<char*> arguments(argv, argv + argc);
-  char repetitions[] = "--benchmark_repetitions=11";
+  std::string repetitions = "--benchmark_repetitions=";
+  repetitions += IsShort(argc, argv) ? "5" : "11";
   char interleaving[] = "--benchmark_enable_random_interleaving=true";
-  arguments.insert(arguments.begin() + 1, {repetitions, interleaving});
+  arguments.insert(arguments.begin() + 1, {repetitions.data(), interleaving});
   int count = static_cast<int>(arguments.size());
   benchmark::Initialize(&count, arguments.data());
   benchmark::RunSpecifiedBenchmarks(&times);

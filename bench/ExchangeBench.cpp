@@ -1,8 +1,9 @@
 // The lines of a branch exported and imported, against bare calls around the same lines.
 //
-//   bench-exchange [--benchmark_repetitions=N]
+//   bench-exchange [--short] [--benchmark_repetitions=N]
 //
-// Prints, behind the times, each to its floor, and the memory that a million lines take.
+// Prints, behind the times, each to its floor and, unless the run is short, the memory that a
+// million lines take.
 #include <cstdio>
 #include <stdexcept>
 #include <string>
@@ -107,33 +108,33 @@ void Add(const char* name, const Pair& pair, void (Pair::*work)() const) {
       ->Iterations(1);
 }
 
+void PrintMemory() {
+  constexpr double kKibInMib = 1024;
+  const Pair million(1'000'000);
+  const long exported = PeakOf([&] { million.Export(); });
+  const long imported = PeakOf([&] { million.Import(); });
+  std::printf("export, MiB for 1000000 lines:  %.1f (at most 64.00)\n",
+              static_cast<double>(exported) / kKibInMib);
+  std::printf("import, MiB for 1000000 lines:  %.1f (at most 64.00)\n",
+              static_cast<double>(imported) / kKibInMib);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  constexpr int kMillion = 1'000'000;
-  constexpr int kTimed = 200'000;
-  constexpr double kKibInMib = 1024;
-  long exportPeak = 0;
-  long importPeak = 0;
-  {
-    const Pair million(kMillion);
-    exportPeak = PeakOf([&] { million.Export(); });
-    importPeak = PeakOf([&] { million.Import(); });
-  }
-  const Pair pair(kTimed);
+  const bool isShort = IsShort(argc, argv);
+  if (!isShort) PrintMemory();
+  const int lines = isShort ? 2 * RowsOf(true) : 200'000;
+  const Pair pair(lines);
   Add("export", pair, &Pair::Export);
   Add("export_floor", pair, &Pair::ExportBare);
   Add("import", pair, &Pair::Import);
   Add("import_floor", pair, &Pair::ImportBare);
   BestTimes times;
   RunInTurns(argc, argv, times);
-  std::printf("\nexport to floor, 200000 lines:  %.2f (at most 1.50)\n",
+  std::printf("\nexport to floor, %d lines:  %.2f (at most 1.50)\n", lines,
               times.Of("export") / times.Of("export_floor"));
-  std::printf("import to floor, 200000 lines:  %.2f (at most 2.00)\n",
+  std::printf("import to floor, %d lines:  %.2f (at most 2.00)\n", lines,
               times.Of("import") / times.Of("import_floor"));
-  std::printf("export, MiB for 1000000 lines:  %.1f (at most 64.00)\n",
-              static_cast<double>(exportPeak) / kKibInMib);
-  std::printf("import, MiB for 1000000 lines:  %.1f (at most 64.00)\n",
-              static_cast<double>(importPeak) / kKibInMib);
   return 0;
 }

@@ -1,10 +1,10 @@
 // A month posted over a full register, against the floor: the same rows read, the same lines
 // deleted and written, by bare engine calls.
 //
-//   bench-notes [--benchmark_repetitions=N]
+//   bench-notes [--short] [--benchmark_repetitions=N]
 //
-// Prints, behind the times, posting to floor and what memory it takes more than a register of a
-// sixteenth.
+// Prints, behind the times, posting to floor and, unless the run is short, what memory it takes
+// more than a register of a sixteenth.
 #include <cstdio>
 #include <string>
 
@@ -51,17 +51,24 @@ long PeakOfPosting(const GeneratedCompany& company) {
   return PeakOf([&] { PostCharges(connection, kMonth); });
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  constexpr int kFull = 32767;
-  const GeneratedCompany small(kFull / 16);
-  const GeneratedCompany company(kFull);
-  const GeneratedCompany copy(kFull);
-  for (const GeneratedCompany* each : {&small, &company, &copy}) Prepare(*each);
+void PrintGrowth(const GeneratedCompany& company) {
+  constexpr int kSmall = 2047;
+  const GeneratedCompany small(kSmall);
+  Prepare(small);
   PeakOfPosting(company);
   const long before = PeakOfPosting(small);
   const long growth = PeakOfPosting(company) - before;
+  std::printf("memory, 32767 against 2047:      %ld KiB more\n", growth);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const bool isShort = IsShort(argc, argv);
+  const int rows = RowsOf(isShort);
+  const GeneratedCompany company(rows);
+  const GeneratedCompany copy(rows);
+  for (const GeneratedCompany* each : {&company, &copy}) Prepare(*each);
   const auto add = [](const char* name, auto function, const GeneratedCompany& over) {
     benchmark::RegisterBenchmark(name, function, &over)
         ->Unit(benchmark::kMillisecond)
@@ -71,8 +78,8 @@ int main(int argc, char** argv) {
   add("floor", Floor, copy);
   BestTimes times;
   RunInTurns(argc, argv, times);
-  std::printf("\nposting to floor, 32767 assets:  %.2f (at most 1.35)\n",
+  std::printf("\nposting to floor, %d assets:  %.2f (at most 1.35)\n", rows,
               times.Of("posting") / times.Of("floor"));
-  std::printf("memory, 32767 against 2047:      %ld KiB more\n", growth);
+  if (!isShort) PrintGrowth(company);
   return 0;
 }

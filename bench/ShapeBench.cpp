@@ -1,7 +1,7 @@
 // The charges by account of 32,767 assets opened as a report opens them, against the bare statement
 // of their rows ordered by account; and all their rows looked at page by page.
 //
-//   bench-shape [--benchmark_repetitions=N]
+//   bench-shape [--short] [--benchmark_repetitions=N]
 //
 // Prints, behind the times, opening to bare statement (at most 1.5) and what reading adds to it.
 #include <cstdio>
@@ -21,7 +21,6 @@ namespace {
 using namespace tevra;
 using namespace tevra::bench;
 
-constexpr int kAssets = 32767;
 const char* const kCommand = "CH_Cont_Grouping";
 
 // What the command's words say, without the dialect.
@@ -61,7 +60,8 @@ void Bare(benchmark::State& state, sqlite3* db) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const GeneratedCompany company(kAssets);
+  const int rows = RowsOf(IsShort(argc, argv));
+  const GeneratedCompany company(rows);
   Connection connection(company.ConnectionString());
   sqlite3* bare = OpenBare(company.File());
   Add("open", Open, &connection);
@@ -71,7 +71,7 @@ int main(int argc, char** argv) {
   RunInTurns(argc, argv, times);
   sqlite3_close(bare);
 
-  std::printf("\nopening to bare statement:  %.2f (at most 1.5)\n",
+  std::printf("\nopening %d assets to bare statement:  %.2f (at most 1.5)\n", rows,
               times.Of("open") / times.Of("bare"));
   std::printf("all rows page by page:      %.2f of it\n", times.Of("read") / times.Of("bare"));
   return 0;
