@@ -1,13 +1,9 @@
 #include "care/Upgrade.h"
 
-#include "care/BackupName.h"
 #include "care/clsCompareBD.h"
 #include "platform/data/CompanyFile.h"
-#include "platform/system/Clock.h"
 #include "platform/system/MessageBox.h"
-#include "platform/text/Dates.h"
 #include "session/ApplicationFiles.h"
-#include "session/DatabaseFiles.h"
 #include "session/Login.h"
 #include "session/Module1.h"
 
@@ -21,14 +17,6 @@ Connection Open(const fs::path& file, const char* mode) {
   return Connection("Data Source=" + file.string() + ";Mode=" + mode + ";PWD=" + kFilePassword);
 }
 
-fs::path BackUpBefore(const CompanyFile& company) {
-  const std::string name = "Actualizare_" + BareDatabase(company.database) + "_" +
-                           Format(clock::Now(), "dd.mm.yyyy_hh.nn.ss") + ".mdb";
-  const fs::path copy = MakeBackupFolder() / name;
-  OverwriteWithCopy(company.file, copy);
-  return copy;
-}
-
 }  // namespace
 
 UpgradeResult UpgradeStructure(const CompanyFile& company, bool dryRun, const Progress& progress) {
@@ -36,7 +24,7 @@ UpgradeResult UpgradeStructure(const CompanyFile& company, bool dryRun, const Pr
   const fs::path source = TemplateFor(company.file.parent_path());
   if (!dryRun) {
     RequireSoleUse(company.file);
-    result.backup = BackUpBefore(company);
+    result.backup = BackUpBefore(company, kBeforeUpgrade);
   }
   Connection target = Open(company.file, dryRun ? "ReadWrite" : "Share Exclusive");
   Transaction transaction(target);

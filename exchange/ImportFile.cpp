@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "exchange/Merge.h"
+#include "platform/system/Progress.h"
 
 namespace tevra {
 
@@ -52,13 +53,15 @@ void SetBeforeImport(std::function<void()> prepare) {
 }
 
 Imported ImportFile(Connection& company, const ImportRequest& request) {
-  if (!request.dryRun && BeforeImport()) BeforeImport()();
+  Imported stopped;
+  stopped.result = Imported::Result::kStopped;
   try {
+    if (!request.dryRun && BeforeImport()) BeforeImport()();
     return Work(company, request);
   } catch (const LoadStopped&) {
-    Imported imported;
-    imported.result = Imported::Result::kStopped;
-    return imported;
+    return stopped;
+  } catch (const GivenUp&) {
+    return stopped;
   }
 }
 

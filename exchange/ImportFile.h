@@ -60,7 +60,7 @@ struct Imported {
 };
 
 /// Sets what is done before an import begins to write: a backup. A failure thrown there ends the
-/// import before it changed anything. Nothing is done for a dry run.
+/// import before it changed anything, and GivenUp stops it. Nothing is done for a dry run.
 void SetBeforeImport(std::function<void()> prepare);
 
 /// Loads the file into the work tables and merges them, all in one transaction that rolls back

@@ -55,7 +55,7 @@ const std::vector<MenuTop>& MenuTable() {
       {"Prelucrari",
        "&Prelucrari",
        {{"Recalcul", "&Asociere coduri de clasificare noi (HG 2139/2004)", kScreen},
-        {"Preluare", "&Preluare Lim Inf in Durata normala Noua (HG 2139/2004)", kFrame},
+        {"Preluare", "&Preluare Lim Inf in Durata normala Noua (HG 2139/2004)", kScreen},
         Separator("Prelucrari_M"),
         {"Recalcul_2005", "&Recalcul durata ramasa (HG 2139/2004) ", kScreen},
         Separator("Prelucrari_M1"),

@@ -20,7 +20,6 @@
 #include "platform/system/Settings.h"
 #include "platform/text/Strings.h"
 #include "session/ApplicationFiles.h"
-#include "session/Classification.h"
 #include "session/Module1.h"
 #include "session/Session.h"
 #include "session/Version.h"
@@ -148,18 +147,11 @@ void frmMain::ShowFailure(const MenuItem& item) {
 
 void frmMain::RunFrameItem(const std::string& name) {
   if (name == "mnuFileExit") close();
-  if (name == "Preluare") Preluare_Click();
   if (name == "mnuWindowCascade") Cascade();
   if (name == "mnuWindowTileHorizontal") Tile(false);
   if (name == "mnuWindowTileVertical") Tile(true);
   if (name == "mnuHelpContents") mnuHelpContents_Click();
   if (name == "mnuHelpAbout") frmAbout(this).ShowModal();
-}
-
-void frmMain::Preluare_Click() {
-  const std::int64_t changed = TakeLowerLimits(CurrentSession().connectionString);
-  MsgBoxEx("Au fost modificate Duratele normale de functionare pentru " + std::to_string(changed) +
-           " imobilizari ");
 }
 
 void frmMain::mnuHelpContents_Click() {

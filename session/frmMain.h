@@ -64,7 +64,6 @@ class frmMain : public QMainWindow {
   void Choose(const MenuItem& item);
   void RunFrameItem(const std::string& name);
   void ShowFailure(const MenuItem& item);
-  void Preluare_Click();
   std::vector<QMdiSubWindow*> ChildrenToArrange() const;
   std::vector<windows::WindowSize> SizesOf(const std::vector<QMdiSubWindow*>& children) const;
   QPoint PlaceBehind(const QMdiSubWindow* front, const QSize& size) const;

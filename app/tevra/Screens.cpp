@@ -1,8 +1,10 @@
 #include "app/tevra/Screens.h"
 
 #include "accounting/frmLinii.h"
+#include "care/Backup.h"
 #include "care/CareMenu.h"
 #include "care/frmRestaurare.h"
+#include "exchange/ImportFile.h"
 #include "exchange/frmExport.h"
 #include "exchange/frmImport.h"
 #include "inventory/frmObInv.h"
@@ -41,6 +43,11 @@ void HandInScreens(frmMain& frame) {
   frame.SetOpener("Rapoarte_Cheltuieli", [] { windows::Open<frmRapCHE>(); });
   frame.SetOpener("Rapoarte_Statistici", [] { windows::Open<frmRapStatistici>(); });
   frame.SetOpener("Rapoarte_inv", [] { windows::Open<frmRapObInv>(); });
+  frame.SetOpener("Recalcul", Recalcul_Click);
+  frame.SetOpener("Preluare", Preluare_Click);
+  frame.SetOpener("Recalcul_2005", Recalcul_2005_Click);
+  frame.SetOpener("mnuDenominare", mnuDenominare_Click);
+  SetBeforeImport([] { BackUpWithProgress(kBeforeImport); });
   frame.SetOpener("mnuImport", [] { windows::OpenNew<frmImport>(); });
   frame.SetOpener("mnuEExport", [] { windows::OpenNew<frmExport>(); });
   frame.SetOpener("mnuCompactare", mnuCompactare_Click);

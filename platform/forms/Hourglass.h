@@ -5,11 +5,11 @@
 
 namespace tevra {
 
-/// Shows the hourglass while it lives.
+/// Shows the hourglass while it lives, or the arrow with it (Qt::BusyCursor).
 class Hourglass {
  public:
-  explicit Hourglass(bool shown = true) : shown_(shown) {
-    if (shown_) QApplication::setOverrideCursor(Qt::WaitCursor);
+  explicit Hourglass(bool shown = true, Qt::CursorShape shape = Qt::WaitCursor) : shown_(shown) {
+    if (shown_) QApplication::setOverrideCursor(shape);
   }
   ~Hourglass() {
     if (shown_) QApplication::restoreOverrideCursor();

@@ -167,23 +167,6 @@ TEST_F(FrmMain, ItemsOpenWhatTheyWereGivenAndTellTheirFailures) {
   EXPECT_FALSE(QApplication::overrideCursor());
 }
 
-TEST_F(FrmMain, PreluareWritesTheLowerLimits) {
-  Connection file = company_.Open();
-  const Value wanted =
-      file.QueryValue("SELECT COUNT(*) FROM I_CLASIFICARE WHERE LIM_INF IS NOT NULL");
-  ASSERT_GT(wanted.AsLong(), 0);
-  file.Execute("UPDATE I_CLASIFICARE SET DURNOR_NOU = 99");
-  frmMain frame;
-  frame.Item("Preluare")->trigger();
-  ASSERT_EQ(messages_.shown.size(), 1u);
-  EXPECT_EQ(messages_.shown[0].prompt,
-            "Au fost modificate Duratele normale de functionare pentru " + wanted.AsText() +
-                " imobilizari ");
-  EXPECT_EQ(messages_.shown[0].buttons, 0);
-  EXPECT_EQ(file.QueryValue("SELECT COUNT(*) FROM I_CLASIFICARE WHERE DURNOR_NOU = LIM_INF"),
-            wanted);
-}
-
 TEST_F(FrmMain, OpensMaximisedUnlessItsPlaceWasKept) {
   const auto kept = [] {
     std::string text;
