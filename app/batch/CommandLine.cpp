@@ -32,6 +32,7 @@ class Parser {
     AddRatesCommands(commands_);
     AddExchangeCommands(commands_);
     AddCareCommands(commands_);
+    AddConversionCommands(commands_);
     AddReportCommands(commands_);
   }
 

@@ -38,4 +38,14 @@ std::string ErrorText(const Failure& failure, const std::string& where = {});
 /// description names the company's file, with that file.
 std::string ReasonText(const Failure& failure);
 
+/// The result of `call`. A Failure becomes a Refusal with its ReasonText.
+template <typename Call>
+auto WithReason(Call call) {
+  try {
+    return call();
+  } catch (const Failure& failure) {
+    throw Refusal(ReasonText(failure), failure);
+  }
+}
+
 }  // namespace tevra::batch

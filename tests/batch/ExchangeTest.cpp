@@ -2,6 +2,7 @@
 #include "app/batch/Batch.h"
 #include "exchange/PendingExport.h"
 #include "platform/system/Clock.h"
+#include "session/Module1.h"
 #include "tests/batch/BatchTest.h"
 
 namespace tevra::batch::test {
@@ -63,7 +64,14 @@ TEST_F(ExchangeTest, ImportsTheFileOfABranch) {
   EXPECT_EQ(dry.out, printed + "Nu s-a scris nimic (--dry-run).\n") << dry.err;
   EXPECT_EQ(company_.Rows("SELECT NDI FROM Kv_Linii"), "1 \n");
   const Result result = RunAsAdmin({"import", file});
-  EXPECT_EQ(result.out, printed + "Import cu succes\n") << result.err;
+  const std::string backup =
+      (Directory() / "Salv_Tevra" / "Import_Kelnar01_31.12.2006_14.05.09.mdb").string();
+  EXPECT_EQ(result.out, printed + "Salvarea dinainte: " + backup + "\nImport cu succes\n")
+      << result.err;
+  EXPECT_EQ(Connection("Data Source=" + backup + ";Mode=Read;PWD=" + kFilePassword)
+                .QueryValue("SELECT COUNT(*) FROM Kv_Linii")
+                .AsLong(),
+            1);
   EXPECT_EQ(company_.Rows("SELECT NDI, CodIE FROM Kv_Linii"), "1 E \n2 I \n");
 
   ExpectRefused({"import", File("taiat.xml", text.substr(0, 900))},
@@ -71,6 +79,10 @@ TEST_F(ExchangeTest, ImportsTheFileOfABranch) {
   ExpectRefused({"import", "nu-exista.xml"}, "Fisierul XML nu poate fi incarcat\nFile not found");
   text.replace(text.find("DEBIT='10'"), 10, "DEBIT='1,0'");
   ExpectRefused({"import", File("virgula.xml", text)}, "Eroare 13 - virgula.xml, linia ");
+  std::filesystem::remove_all(Directory() / "Salv_Tevra");
+  File("Salv_Tevra", "in calea directorului");
+  ExpectRefused({"import", file}, "Eroare 70 - Salvarea dinaintea lucrarii nu a reusit");
+  std::filesystem::remove(Directory() / "Salv_Tevra");
   company_.Open().Execute("ALTER TABLE tmp_Ter ADD COLUMN X TEXT(5)");
   ExpectRefused({"import", file},
                 "Versiunile dintre bazele de date de Export si Import sunt diferite, nu am putut "

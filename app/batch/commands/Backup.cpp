@@ -1,16 +1,15 @@
 #include "care/Backup.h"
 
-#include <algorithm>
 #include <filesystem>
 
 #include "app/batch/Refusal.h"
+#include "app/batch/Rights.h"
 #include "app/batch/commands/Commands.h"
 #include "care/Maintenance.h"
 #include "care/Restore.h"
 #include "care/Upgrade.h"
 #include "platform/system/MessageBox.h"
 #include "platform/system/Paths.h"
-#include "session/MenuTable.h"
 #include "session/Module1.h"
 #include "session/Session.h"
 
@@ -19,16 +18,6 @@ namespace fs = std::filesystem;
 namespace tevra::batch {
 
 namespace {
-
-// The failures of the files name them.
-template <typename Call>
-auto WithReason(Call call) {
-  try {
-    return call();
-  } catch (const Failure& failure) {
-    throw Refusal(ErrorText(failure), failure);
-  }
-}
 
 fs::path FolderOf(const BackupOptions& options) {
   if (options.folder.empty()) return MakeBackupFolder();
@@ -59,10 +48,7 @@ void AskAboutAnotherCompany(const CompanyContent& backup, const fs::path& curren
 }  // namespace
 
 void RequireMaintenance() {
-  const Session& session = CurrentSession();
-  const auto forbidden = ForbiddenItems(session.userType);
-  if (std::find(forbidden.begin(), forbidden.end(), "mnuIntretinere") == forbidden.end()) return;
-  throw Refusal("Utilizatorul " + session.userName + " nu are dreptul sa intretina baza de date !");
+  RequireMenuItem("mnuIntretinere", "intretina baza de date");
 }
 
 void BackUpCompany(const BackupOptions& options, std::ostream& out) {

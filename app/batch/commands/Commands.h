@@ -97,9 +97,9 @@ void PrintRate(Connection& company, const std::string& currency, const DateTime&
 void ExportPeriod(Connection& company, const DateTime& from, const DateTime& to, bool again,
                   std::ostream& out);
 
-/// Takes in the file of a branch and prints what it changed. `dryRun`: what it would change.
-/// Throws Refusal, with the file and the place, for a file that cannot be taken in; nothing has
-/// changed then.
+/// Takes in the file of a branch after a backup and prints what it changed. `dryRun`: what it would
+/// change. Throws Refusal, with the file and the place, for a file that cannot be taken in; nothing
+/// has changed then.
 void ImportBranch(Connection& company, const std::string& file, bool dryRun, std::ostream& out);
 
 /// Ends the month in the companies of the line, one after another, and prints what was done in
@@ -121,6 +121,18 @@ void CompactCompany(std::ostream& out);
 /// what was changed and what could not be. `dryRun`: prints it and changes nothing. Throws Refusal
 /// with the reason.
 void UpgradeCompany(bool dryRun, std::ostream& out);
+
+/// Asks and converts the open company to new lei, after a backup, and prints both. Throws Refusal
+/// when it was converted before, and with the reason of a failure.
+void RedenominateCompany(Connection& company, std::ostream& out);
+
+/// The works on the classification of 2005, in their order.
+enum class Reclassification { kCodes, kDurations, kRestart };
+
+/// Does one of them on the open company after a backup, and prints both. Throws Refusal with the
+/// asset that stopped the restart and the number of those before it, which stay restarted, and with
+/// the reason of a failure.
+void ReclassifyCompany(Connection& company, Reclassification work, std::ostream& out);
 
 /// The path of the backup to restore. Throws Refusal when there is no such file.
 std::filesystem::path BackupToRestore(const std::string& written);

@@ -9,20 +9,10 @@ namespace tevra::batch {
 
 namespace {
 
-// A failure of a backup or of a row names its file or its asset.
-template <typename Call>
-auto WithReason(Call call) {
-  try {
-    return call();
-  } catch (const Failure& failure) {
-    throw Refusal(ReasonText(failure), failure);
-  }
-}
-
 BeforeWriting BackingUp(std::ostream& out) {
   return [&out] {
-    out << "Salvarea dinainte: " << BackUpBefore(SessionCompany(), kBeforeReclassification).string()
-        << '\n';
+    const auto copy = BackUpBefore(SessionCompany(), kBeforeReclassification);
+    out << "Salvarea dinainte: " << copy.string() << '\n';
   };
 }
 
@@ -44,14 +34,14 @@ void RedenominateCompany(Connection& company, std::ostream& out) {
   if (!AgreedToRedenominate()) throw Refusal("Nu s-a efectuat nimic !");
   const CompanyFile files = SessionCompany();
   WithReason([&] {
-    out << "Salvare cu succes a bazei de date " << files.database << ": "
-        << BackUp(files, MakeBackupFolder()).string() << '\n';
+    const auto copy = BackUp(files, MakeBackupFolder());
+    out << "Salvare cu succes a bazei de date " << files.database << ": " << copy.string() << '\n';
     if (!Redenominate(company)) throw Refusal(kRedenominatedBefore);
   });
   out << kRedenominated << '\n';
 }
 
-void Reclassify(Connection& company, Reclassification work, std::ostream& out) {
+void ReclassifyCompany(Connection& company, Reclassification work, std::ostream& out) {
   RequireMenuItem(work == Reclassification::kCodes       ? "Recalcul"
                   : work == Reclassification::kDurations ? "Preluare"
                                                          : "Recalcul_2005",

@@ -1,6 +1,7 @@
 #include "app/batch/Refusal.h"
 #include "app/batch/Table.h"
 #include "app/batch/commands/Commands.h"
+#include "care/Backup.h"
 #include "exchange/ChangesText.h"
 #include "exchange/ExchangeHeader.h"
 #include "exchange/ExportFile.h"
@@ -51,6 +52,22 @@ ExchangeHeader ReadHeader(const std::string& file) {
   return header;
 }
 
+// Backs the company up before an import while it exists.
+class BackupBeforeImport {
+ public:
+  BackupBeforeImport() {
+    SetBeforeImport([this] { file_ = BackUpBefore(SessionCompany(), kBeforeImport); });
+  }
+  ~BackupBeforeImport() { SetBeforeImport({}); }
+  BackupBeforeImport(const BackupBeforeImport&) = delete;
+  BackupBeforeImport& operator=(const BackupBeforeImport&) = delete;
+
+  const std::filesystem::path& File() const { return file_; }
+
+ private:
+  std::filesystem::path file_;
+};
+
 Imported Work(Connection& company, const ImportRequest& request) {
   try {
     return ImportFile(company, request);
@@ -77,11 +94,13 @@ void ImportBranch(Connection& company, const std::string& file, bool dryRun, std
   request.load.header = ReadHeader(file);
   request.load.refuse = [](const std::string& text) { throw Refusal(text); };
   request.dryRun = dryRun;
+  const BackupBeforeImport backup;
   const Imported imported = Work(company, request);
   const ExchangeHeader& header = request.load.header;
   out << "Sucursala " << header.code << ", " << ShortDate(header.from) << " - "
       << ShortDate(header.to) << "\n\n";
   PrintChanges(imported.changes, out);
+  if (!dryRun) out << "Salvarea dinainte: " << backup.File().string() << '\n';
   out << (dryRun ? "Nu s-a scris nimic (--dry-run).\n" : "Import cu succes\n");
 }
 

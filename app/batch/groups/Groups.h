@@ -13,6 +13,7 @@ void AddObjectCommands(CommandSet& commands);
 void AddRatesCommands(CommandSet& commands);
 void AddExchangeCommands(CommandSet& commands);
 void AddCareCommands(CommandSet& commands);
+void AddConversionCommands(CommandSet& commands);
 void AddReportCommands(CommandSet& commands);
 
 }  // namespace tevra::batch
