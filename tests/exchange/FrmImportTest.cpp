@@ -155,5 +155,22 @@ TEST_F(ImportScreen, NamesTheTableAndTheProcedureThatFailed) {
             "importa: Kv_Ter|16");
 }
 
+TEST_F(ImportScreen, ABackupThatDoesNotSucceedStopsTheImport) {
+  frmImport screen;
+  screen.show();
+  Press(screen.cmdSelFile);
+  SetBeforeImport([] { throw Failure(kDiskFull, "Disk full"); });
+  Press(screen.cmdImport);
+  EXPECT_EQ(Shown(), std::vector<std::string>{
+                         "Eroare 61 - Disk full in procedura cmdImport_Click din Form frmImport "
+                         "Linia: 2|16"});
+  SetBeforeImport([] { throw GivenUp(); });
+  Press(screen.cmdImport);
+  SetBeforeImport({});
+  EXPECT_EQ(Shown(), std::vector<std::string>{});
+  EXPECT_EQ(Lines(), "");
+  EXPECT_TRUE(screen.isVisible());
+}
+
 }  // namespace
 }  // namespace tevra::test
