@@ -1,27 +1,12 @@
 #include "platform/data/Keyset.h"
 
 #include <algorithm>
-#include <functional>
 #include <unordered_map>
 
 #include "platform/data/Recordset.h"
 #include "platform/text/Strings.h"
 
 namespace tevra::detail {
-
-namespace {
-
-// Most lists come in the order of their ids, one way or the other.
-bool AllDiffer(std::vector<std::int64_t> ids) {
-  const auto nowhere = [&ids](auto follows) {
-    return std::adjacent_find(ids.begin(), ids.end(), follows) == ids.end();
-  };
-  if (nowhere(std::greater_equal<>()) || nowhere(std::less_equal<>())) return true;
-  std::sort(ids.begin(), ids.end());
-  return std::adjacent_find(ids.begin(), ids.end()) == ids.end();
-}
-
-}  // namespace
 
 Keyset::Keyset(const std::shared_ptr<Database>& database, const std::string& rewritten,
                const Values& params, const std::vector<FieldInfo>& fields, std::size_t sourceCount)
@@ -51,34 +36,53 @@ std::string Keyset::IdColumn() const {
   return Quoted("__row" + std::to_string(source_ + 1));
 }
 
-// The row id and some fields of all rows. Names may repeat in a list; the places of its columns do
-// not. What is not asked for the engine leaves out, tables that give nothing but names among it.
-std::string Keyset::SelectOf(const std::vector<std::size_t>& fields) const {
+// The statement with names for its columns. Names may repeat in a list; the places of its columns
+// do not. What is not asked for the engine leaves out, tables that give nothing but names among it.
+std::string Keyset::ListOf(const std::string& wanted) const {
   std::string names;
   for (std::size_t i = 0; i < fieldCount_; ++i) names += "c" + std::to_string(i) + ",";
   for (std::size_t i = fieldCount_; i < defs_.size(); ++i) {
     names += (i > fieldCount_ ? ",r" : "r") + std::to_string(i - fieldCount_);
   }
+  return "WITH __list(" + names + ") AS (" + sql_ + ") SELECT " + wanted;
+}
+
+// The row id and some fields of all rows.
+std::string Keyset::IdAnd(const std::vector<std::size_t>& fields) const {
   std::string wanted = "r" + std::to_string(source_);
   for (const std::size_t field : fields) wanted += ",c" + std::to_string(field);
-  return "WITH __list(" + names + ") AS (" + sql_ + ") SELECT " + wanted + " FROM __list";
+  return ListOf(wanted + " FROM __list");
+}
+
+// Sums need no order, and in a join the engine drops that of the list: it then reads the rows as
+// they lie in the file.
+void Keyset::AddUp(const std::vector<std::size_t>& totalled) {
+  if (totalled.empty()) return;
+  std::string wanted;
+  for (const std::size_t field : totalled) wanted += ",c" + std::to_string(field);
+  Statement select(*database_, ListOf(wanted.substr(1) + " FROM (SELECT 1), __list"));
+  select.Bind(params_);
+  while (select.Step()) {
+    for (std::size_t i = 0; i < totalled.size(); ++i) {
+      totals_[i].Add(sqlite3_column_double(select.Get(), static_cast<int>(i)));  // Null is 0
+    }
+  }
 }
 
 bool Keyset::ReadIds(std::size_t source, const std::vector<std::size_t>& totalled) {
   source_ = source;
   ids_.clear();
-  totals_.assign(totalled.size(), {});
-  Statement select(*database_, SelectOf(totalled));
+  Statement select(*database_, IdAnd({}));
   select.Bind(params_);
-  sqlite3_stmt* row = select.Get();
-  while (select.Step()) {
+  totals_.assign(totalled.size(), {});
+  bool more = select.Step();
+  // While a statement is open, another one of the connection sees the same state of the file.
+  if (more) AddUp(totalled);
+  for (sqlite3_stmt* row = select.Get(); more; more = select.Step()) {
     if (sqlite3_column_type(row, 0) == SQLITE_NULL) return false;
     ids_.push_back(sqlite3_column_int64(row, 0));
-    for (std::size_t i = 0; i < totalled.size(); ++i) {
-      totals_[i].Add(sqlite3_column_double(row, static_cast<int>(i) + 1));  // Null is 0
-    }
   }
-  return AllDiffer(ids_);
+  return ids_.AllDiffer();
 }
 
 Values Keyset::Missing(std::size_t row) const {
@@ -119,7 +123,7 @@ std::vector<Values> Keyset::Scan(const std::vector<std::size_t>& fields) {
   std::unordered_map<std::int64_t, std::size_t> rowOf;
   rowOf.reserve(ids_.size());
   for (std::size_t row = 0; row < ids_.size(); ++row) rowOf[ids_[row]] = row;
-  Statement select(*database_, SelectOf(fields));
+  Statement select(*database_, IdAnd(fields));
   select.Bind(params_);
   std::vector<Values> scanned(ids_.size(), Values(fields.size()));
   while (select.Step()) {
@@ -141,7 +145,7 @@ void Keyset::Append(const Values& values) {
 
 void Keyset::Follow(std::size_t row, const Values& values) {
   const Value& id = values[fieldCount_ + source_];
-  if (!id.IsNull()) ids_[row] = id.Whole();
+  if (!id.IsNull()) ids_.Set(row, id.Whole());
 }
 
 }  // namespace tevra::detail

@@ -11,6 +11,8 @@
 #include "platform/data/Database.h"
 #include "platform/data/FieldType.h"
 #include "platform/data/MoneySum.h"
+#include "platform/data/RowIds.h"
+#include "platform/data/RowTable.h"
 #include "platform/dialect/Rewriter.h"
 
 namespace tevra {
@@ -23,11 +25,11 @@ namespace tevra::detail {
 /// statement stays open between two calls, so that other programs can write.
 class Keyset {
  public:
-  static constexpr std::size_t kPageRows = 64;
+  static constexpr std::size_t kPageRows = RowTable::kPageRows;
 
   /// Nothing when no source of the statement identifies its rows (a join that repeats the rows of
   /// every table). `rewritten`: the statement with the row ids of `sources` at the end of its list.
-  /// `totalled`: fields that are added up in the same pass.
+  /// `totalled`: fields that are added up, by a statement of their own that sees the same rows.
   static std::unique_ptr<Keyset> Open(const std::shared_ptr<Database>& database,
                                       const std::string& rewritten, const Values& params,
                                       const std::vector<FieldInfo>& fields,
@@ -54,7 +56,9 @@ class Keyset {
   Keyset(const std::shared_ptr<Database>& database, const std::string& rewritten,
          const Values& params, const std::vector<FieldInfo>& fields, std::size_t sourceCount);
   bool ReadIds(std::size_t source, const std::vector<std::size_t>& totalled);
-  std::string SelectOf(const std::vector<std::size_t>& fields) const;
+  void AddUp(const std::vector<std::size_t>& totalled);
+  std::string ListOf(const std::string& wanted) const;
+  std::string IdAnd(const std::vector<std::size_t>& fields) const;
   Values Missing(std::size_t row) const;
   std::string IdColumn() const;
 
@@ -64,8 +68,8 @@ class Keyset {
   std::vector<FieldDef> defs_;  // of the fields, then those of the row ids
   std::vector<bool> typed_;
   std::size_t fieldCount_ = 0;
-  std::size_t source_ = 0;         // its row ids identify the rows
-  std::vector<std::int64_t> ids_;  // by row number; 0 for a row without a known id
+  std::size_t source_ = 0;  // its row ids identify the rows
+  RowIds ids_;              // by row number; 0 for a row without a known id
   std::vector<MoneySum> totals_;
   std::unique_ptr<Statement> page_;  // reset between calls
 };

@@ -218,7 +218,7 @@ void Recordset::Delete() {
   const std::size_t row = s.Current();
   CancelUpdate();
   s.rows->Remove(row);
-  s.order.erase(s.order.begin() + static_cast<std::ptrdiff_t>(s.at));
+  s.order.Erase(s.at);
   s.Note();
 }
 

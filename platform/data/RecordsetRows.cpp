@@ -27,9 +27,8 @@ std::string TextOf(const char* text) {
   return text ? text : "";
 }
 
-std::vector<Row> ReadRows(Statement& select, const std::vector<FieldInfo>& fields,
-                          std::size_t width) {
-  std::vector<Row> rows;
+RowTable ReadRows(Statement& select, const std::vector<FieldInfo>& fields, std::size_t width) {
+  RowTable rows;
   while (select.Step()) {
     Values values;
     values.reserve(width);
@@ -57,10 +56,10 @@ std::vector<std::size_t> FieldsNamed(const std::vector<std::string>& names,
   return found;
 }
 
-std::vector<MoneySum> SumsOf(const std::vector<Row>& rows, const std::vector<std::size_t>& fields) {
+std::vector<MoneySum> SumsOf(const RowTable& rows, const std::vector<std::size_t>& fields) {
   std::vector<MoneySum> sums(fields.size());
-  for (const Row& row : rows) {
-    for (std::size_t i = 0; i < fields.size(); ++i) sums[i].Add((*row.values)[fields[i]]);
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    for (std::size_t i = 0; i < fields.size(); ++i) sums[i].Add((*rows[row].values)[fields[i]]);
   }
   return sums;
 }
@@ -101,7 +100,7 @@ void RowStore::Load() {
     keyset = Keyset::Open(detail::DatabaseOf(connection), rewritten.sql, params, columns, tables,
                           FieldsNamed(totalled, columns));
   }
-  std::vector<Row> read(keyset ? keyset->RowCount() : 0);
+  RowTable read(keyset ? keyset->RowCount() : 0);
   if (!keyset) {
     select.Bind(params);
     read = ReadRows(select, columns, columns.size() + tables.size());
@@ -121,7 +120,7 @@ void RowStore::Load() {
 RowValues RowStore::ValuesOf(std::size_t row) {
   if (!rows[row].values) {
     if (pages_.size() == kPagesHeld) {
-      LetGo(pages_.front());
+      rows.LetGo(pages_.front());
       pages_.pop_front();
     }
     FetchPage(row / Keyset::kPageRows);
@@ -146,16 +145,9 @@ void RowStore::FetchPage(std::size_t page) {
   InvariantEqual(static_cast<std::int64_t>(fetched.size()),
                  static_cast<std::int64_t>(missing.size()), "randuri citite ale unei pagini");
   for (std::size_t i = 0; i < missing.size(); ++i) {
-    rows[missing[i]].values = std::make_shared<const Values>(std::move(fetched[i]));
+    rows.At(missing[i]).values = std::make_shared<const Values>(std::move(fetched[i]));
   }
   pages_.push_back(page);
-}
-
-void RowStore::LetGo(std::size_t page) {
-  const std::size_t first = page * Keyset::kPageRows;
-  for (std::size_t i = first; i < std::min(first + Keyset::kPageRows, rows.size()); ++i) {
-    if (!rows[i].kept) rows[i].values.reset();
-  }
 }
 
 void RowStore::Disconnect() {
@@ -188,24 +180,25 @@ void RowStore::Change(std::size_t index, const Values& seen, const Edits& edits)
   if (connection.IsOpen()) {
     values = UpdateIn(connection, seen, edits);
     if (keyset_) keyset_->Follow(index, values);
-    rows[index].kept = true;
+    rows.At(index).kept = true;
   } else {
-    if (rows[index].state == RowState::Stored) {
-      rows[index].before = rows[index].values;
-      rows[index].state = RowState::Changed;
+    Row& row = rows.At(index);
+    if (row.state == RowState::Stored) {
+      row.before = row.values;
+      row.state = RowState::Changed;
     }
     for (const auto& [field, value] : edits) values[field] = value;
   }
-  rows[index].values = std::make_shared<const Values>(std::move(values));
+  rows.At(index).values = std::make_shared<const Values>(std::move(values));
   ++writes;
 }
 
 void RowStore::Remove(std::size_t index) {
-  Row& row = rows[index];
   if (connection.IsOpen()) {
     DeleteFrom(connection, *ValuesOf(index));
-    row.state = RowState::Gone;
+    rows.At(index).state = RowState::Gone;
   } else {
+    Row& row = rows.At(index);
     row.state = row.state == RowState::Added ? RowState::Gone : RowState::Deleted;
   }
   ++changes;
@@ -213,14 +206,14 @@ void RowStore::Remove(std::size_t index) {
 
 void RowStore::WriteBatch(Connection& target) {
   Transaction transaction(target);
-  std::vector<Row> written;
-  written.reserve(rows.size());
-  for (const Row& row : rows) {
+  RowTable written;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const Row& row = rows[i];
     Row copy;
     copy.values = row.values;
     copy.kept = row.kept;
     if (row.state == RowState::Deleted) DeleteFrom(target, *row.values);
-    if (row.state == RowState::Deleted || row.state == RowState::Gone) copy.state = RowState::Gone;
+    if (row.Removed()) copy.state = RowState::Gone;
     if (row.state == RowState::Added || row.state == RowState::Changed) {
       Edits edits;
       for (std::size_t f = 0; f < fields.size(); ++f) {

@@ -9,6 +9,7 @@
 
 #include "platform/data/Keyset.h"
 #include "platform/data/Recordset.h"
+#include "platform/data/RowTable.h"
 #include "platform/dialect/Rewriter.h"
 
 struct sqlite3_stmt;
@@ -17,24 +18,6 @@ namespace tevra::detail {
 
 /// The columns of a statement without the last `hidden` ones.
 std::vector<FieldInfo> ReadFields(sqlite3_stmt* stmt, std::size_t hidden);
-
-enum class RowState {
-  Stored,   // as in the file, or in memory as loaded
-  Added,    // in memory, not in the file
-  Changed,  // in memory, `before` is what the file has
-  Deleted,  // in memory, still in the file
-  Gone,     // deleted everywhere
-};
-
-/// The fields' values, then a hidden row id for each source.
-using RowValues = std::shared_ptr<const Values>;
-
-struct Row {
-  RowValues values;  // empty until a row of a long list is looked at
-  RowValues before;
-  RowState state = RowState::Stored;
-  bool kept = false;  // written here; the statement may no longer return it
-};
 
 using Edits = std::map<std::size_t, Value>;
 
@@ -48,7 +31,7 @@ class RowStore {
   std::vector<std::string> totalled;  // fields that are added up when the rows are read
   std::vector<double> totals;         // their sums
   std::vector<FieldInfo> fields;
-  std::vector<Row> rows;
+  RowTable rows;
   std::size_t loads = 0;  // how often the rows were read; row numbers are valid until the next time
   std::size_t changes = 0;  // how often rows were added or removed
   std::size_t writes = 0;   // how often a row's values changed
@@ -68,7 +51,6 @@ class RowStore {
   friend class FieldReader;
   std::vector<std::size_t> MissingOf(std::size_t page) const;
   void FetchPage(std::size_t page);
-  void LetGo(std::size_t page);
   Values InsertInto(Connection& target, const Edits& edits);
   Values UpdateIn(Connection& target, const Values& before, const Edits& edits);
   void DeleteFrom(Connection& target, const Values& values);

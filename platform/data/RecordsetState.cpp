@@ -39,29 +39,33 @@ detail::FieldFinder Recordset::State::Finder() const {
   return [this](const std::string& name) { return IndexOf(name); };
 }
 
-std::vector<std::size_t> Recordset::State::Arranged(const std::string& filterText,
-                                                    const std::string& sortText) const {
+detail::RowOrder Recordset::State::Arranged(const std::string& filterText,
+                                            const std::string& sortText) const {
   const detail::Criteria criteria(filterText, Finder());
   const auto keys = detail::ParseSort(sortText, Finder());
   std::vector<std::size_t> asked = criteria.Fields();
   for (const auto& key : keys) asked.push_back(key.field);
-  const detail::FieldReader reader(*rows, asked);
-  std::vector<std::size_t> arranged;
-  for (std::size_t i = 0; i < rows->rows.size(); ++i) {
-    const detail::RowState state = rows->rows[i].state;
-    if (state == detail::RowState::Deleted || state == detail::RowState::Gone) continue;
-    const auto valueOf = [&](std::size_t f) -> const Value& { return reader.At(i, f); };
-    if (criteria.Empty() || criteria.Met(valueOf)) arranged.push_back(i);
+  if (criteria.Empty() && keys.empty() && !rows->rows.AnyRemoved()) {
+    return detail::RowOrder(rows->rows.size());
   }
-  if (keys.empty()) return arranged;
-  std::stable_sort(arranged.begin(), arranged.end(), [&](std::size_t a, std::size_t b) {
+  const detail::FieldReader reader(*rows, asked);
+  std::vector<std::uint32_t> arranged;
+  for (std::size_t i = 0; i < rows->rows.size(); ++i) {
+    if (rows->rows[i].Removed()) continue;
+    const auto valueOf = [&](std::size_t f) -> const Value& { return reader.At(i, f); };
+    if (criteria.Empty() || criteria.Met(valueOf)) {
+      arranged.push_back(static_cast<std::uint32_t>(i));
+    }
+  }
+  if (keys.empty()) return detail::RowOrder(std::move(arranged));
+  std::stable_sort(arranged.begin(), arranged.end(), [&](std::uint32_t a, std::uint32_t b) {
     for (const auto& key : keys) {
       const int c = CompareValues(reader.At(a, key.field), reader.At(b, key.field));
       if (c != 0) return key.descending ? c > 0 : c < 0;
     }
     return false;
   });
-  return arranged;
+  return detail::RowOrder(std::move(arranged));
 }
 
 void Recordset::State::Arrange(const std::string& filterText, const std::string& sortText) {
@@ -96,8 +100,7 @@ void Recordset::State::Follow() {
 }
 
 void Recordset::State::GoTo(std::size_t row) {
-  const auto found = std::find(order.begin(), order.end(), row);
-  at = static_cast<std::size_t>(found - order.begin());
+  at = order.PlaceOf(row);
   before = false;
 }
 

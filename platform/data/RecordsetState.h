@@ -14,9 +14,9 @@ namespace tevra {
 
 struct Recordset::State {
   std::shared_ptr<detail::RowStore> rows;
-  std::vector<std::size_t> order;  // the filtered rows in their order
-  std::size_t at = 0;              // in `order`; order.size() is after the last
-  bool before = false;             // before the first
+  detail::RowOrder order;  // the filtered rows in their order
+  std::size_t at = 0;      // in `order`; order.size() is after the last
+  bool before = false;     // before the first
   std::string filter;
   std::string sort;
   std::size_t loads = 0;  // of the rows when `order` was made
@@ -51,8 +51,7 @@ struct Recordset::State {
   void GoTo(std::size_t row);
 
  private:
-  std::vector<std::size_t> Arranged(const std::string& filterText,
-                                    const std::string& sortText) const;
+  detail::RowOrder Arranged(const std::string& filterText, const std::string& sortText) const;
 };
 
 }  // namespace tevra
