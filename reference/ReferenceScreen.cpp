@@ -297,10 +297,11 @@ void ReferenceScreen::pAdauga() {
   if (added_) added_(row);
 }
 
-// The list is read again to show the new row, and goes to it.
+// Such a statement writes texts, so an empty box is the empty text. The list is read again to show
+// the new row, and goes to it.
 void ReferenceScreen::InsertByStatement(const CodeRow& fields) {
   Values values;
-  for (const auto& [field, value] : fields) values.push_back(value);
+  for (const auto& [field, value] : fields) values.push_back(value.IsNull() ? Value("") : value);
   ExecuteSQL(table_.insert, values);
   datPrimaryRS->Refresh();
   datPrimaryRS->Recordset().Find(fields.front().first + " = '" +

@@ -2,17 +2,21 @@
 
 #include <QKeyEvent>
 #include <QTableView>
+#include <sstream>
 
 #include "platform/forms/FormsApplication.h"
 #include "platform/forms/Hourglass.h"
+#include "platform/forms/frmProgress.h"
 #include "platform/system/Clock.h"
 #include "platform/system/Desktop.h"
 #include "platform/system/MessageBox.h"
 #include "platform/text/Dates.h"
 #include "platform/text/Numbers.h"
 #include "platform/text/Strings.h"
+#include "platform/web/HttpsGet.h"
 #include "reference/CodeUse.h"
 #include "reference/ExchangeRates.h"
+#include "reference/frmPreluare.h"
 #include "session/Module1.h"
 #include "session/Session.h"
 
@@ -163,18 +167,41 @@ void frmValute::pAdaugaCurs() {
   });
 }
 
+// Nothing when the user gave up.
+std::optional<RatesFile> frmValute::ChosenRates() {
+  frmPreluare choice(this);
+  choice.ShowModal();
+  if (!choice.OkPressed) return std::nullopt;
+  if (!choice.Adresa.empty()) {
+    try {
+      return RatesAt(choice.Adresa);
+    } catch (const GivenUp&) {
+      return std::nullopt;
+    }
+  }
+  const auto file = AskOpenFile({kTakingOver, "Cursuri BNR (*.xml)|*.xml", {}});
+  if (!file) return std::nullopt;
+  const Hourglass waiting;
+  return ReadRatesFile(*file);
+}
+
+RatesFile frmValute::RatesAt(const std::string& address) {
+  frmProgress progress(kTakingOver, {{}, "S-au citit %1 octeti de la adresa aleasa"}, this);
+  std::istringstream document(HttpsGet(address, {}, progress.Asked()));
+  return ReadRatesFile(document, address);
+}
+
 void frmValute::cmdPreluare_Click() {
   RunWith(
       "cmdPreluare_Click",
       [this](Procedure&) {
-        const auto file = AskOpenFile({kTakingOver, "Cursuri BNR (*.xml)|*.xml", {}});
-        if (!file) return;
+        const std::optional<RatesFile> rates = ChosenRates();
+        if (!rates) return;
         std::string told;
         {
           const Hourglass waiting;
-          const RatesFile rates = ReadRatesFile(*file);
           Connection company(CurrentSession().connectionString);
-          told = RatesStoredText(StoreRates(company, rates));
+          told = RatesStoredText(StoreRates(company, *rates));
           pAfisareCursuri();
         }
         MsgBoxEx("Cursurile au fost preluate: " + told + ".", kInformation, kTakingOver);

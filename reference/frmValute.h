@@ -5,11 +5,13 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QStackedWidget>
+#include <optional>
 #include <string>
 
 #include "platform/forms/Boxes.h"
 #include "platform/forms/Form.h"
 #include "platform/grid/DataGrid.h"
+#include "reference/RatesFile.h"
 
 namespace tevra {
 
@@ -63,6 +65,8 @@ class frmValute : public Form {
   void cmdCautaCurs_Click();
   void cmdAdauga_Click();
   void cmdPreluare_Click();
+  std::optional<RatesFile> ChosenRates();
+  RatesFile RatesAt(const std::string& address);
   bool MayAddCurrency();
   bool MayAddRate();
   bool Refuse(const char* message, QWidget* box);

@@ -111,8 +111,9 @@ void frmValute::BuildButtons() {
   buttons_ = new QWidget(this);
   cmdCautaCurs = MakeButton("cmdCautaCurs", "Cautare", "Cautare curs sau valuta", buttons_);
   cmdAdauga = MakeButton("cmdAdauga", "Adaugare", "Creare curs sau valuta noua", buttons_);
-  cmdPreluare = MakeButton("cmdPreluare", "Preluare BNR",
-                           "Preluare cursuri dintr-un fisier XML al Bancii Nationale", buttons_);
+  cmdPreluare = MakeButton(
+      "cmdPreluare", "Preluare BNR",
+      "Preluare cursuri ale Bancii Nationale, dintr-un fisier XML sau de pe internet", buttons_);
   cmdIesire = MakeButton("cmdIesire", "Iesire", "Inchidere fereastra", buttons_);
   cmdIesire->setIcon(PictureIcon("\\BMP\\Iesire.bmp"));
   auto* row = new ButtonRow(buttons_);

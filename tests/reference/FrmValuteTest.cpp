@@ -1,5 +1,7 @@
 // Currencies and rates on their screen, worked by keyboard.
+#include <QSslSocket>
 #include <QTableView>
+#include <QTimer>
 #include <QtTest>
 #include <fstream>
 
@@ -7,9 +9,12 @@
 
 #include "platform/system/Clock.h"
 #include "platform/system/Desktop.h"
+#include "platform/system/Settings.h"
+#include "reference/frmPreluare.h"
 #include "reference/frmValute.h"
 #include "tests/TestCompany.h"
 #include "tests/screens/Screens.h"
+#include "tests/web/HttpsServer.h"
 
 namespace tevra::test {
 namespace {
@@ -18,6 +23,7 @@ class FrmValute : public ::testing::Test {
  protected:
   FrmValute() {
     clock::Set(DateTime(2026, 1, 9));
+    SetSettings(nullptr);
     Connection company = company_.Open();
     company.Execute("DELETE FROM kv_val");
     company.Execute("DELETE FROM kv_val2");
@@ -40,6 +46,17 @@ class FrmValute : public ::testing::Test {
     messages_.shown.clear();
     Press(screen_->cmdAdauga);
     return messages_.shown.empty() ? "" : messages_.shown.back().prompt;
+  }
+  // Presses "Preluare BNR"; `choose` works in the screen that asks where from.
+  void TakeOver(const std::function<void(frmPreluare&)>& choose = [](frmPreluare& choice) {
+    QTest::keyClick(choice.optFisier, Qt::Key_Return);
+  }) {
+    QTimer::singleShot(0, [&] {
+      auto* choice = screen_->findChild<frmPreluare*>();
+      ASSERT_TRUE(choice);
+      choose(*choice);
+    });
+    Press(screen_->cmdPreluare);
   }
   std::string Shown() const {
     std::string rates;
@@ -145,7 +162,7 @@ TEST_F(FrmValute, TheBanksFileIsTakenWholeOrNotAtAll) {
                          "</Rate><Rate currency=\"USD\" multiplier=\"0\">4</Rate></Cube></Body>"
                          "</DataSet>";
   Open();
-  Press(screen_->cmdPreluare);
+  TakeOver();
   EXPECT_EQ(messages_.shown.back().buttons, kCritical);
   EXPECT_EQ(messages_.shown.back().prompt,
             "Fisierul nbrfxrates.xml, linia 1: multiplicatorul \"0\" al valutei USD nu este un "
@@ -153,11 +170,53 @@ TEST_F(FrmValute, TheBanksFileIsTakenWholeOrNotAtAll) {
   EXPECT_EQ(Shown().substr(0, 3), "07=");
   std::ofstream(file) << "<DataSet><Body><Cube date=\"2026-01-08\"><Rate currency=\"EUR\">5.0999"
                          "</Rate></Cube></Body></DataSet>";
-  Press(screen_->cmdPreluare);
+  TakeOver();
   EXPECT_EQ(messages_.shown.back().prompt,
             "Cursurile au fost preluate: 1 curs nou, 0 modificate, 0 neschimbate, 0 sarite.");
   EXPECT_EQ(Shown().substr(0, 10), "08=5,0999 ");
   SetOpenFileHandler(before);
+}
+
+TEST_F(FrmValute, TheBanksRatesComeFromAnAddressToo) {
+  const HttpsServer server([](QSslSocket& client, const std::string& path) {
+    const std::string rates =
+        "<DataSet><Body><Cube date=\"2026-01-08\"><Rate currency=\"EUR\">5.0999</Rate></Cube>"
+        "</Body></DataSet>";
+    const std::string reply =
+        Reply("200 OK", path == "/rates.xml" ? rates : "<!DOCTYPE html><html><p>Acasa</html>");
+    client.write(reply.c_str(), static_cast<qint64>(reply.size()));
+    client.disconnectFromHost();
+  });
+  Open();
+  const auto take = [&](const std::string& address) {
+    TakeOver([&](frmPreluare& choice) {
+      EXPECT_FALSE(choice.txtAdresa->isEnabled());
+      Press(choice.optAdresa);
+      Retype(choice.txtAdresa, "http://curs.bnr.ro/x");
+      QTest::keyClick(choice.txtAdresa, Qt::Key_Return);
+      QCoreApplication::processEvents();
+      EXPECT_TRUE(choice.isVisible() && choice.focusWidget() == choice.txtAdresa);
+      EXPECT_EQ(messages_.shown.back().prompt,
+                "Adresa \"http://curs.bnr.ro/x\" nu are forma https://...");
+      Retype(choice.txtAdresa, address.c_str());
+      QTest::keyClick(choice.txtAdresa, Qt::Key_Return);
+    });
+    return messages_.shown.back().prompt;
+  };
+  EXPECT_NE(
+      take(server.Address("/")).find("nu este un document XML intreg ! Niciun curs nu a fost"),
+      std::string::npos)
+      << messages_.shown.back().prompt;
+  EXPECT_EQ(Shown().substr(0, 3), "07=");
+  EXPECT_EQ(take(server.Address("/rates.xml")),
+            "Cursurile au fost preluate: 1 curs nou, 0 modificate, 0 neschimbate, 0 sarite.");
+  EXPECT_EQ(Shown().substr(0, 10), "08=5,0999 ");
+  messages_.shown.clear();
+  TakeOver([&](frmPreluare& choice) {
+    EXPECT_EQ(choice.txtAdresa->Text(), server.Address("/rates.xml"));  // kept for the user
+    QTest::keyClick(choice.optFisier, Qt::Key_Escape);
+  });
+  EXPECT_TRUE(messages_.shown.empty());
 }
 
 }  // namespace

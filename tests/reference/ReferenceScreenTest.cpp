@@ -296,6 +296,9 @@ TEST_F(Editors, Account) {
   Type("txtTitlu", "x");
   EXPECT_EQ(Add(), "Acest numar de cont exista deja ! Adaugarea nu se poate efectua !");
   EXPECT_EQ(Delete(kYes).front().prompt, "Sunteti sigur ca doriti sa stergeti contul 213.O'1 ?");
+  EXPECT_EQ(Add(), "");
+  EXPECT_EQ(company_.Rows("SELECT COUNT(*) FROM kv_pc WHERE CONT = '213.o''1' AND CODBUG = ''"),
+            "1 \n");  // no cost centre
 }
 
 TEST_F(Editors, MinimumValue) {
