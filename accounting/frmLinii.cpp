@@ -158,7 +158,7 @@ void frmLinii::cmdDelete_Click(Procedure& running) {
   running.line = 2;
   const std::int32_t note = Nz(rows.Get("NDI")).AsLong();
   const std::string question = "Sigur doriti sa stergeti documentul " + std::to_string(note) + " ?";
-  if (MsgBoxEx(question, long{kYesNo} | kDefaultStep) != kYes || note == 0) return;
+  if (MsgBoxEx(question, kYesNo) != kYes || note == 0) return;
   const Hourglass waiting;
   running.line = 3;
   Connection connection(CurrentSession().connectionString);

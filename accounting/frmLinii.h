@@ -18,11 +18,13 @@ class frmLinii : public ListScreen {
   QPushButton* cmdListare;
   QPushButton* cmdClose;
 
+  /// Shows the sums of the rows below their columns; of no rows none.
+  void GetTotal();
+
  private:
   ListDescription Describe();
   std::vector<ListButton> Buttons();
   void GetFieldsProperties();
-  void GetTotal();
   void Reopen(const std::string& statement, const WhereClause& clause);
   void cmdCauta_Click(Procedure& running) override;
   void cmdDelete_Click(Procedure& running);

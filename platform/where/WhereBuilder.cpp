@@ -194,7 +194,9 @@ void WhereBuilder::RemoveRow(WhereRow* row) {
   Discard(row);
 }
 
+// The list that a box drops down while one types would go on taking the keys.
 void WhereBuilder::AddAndEnter() {
+  if (QWidget* list = QApplication::activePopupWidget()) list->close();
   Told([this] {
     WhereRow* row = AddRow({description_.first});
     Arrange();
@@ -225,7 +227,8 @@ void WhereBuilder::Arrange() {
 
 void WhereBuilder::FitHeight() {
   const int rows = std::min(RowCount(), kRowsOnShow);
-  const int row = rows_.front()->sizeHint().height();
+  int row = 0;  // the boxes of some fields are higher than those of others
+  for (const WhereRow* each : rows_) row = std::max(row, each->sizeHint().height());
   area_->setFixedHeight(rows * row + (rows - 1) * column_->spacing());
 }
 

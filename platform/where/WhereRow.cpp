@@ -1,6 +1,10 @@
 #include "platform/where/WhereRow.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QElapsedTimer>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <algorithm>
 #include <utility>
 
@@ -14,8 +18,37 @@ namespace {
 
 constexpr int kRowsOnShow = 30;
 
+// A list in which a blank goes on with an entry that is being typed ("data s"); alone it opens the
+// list.
+class Choice : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool typing =
+        typed_.isValid() && typed_.elapsed() < QApplication::keyboardInputInterval();
+    const bool letter = !event->text().isEmpty() && event->text().at(0).isPrint();
+    if (letter && (typing || event->key() != Qt::Key_Space)) typed_.start();
+    if (typing && event->key() == Qt::Key_Space) return GoOnWithBlank();
+    QComboBox::keyPressEvent(event);
+  }
+
+ private:
+  void GoOnWithBlank() {
+    view()->setCurrentIndex(model()->index(currentIndex(), modelColumn()));
+    view()->keyboardSearch(" ");
+    const int found = view()->currentIndex().row();
+    if (found == currentIndex()) return;
+    setCurrentIndex(found);
+    emit activated(found);
+  }
+
+  QElapsedTimer typed_;  // since the last letter
+};
+
 QComboBox* MakeChoice(const char* accessible, int least, QWidget* parent) {
-  auto* choice = new QComboBox(parent);
+  auto* choice = new Choice(parent);
   choice->setAccessibleName(accessible);
   choice->setToolTip(accessible);
   choice->setMinimumWidth(least);

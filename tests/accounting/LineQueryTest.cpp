@@ -119,9 +119,32 @@ TEST_F(LineQueryTest, NoConditionReadsAllLinesWhereAnIndexLeadsToThem) {
     }
   }
   EXPECT_EQ(searched, 18);
-  EXPECT_EQ(Plan({{"Kv_Linii.CONT", WhereOperator::kEqual, "6811"},
-                  {"Kv_Linii.DATAINR", WhereOperator::kBetween, "1.10.2026", "31.10.2026"}}),
-            "SEARCH kv_LINII USING INDEX Kv_Linii.CONT (CONT=? AND DATAINR>? AND DATAINR<?); ");
+}
+
+TEST_F(LineQueryTest, TheDaysNarrowTheLinesOfAnAccountAndOfAThirdParty) {
+  const auto with = [&](const Condition& days, const char* field) {
+    return Plan({{std::string("Kv_Linii.") + field, WhereOperator::kEqual, "12"}, days});
+  };
+  const std::string day = "Kv_Linii.DATAINR";
+  const std::pair<Condition, std::string> kDays[] = {
+      {{day, WhereOperator::kEqual, "1.10.2026"}, "DATAINR>? AND DATAINR<?"},
+      {{day, WhereOperator::kBetween, "1.10.2026", "31.10.2026"}, "DATAINR>? AND DATAINR<?"},
+      {{day, WhereOperator::kGreater, "1.10.2026"}, "DATAINR>?"},
+      {{day, WhereOperator::kLess, "1.10.2026"}, "DATAINR<?"},
+      {{day, WhereOperator::kEmpty}, "DATAINR=?"}};
+  for (const auto& [days, range] : kDays) {
+    const std::string column = "Kv_Linii.CONT (CONT=? AND " + range + "); ";
+    EXPECT_EQ(with(days, "CONT"), "SEARCH kv_LINII USING INDEX " + column);
+    // Lines without a day are few, and come in order by the index of days.
+    const std::string party = days.op == WhereOperator::kEmpty
+                                  ? "Kv_Linii.DATAINR (" + range + ")"
+                                  : "Kv_Linii.TERT (TERT=? AND " + range + ")";
+    EXPECT_EQ(with(days, "TERT").find("SEARCH kv_LINII USING INDEX " + party), 0U)
+        << with(days, "TERT");
+    // Any other field is looked at in the lines of those days, which come in order.
+    EXPECT_EQ(with(days, "EXPL").find("SEARCH kv_LINII USING INDEX Kv_Linii.DATAINR ("), 0U);
+    EXPECT_EQ(with(days, "EXPL").find("B-TREE"), std::string::npos);
+  }
 }
 
 TEST_F(LineQueryTest, DeletesAWholeNoteOrNothing) {

@@ -107,6 +107,21 @@ TEST_F(WhereBuilderTest, EachFieldHasItsOwnEditorAndOperators) {
   EXPECT_TRUE(messages_.shown.empty());
 }
 
+TEST_F(WhereBuilderTest, AChoiceIsTypedWithItsBlanks) {
+  auto* op = screen_->findChild<QComboBox*>("cboConditie");
+  op->setFocus();
+  Type("mai mi");
+  EXPECT_EQ(op->currentText(), "mai mic decat");
+  EXPECT_FALSE(op->view()->isVisible());
+  QTest::qWait(QApplication::keyboardInputInterval() + 50);
+  Key(Qt::Key_Space);
+  EXPECT_TRUE(op->view()->isVisible());
+  op->hidePopup();
+  screen_->findChild<QWidget*>("txtValoare")->setFocus();
+  Type("12");
+  EXPECT_EQ(Words(), "DOC < \"12\"");
+}
+
 TEST_F(WhereBuilderTest, WhatWasTypedStaysUnderAnotherConditionOfTheField) {
   Type("IMO");
   screen_->findChild<QWidget*>("cboConditie")->setFocus();
@@ -154,6 +169,17 @@ TEST_F(WhereBuilderTest, ManyRowsScrollAndLeaveTheScreenItsRoom) {
   screen_->findChild<QWidget*>("txtValoare")->setFocus();
   QCoreApplication::processEvents();
   EXPECT_FALSE(QApplication::focusWidget()->visibleRegion().isEmpty());
+}
+
+TEST_F(WhereBuilderTest, ANewRowTakesTheKeysFromTheListOfTheRowBefore) {
+  builder_->SetConditions({{"Kv_Linii.TERT", WhereOperator::kEqual, ""}});
+  builder_->FirstBox()->setFocus();
+  QTest::keyClicks(QApplication::focusWidget(), "al");
+  ASSERT_TRUE(QApplication::activePopupWidget());
+  screen_->findChild<QPushButton*>("cmdAdaugaConditie")->click();
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(QApplication::activePopupWidget());
+  EXPECT_EQ(Focus(), "cboListaCautare2");
 }
 
 TEST_F(WhereBuilderTest, ImpossibleInputIsToldAndNothingIsLost) {
