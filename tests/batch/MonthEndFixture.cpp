@@ -93,6 +93,12 @@ std::string MonthEndTest::Lines(const std::string& code) const {
   return text;
 }
 
+void MonthEndTest::WriteOfAnotherYear() const {
+  OpenCompany("03").Execute(
+      "INSERT INTO Kv_Linii (NDI, NRLINIE, JURNAL, PROV, DOC, DATAINR, CONT, DEBIT) VALUES (7, 1, "
+      "'OD', 'I', 'IMO10', '2025-10-31 00:00:00', '6811', 55)");
+}
+
 std::map<std::string, std::string> MonthEndTest::Everything() const {
   std::map<std::string, std::string> all;
   for (const auto& entry : fs::recursive_directory_iterator(Directory())) {

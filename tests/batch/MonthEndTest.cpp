@@ -98,6 +98,16 @@ TEST_F(MonthEndTest, AWrongPasswordAMissingLineAndALockedCompanyAreToldAndLogged
   EXPECT_FALSE(Contains(result.out + result.err + logged, "Tainica"));
 }
 
+TEST_F(MonthEndTest, TheLogNamesNoUser) {
+  Passwords("01;Ionescu;1\n02;admin;1\n03;admin;1\n");
+  std::string logged;
+  const log::Sink before = log::SetSink([&](const std::string& line) { logged += line + "\n"; });
+  const Result result = End({});
+  log::SetSink(before);
+  EXPECT_TRUE(Contains(result.out, "Utilizatorul Ionescu nu exista !")) << result.out;
+  EXPECT_TRUE(Contains(logged, "Utilizatorul ? nu exista ! | month-end")) << logged;
+}
+
 TEST_F(MonthEndTest, APostedMonthIsPostedAgainOnlyWhenAsked) {
   ASSERT_EQ(End({"--post"}).code, kDone);
   OpenCompany("02").Execute("UPDATE I_IMO SET VAL_CUMP = 24000");
@@ -125,9 +135,7 @@ TEST_F(MonthEndTest, APostedMonthIsPostedAgainOnlyWhenAsked) {
 }
 
 TEST_F(MonthEndTest, NotesThatWouldBeLostRefuseTheCompany) {
-  OpenCompany("03").Execute(
-      "INSERT INTO Kv_Linii (NDI, NRLINIE, JURNAL, PROV, DOC, DATAINR, CONT, DEBIT) VALUES (7, 1, "
-      "'OD', 'I', 'IMO10', '2025-10-31 00:00:00', '6811', 55)");
+  WriteOfAnotherYear();
   const std::string before = Content(FileOf("03"));
   const QJsonObject third = CompanyOf(Json({"--post"}), "03");
   EXPECT_EQ(Text(third["failedAt"]), "check");
@@ -138,6 +146,9 @@ TEST_F(MonthEndTest, NotesThatWouldBeLostRefuseTheCompany) {
   EXPECT_EQ(Text(agreed["state"]), "done");
   EXPECT_EQ(agreed["remarks"].toArray().size(), 1);
   EXPECT_FALSE(Contains(Lines("03"), "55"));
+  WriteOfAnotherYear();
+  const QJsonObject posted = CompanyOf(Json({"--post"}), "03");
+  EXPECT_EQ(Text(posted["postings"]["state"]), "already") << "nothing would be lost";
 }
 
 TEST_F(MonthEndTest, ADryRunShowsTheSameAndWritesNothing) {
@@ -150,6 +161,10 @@ TEST_F(MonthEndTest, ADryRunShowsTheSameAndWritesNothing) {
   EXPECT_TRUE(Contains(End(dry).out, "\nS-ar efectua: 3, neefectuate: 0\nNu s-a scris nimic"));
   EXPECT_EQ(Everything(), before);
   const QJsonObject done = Json(arguments);
+  const QJsonObject sums = CompanyOf(done, "02")["sums"].toObject();
+  EXPECT_EQ(sums["charges"].toDouble(), 100.0);
+  EXPECT_EQ(sums["cumulated"].toDouble(), 1000.0);
+  EXPECT_EQ(sums["remaining"].toDouble(), 11000.0);
   for (const char* key : {"assets", "sums", "postings", "remarks", "files", "state"}) {
     EXPECT_EQ(CompanyOf(shown, "02")[key], CompanyOf(done, "02")[key]) << key;
   }

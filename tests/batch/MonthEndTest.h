@@ -35,6 +35,9 @@ class MonthEndTest : public BatchTest {
   /// NDI, account and debit of the lines under a company's document.
   std::string Lines(const std::string& code) const;
 
+  /// A note of last year under the month's document, in company 03.
+  void WriteOfAnotherYear() const;
+
   /// Every file below the directory with its content.
   std::map<std::string, std::string> Everything() const;
 
