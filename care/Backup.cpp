@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "care/BackupName.h"
+#include "care/FileHealth.h"
 #include "platform/system/Clock.h"
 #include "platform/system/Paths.h"
 #include "platform/text/Dates.h"
@@ -66,10 +67,10 @@ fs::path BackUpBefore(const CompanyFile& company, const std::string& work,
     OverwriteWithCopy(company.file, copy, {}, progress);
     return copy;
   } catch (const Failure& failure) {
-    throw Failure(
-        failure.Number(),
-        "Salvarea dinaintea lucrarii nu a reusit, nu s-a schimbat nimic: " + failure.Description(),
-        failure.Source());
+    throw Failure(failure.Number(),
+                  "Salvarea dinaintea lucrarii nu a reusit, nu s-a schimbat nimic: " +
+                      failure.Description() + SoundBackupHint(failure),
+                  failure.Source());
   }
 }
 

@@ -1,6 +1,7 @@
 #include "care/Maintenance.h"
 
 #include "care/Backup.h"
+#include "care/FileHealth.h"
 #include "platform/data/CompanyFile.h"
 #include "platform/system/MessageBox.h"
 #include "session/Module1.h"
@@ -28,7 +29,7 @@ void Compactare(const Progress& progress) {
     // That somebody has the file open is what the menu's own message says next.
     const bool inUse = failure.Number() == kPermissionDenied;
     MsgBoxEx("Eroare la compactarea bazei de date" +
-             (inUse ? std::string() : ": " + failure.Description()));
+             (inUse ? std::string() : ": " + failure.Description() + SoundBackupHint(failure)));
     throw;
   }
   MsgBoxEx("Compactarea bazei de date " + company.database + " s-a realizat cu succes !",

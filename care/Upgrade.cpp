@@ -2,6 +2,7 @@
 
 #include "care/clsCompareBD.h"
 #include "platform/data/CompanyFile.h"
+#include "platform/data/FileCheck.h"
 #include "platform/system/MessageBox.h"
 #include "session/ApplicationFiles.h"
 #include "session/Login.h"
@@ -33,6 +34,7 @@ UpgradeResult UpgradeStructure(const CompanyFile& company, bool dryRun, const Pr
   result.changes = comparison.Changes();
   result.left = comparison.Left();
   if (dryRun) return result;
+  RequireIntact(target);
   SetVersiune(target);
   transaction.Commit();
   target.Close();

@@ -5,9 +5,11 @@
 #include <limits>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "engine/DepreciationRules.h"
+#include "platform/data/FileCheck.h"
 #include "platform/data/ForwardCursor.h"
 #include "platform/data/Recordset.h"
 #include "platform/system/Clock.h"
@@ -139,11 +141,21 @@ bool CalculateFirst(Connection& connection, const DateTime& dataCalcul, const ch
   return found;
 }
 
+std::function<void(Connection&)>& BeforeMonth() {
+  static std::function<void(Connection&)> prepare;
+  return prepare;
+}
+
 }  // namespace
+
+void SetBeforeMonth(std::function<void(Connection&)> prepare) {
+  BeforeMonth() = std::move(prepare);
+}
 
 int RunMonth(Connection& connection, const DateTime& dataCalcul) {
   std::int16_t count = 0;
   Transaction transaction(connection);
+  if (BeforeMonth()) BeforeMonth()(connection);
   {
     ForwardCursor row(connection, "Select * from i_imo ", ReadFields(), WrittenFields());
     while (row.Next()) {
@@ -185,9 +197,11 @@ void CalculLunar(const DateTime& dataCalcul) {
   try {
     Connection connection(CurrentSession().connectionString);
     count = RunMonth(connection, dataCalcul);
-  } catch (const std::exception&) {
+  } catch (const std::exception& failed) {
     LogCaughtFailure({"CalculLunar", "Module", "Module3"});
     MsgBoxEx(kMonthFailedText, kCritical, kMonthFailedTitle);
+    // The backup to go back to stands only there.
+    if (dynamic_cast<const DamagedFile*>(&failed)) MsgBoxEx(failed.what(), kCritical);
     return;
   }
   MsgBoxEx(MonthDoneText(count), kInformation);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "platform/data/Connection.h"
@@ -10,7 +11,7 @@
 namespace tevra {
 
 /// Calculates every asset of the open company for `dataCalcul` and shows their number. Any failure
-/// shows "Eroare la CALCUL !" and leaves all rows unchanged.
+/// shows "Eroare la CALCUL !" and leaves all rows unchanged; damage of the file is told behind it.
 void CalculLunar(const DateTime& dataCalcul);
 
 /// The run itself: one pass over I_IMO in its own transaction on `connection`, which takes the
@@ -18,6 +19,10 @@ void CalculLunar(const DateTime& dataCalcul);
 /// also when there are more than 32767 assets; if an asset is the reason, the failure's source
 /// names it.
 int RunMonth(Connection& connection, const DateTime& dataCalcul);
+
+/// Sets what RunMonth calls at the beginning of its transaction. What it throws ends the run, with
+/// nothing changed.
+void SetBeforeMonth(std::function<void(Connection&)> prepare);
 
 /// Calculates the first asset of the open company with this COD for a date, as a disposal needs it:
 /// as if it had not left. The stored values are replaced until the next monthly run. An unknown COD

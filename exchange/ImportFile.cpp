@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "exchange/Merge.h"
+#include "platform/data/FileCheck.h"
 #include "platform/system/Progress.h"
 
 namespace tevra {
@@ -41,6 +42,7 @@ Imported Work(Connection& company, const ImportRequest& request) {
   if (request.agreed && !(*request.agreed == imported.changes)) {
     imported.result = Imported::Result::kChanged;
   } else if (!request.dryRun) {
+    RequireIntact(company);
     transaction.Commit();
   }
   return imported;

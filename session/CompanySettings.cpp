@@ -25,6 +25,8 @@ std::string NameOf(CompanyText setting) {
   switch (setting) {
     case CompanyText::kPendingExport:
       return "ExportNeterminat";
+    case CompanyText::kCheckedOn:
+      return "VerificatLa";
   }
   return {};
 }

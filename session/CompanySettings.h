@@ -15,6 +15,7 @@ enum class CompanySetting {
 /// Settings that hold a text.
 enum class CompanyText {
   kPendingExport,  ///< the file of an export whose temporary file is finished but not yet renamed
+  kCheckedOn,      ///< the last day on which the file was read for damage, as DateTime::Iso
 };
 
 /// Throws Failure when it cannot be read.

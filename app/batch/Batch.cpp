@@ -12,6 +12,8 @@
 #include "app/batch/ReportProgram.h"
 #include "app/batch/Streams.h"
 #include "app/batch/commands/Commands.h"
+#include "care/FileHealth.h"
+#include "engine/Module3.h"
 #include "exchange/PendingExport.h"
 #include "platform/system/Log.h"
 #include "session/Session.h"
@@ -90,6 +92,7 @@ class ShownLog {
 int RunBatch(int argc, const char* const* argv, std::istream& in, std::ostream& out,
              std::ostream& err, const ReportWriters* reports) {
   CurrentSession() = {};
+  SetBeforeMonth(RequireSoundOnceADay);
   CommandLine line;
   std::optional<ShownLog> shown;
   try {
@@ -105,10 +108,11 @@ int RunBatch(int argc, const char* const* argv, std::istream& in, std::ostream& 
     return kUsage;
   } catch (const Refusal& refusal) {
     LogRefusal(refusal, Typed(line), line.commandName);
-    err << refusal.what() << '\n';
+    err << refusal.what() << (refusal.Cause() ? SoundBackupHint(*refusal.Cause()) : "") << '\n';
   } catch (const Failure& failure) {
     log::NoteFailure(failure, line.commandName);
-    err << ErrorText(failure, CurrentSession().selectedDatabase) << '\n';
+    err << ErrorText(failure, CurrentSession().selectedDatabase) << SoundBackupHint(failure)
+        << '\n';
   } catch (const std::exception& error) {
     log::NoteFailure({kInternalError, error.what()}, line.commandName);
     err << "Eroare neasteptata - " << error.what() << '\n';

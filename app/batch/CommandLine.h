@@ -56,6 +56,7 @@ struct CommandLine {
   std::string date;      ///< of the calculation, as written
   bool post = false;     ///< also posts the month's charges
   std::string month;     ///< of the transfer, as written
+  bool full = false;     ///< of a check: compares the indexes, too
   bool dryRun = false;   ///< shows what would be done and writes nothing
   std::string rateDay;   ///< whose rate of `code` to print, as written
   std::string nrcrt;     ///< of the asset or object, as written

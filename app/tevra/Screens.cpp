@@ -3,7 +3,9 @@
 #include "accounting/frmLinii.h"
 #include "care/Backup.h"
 #include "care/CareMenu.h"
+#include "care/FileHealth.h"
 #include "care/frmRestaurare.h"
+#include "engine/Module3.h"
 #include "exchange/ImportFile.h"
 #include "exchange/frmExport.h"
 #include "exchange/frmImport.h"
@@ -50,6 +52,7 @@ void HandInScreens(frmMain& frame) {
   SetBeforeImport([] { BackUpWithProgress(kBeforeImport); });
   frame.SetOpener("mnuImport", [] { windows::OpenNew<frmImport>(); });
   frame.SetOpener("mnuEExport", [] { windows::OpenNew<frmExport>(); });
+  SetBeforeMonth(RequireSoundOnceADay);
   frame.SetOpener("mnuCompactare", mnuCompactare_Click);
   frame.SetOpener("mnuSalvare", mnuSalvare_Click);
   frame.SetOpener("mnuRestaurare", [] { windows::Open<frmRestaurare>(); });

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/Module3.h"
+#include "platform/data/FileCheck.h"
 #include "platform/data/Recordset.h"
 #include "platform/system/Clock.h"
 #include "session/Module1.h"
@@ -200,6 +201,25 @@ TEST(MonthRun, AKilledProcessLeavesAllOfBeforeOrAllOfAfter) {
   EXPECT_GT(killed, kKills * 3 / 4);
   EXPECT_GT(before, 0);
   EXPECT_GT(after, 0);
+}
+
+TEST(CalculLunar, TellsDamageBehindItsMessage) {
+  const TestCompany company;
+  company.AddAsset({{"COD", "1"}, {"TIP_AM", "F"}});
+  MessageRecorder messages;
+  SetBeforeMonth([](Connection& file) {
+    file.Execute("UPDATE I_IMO SET COD = '2'");
+    throw DamagedFile("deteriorata");
+  });
+  CalculLunar(DateTime(2024, 6, 30));
+  SetBeforeMonth([](Connection&) { throw Failure(kPermissionDenied, "altceva"); });
+  CalculLunar(DateTime(2024, 6, 30));
+  SetBeforeMonth({});
+  ASSERT_EQ(messages.shown.size(), 3U);
+  EXPECT_EQ(messages.shown[0].prompt, kMonthFailedText);
+  EXPECT_EQ(messages.shown[1].prompt, "deteriorata");
+  EXPECT_EQ(messages.shown[2].prompt, kMonthFailedText);
+  EXPECT_EQ(company.Rows("SELECT COD FROM I_IMO"), "1 \n");
 }
 
 TEST(IsValidCalcul, ComparesTheMonthOfTheLastCalculationAlone) {

@@ -110,6 +110,10 @@ void EndMonths(const Job& job);
 /// Throws Refusal unless the user of the session has the rights of the menu "Intretinere".
 void RequireMaintenance();
 
+/// Looks for damage in the file of the session's company, which only reads it, and prints what was
+/// found. Throws Refusal with the newest sound backup when it is damaged.
+void CheckCompany(bool full, std::ostream& out);
+
 /// Back up, restore and compact the session's company, whose file must not be open here; only for
 /// users with the rights of the menu "Intretinere". They print what was done. Restoring a backup
 /// of another company asks first. Throw Refusal with the reason.

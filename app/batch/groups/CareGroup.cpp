@@ -25,6 +25,13 @@ void AddCareCommands(CommandSet& commands) {
       {"compact", "Compacteaza baza de date", {}, Needs::kClosedCompany, [](const Job& job) {
          CompactCompany(job.out);
        }});
+  commands
+      .Add({"check",
+            "Verifica daca baza de date este deteriorata",
+            {},
+            Needs::kClosedCompany,
+            [](const Job& job) { CheckCompany(job.line.full, job.out); }})
+      .add_flag("--full", line.full, "Verifica si indecsii; dureaza de cateva ori mai mult");
   AddDryRunFlag(commands.Add({"upgrade",
                               "Actualizeaza structura bazei de date",
                               {},

@@ -12,13 +12,13 @@
 #include "app/batch/monthend/ReportFiles.h"
 #include "care/Backup.h"
 #include "care/BackupName.h"
+#include "care/FileHealth.h"
 #include "engine/Module3.h"
 #include "exchange/PendingExport.h"
 #include "platform/system/Clock.h"
 #include "platform/system/Log.h"
 #include "platform/text/Dates.h"
 #include "platform/text/Numbers.h"
-#include "reports/DataEnv.h"
 #include "session/Session.h"
 
 namespace fs = std::filesystem;
@@ -168,7 +168,7 @@ void RunAndCatch(Month& month, CompanyMonth& result, const Company& company,
     Fail(result, month.step, refusal.what());
   } catch (const Failure& failure) {
     log::NoteFailure(failure, kCommand);
-    Fail(result, month.step, ReasonText(failure));
+    Fail(result, month.step, ReasonText(failure) + SoundBackupHint(failure));
   } catch (const std::exception& error) {
     log::NoteFailure({kInternalError, error.what()}, kCommand);
     Fail(result, month.step, std::string("Eroare neasteptata - ") + error.what());
@@ -192,7 +192,6 @@ CompanyMonth EndMonth(const MonthEndRequest& request, const Company& company,
   result.name = company.denumire;
   Month month(request, result);
   RunAndCatch(month, result, company, credential, streams);
-  CurrentDataEnv().CloseAll();
   const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
   result.seconds = elapsed.count();
   return result;
