@@ -82,12 +82,15 @@ constexpr const char* kLines =
     "SELECT NDI, NRLINIE, DATAINR, CONT, DEBIT, CREDIT, DOC, CODBUG, UTILIZATOR FROM Kv_Linii "
     "ORDER BY NDI, NRLINIE";
 
+// Without what later programs print around the report: company and days.
 std::string Printed(BandedReport& report) {
   report.LayOutAll();
   std::string text;
   for (int page = 0; page < report.PageCount(); ++page) {
     for (const BandedReport::Band& band : report.BandsOf(page)) {
+      if (band.section->role == BandRole::kPageTop) continue;
       for (const auto& [control, shown] : band.texts) {
+        if (control->name == "lblTiparit") continue;
         if (!shown.isEmpty()) text += shown.toStdString() + "|";
       }
       text += "\n";
