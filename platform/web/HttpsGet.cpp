@@ -47,6 +47,21 @@ QNetworkRequest RequestOf(const QUrl& url) {
   return request;
 }
 
+const char* WhyOf(QNetworkReply::NetworkError error) {
+  switch (error) {
+    case QNetworkReply::HostNotFoundError:
+      return "nu are un server cunoscut";
+    case QNetworkReply::ConnectionRefusedError:
+      return "este a unui server care nu raspunde";
+    case QNetworkReply::RemoteHostClosedError:
+      return "a intrerupt legatura inainte de sfarsitul documentului";
+    case QNetworkReply::TooManyRedirectsError:
+      return "trimite mereu la alta adresa";
+    default:
+      return "nu poate fi citita";
+  }
+}
+
 class Download {
  public:
   Download(const std::string& address, const HttpsLimits& limits)
@@ -90,12 +105,13 @@ class Download {
     if (reply_->error() == QNetworkReply::SslHandshakeFailedError) {
       Refuse("nu are un certificat valabil");
     }
+    if (reply_->error() == QNetworkReply::TooManyRedirectsError) Refuse(WhyOf(reply_->error()));
     const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     if (status != 0 && status != kStatusOk) {
       Refuse("nu are documentul: raspunsul are codul " + std::to_string(status));
     }
     if (reply_->error() != QNetworkReply::NoError) {
-      Refuse("nu poate fi citita: " + reply_->errorString().toStdString());
+      Refuse(WhyOf(reply_->error()));
     }
     Take();
     if (TooLarge()) {
