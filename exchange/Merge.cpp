@@ -115,15 +115,16 @@ void PrelLinii(Connection& company, const ExchangeHeader& header, ImportChanges&
   company.Execute("update tmp_Linii   set CODSucursala=?,CodIE='I', NDI=NDI+?",
                   {header.code, offset});
   // Every import adds the pairs of its own names, so the pair added last has the name that the
-  // branch's party has now. A party that has name and code here needs no pair: an older one would
-  // be of a former name.
+  // branch's party has now. A party that has name and code here may have none of this name: then an
+  // older one is of a former name and does not count.
   company.Execute(
       "update tmp_Linii set Tert=(select top 1 A.ID_TertCentru from [Terti - Asocieri CS] A where "
       "A.CodSucursala=? and A.ID_TertSucursala=tmp_Linii.Tert order by A.rowid desc) where Tert in "
       "(select ID_TertSucursala from [Terti - Asocieri CS] where CodSucursala=?) and Tert not in "
-      "(select tmp_Ter.COD from tmp_Ter inner join Kv_Ter on tmp_Ter.COD=Kv_Ter.COD where "
-      "tmp_Ter.NUME=Kv_Ter.NUME)",
-      {header.code, header.code});
+      "(select T.COD from tmp_Ter T inner join Kv_Ter K on T.COD=K.COD where T.NUME=K.NUME and not "
+      "exists (select 1 from [Terti - Asocieri CS] A inner join Kv_Ter N on N.COD=A.ID_TertCentru "
+      "where A.CodSucursala=? and A.ID_TertSucursala=T.COD and N.NUME=T.NUME))",
+      {header.code, header.code, header.code});
   changes.replaced = company.Execute(
       "delete from Kv_Linii WHERE CodSucursala=? AND CodIE='I' AND DataInr>=? AND DataInr<=?",
       {header.code, header.from, header.to});

@@ -89,6 +89,7 @@ void frmImport::BuildChanges() {
   grdModificari->setColumnWidth(0, kWidth / 5);
   lblLinii = new QLabel(frmModificari);
   lblLinii->setObjectName("lblLinii");
+  lblLinii->setWordWrap(true);
   lblStare = new QLabel(frmModificari);
   lblStare->setObjectName("lblStare");
   lblStare->setWordWrap(true);

@@ -118,6 +118,23 @@ TEST_F(Import, ReadsWhatOtherToolsWrite) {
   EXPECT_EQ(Lines(), kFirst);
 }
 
+TEST_F(Import, NewNamesakesKeepTheirLinesApartAtFirst) {
+  Connection branch = branch_.Open();
+  AddParty(branch, 5, "Delta");   // 14 here
+  AddParty(branch, 14, "Delta");  // 15
+  AddLine(branch, 6, 1, kTo, 5, Value());
+  AddLine(branch, 6, 2, kTo, 14, Value());
+  branch.Execute("UPDATE Kv_Linii SET EXPL = '6' WHERE NDI = 6");
+  Send();
+  const auto parties = [this] {
+    EXPECT_EQ(Take().result, Imported::Result::kDone);
+    return centre_.Rows("SELECT TERT FROM Kv_Linii WHERE EXPL = '6' ORDER BY NRLINIE");
+  };
+  EXPECT_EQ(parties(), "14 \n15 \n");
+  // The next time both names are found here, and the pair added last counts.
+  EXPECT_EQ(parties(), "15 \n15 \n");
+}
+
 TEST_F(Import, AThirdPartyWithoutANameIsNewOnlyWhereNoneHasAName) {
   Connection branch = branch_.Open();
   AddParty(branch, 5, Value());

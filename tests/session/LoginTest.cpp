@@ -1,9 +1,11 @@
 // What a login checks and does: the first start, the list of companies, users and versions.
+#include <chrono>
 #include <cstdlib>
 
 #include "platform/data/CompanyFile.h"
 #include "platform/system/Settings.h"
 #include "session/ApplicationFiles.h"
+#include "session/KeptFile.h"
 #include "session/Login.h"
 #include "session/Module1.h"
 #include "session/Session.h"
@@ -132,6 +134,14 @@ TEST_F(Login, ListingMakesWhatIsMissingAndKeepsWhatIsThere) {
   EXPECT_EQ(second.registry->Companies().size(), 2U);
   EXPECT_EQ(Content(Program() / "Societat.XML"), text);
   EXPECT_FALSE(fs::exists(Program() / "Kelnar01.mdb"));
+
+  // What killed programs left long ago goes.
+  for (const fs::path& folder : {Program(), Program() / kBackupFolder}) {
+    const fs::path left = WriteFile(folder / ".tevra-1.tmp", "x");
+    fs::last_write_time(left, fs::file_time_type::clock::now() - std::chrono::hours(2));
+    EXPECT_FALSE(LoadSocietati(Directory()).failure);
+    EXPECT_FALSE(fs::exists(left)) << left;
+  }
 
   fs::permissions(Program(), kReadOnly);
   EXPECT_FALSE(LoadSocietati(Directory()).failure) << "nothing to write, nothing to fail";
