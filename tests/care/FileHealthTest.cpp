@@ -39,6 +39,8 @@ TEST_F(FileHealth, TheNewestBackupInOrderCounts) {
   WriteFile(BackupFolder() / "Firma Vech_Kelnar01_03.02.2026_10.00.mdb",
             Content(sound).substr(0, 9000));
   WriteFile(BackupFolder() / "Firma Vech_Kelnar01_04.02.2026_10.00.mdb", "scrisoare");
+  const fs::path broken = Backup("Firma Vech_Kelnar01_02.02.2026_10.00.mdb");
+  DamageTable("Data Source=" + broken.string() + ";PWD=" + kFilePassword, "I_CLASIFICARE");
   Backup("Inlocuit_Kelnar01_05.02.2026_10.00.00.mdb");
   Backup("Firma Vech_Kelnar02_06.02.2026_10.00.mdb");
   Backup("Kelnar01_vechi.mdb");

@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "tests/KilledWrites.h"
+#include "tests/data/Damage.h"
 #include "tests/text/Expect.h"
 
 namespace fs = std::filesystem;
@@ -180,6 +181,13 @@ TEST_F(Import, WhatIsDoneBeforehandCanRefuse) {
   SetBeforeImport({});
   EXPECT_EQ(called, 1);
   EXPECT_EQ(Dump(centre_), before);
+}
+
+TEST_F(Import, DamageThatIsFoundAtItsEndTakesItBack) {
+  const std::string before = Lines();
+  DamageTable(centre_.ConnectionString(), "I_CLASIFICARE");
+  EXPECT_EQ(FailureOf([&] { Take(); }), kDatabaseNotOpened);
+  EXPECT_EQ(Lines(), before);
 }
 
 TEST_F(Import, AKilledImportLeavesTheOldOrTheNewState) {
