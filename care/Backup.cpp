@@ -6,10 +6,8 @@
 #include <vector>
 
 #include "care/BackupName.h"
-#include "care/FileHealth.h"
 #include "platform/system/Clock.h"
 #include "platform/system/Paths.h"
-#include "platform/text/Dates.h"
 #include "platform/text/FailureText.h"
 #include "session/DatabaseFiles.h"
 #include "session/KeptFile.h"
@@ -18,19 +16,6 @@
 namespace fs = std::filesystem;
 
 namespace tevra {
-
-namespace {
-
-// Two backups made within one second need two names.
-fs::path FreeName(const fs::path& folder, const std::string& begin) {
-  fs::path free = folder / (begin + ".mdb");
-  for (int i = 2; fs::exists(fs::symlink_status(free)); ++i) {
-    free = folder / (begin + "_" + std::to_string(i) + ".mdb");
-  }
-  return free;
-}
-
-}  // namespace
 
 CompanyFile SessionCompany() {
   const Session& session = CurrentSession();
@@ -56,22 +41,6 @@ fs::path BackUp(const CompanyFile& company, const fs::path& folder, const Progre
   const fs::path target = folder / BackupName(company.name, company.database, clock::Now());
   OverwriteWithCopy(company.file, target, {}, progress);
   return target;
-}
-
-fs::path BackUpBefore(const CompanyFile& company, const std::string& work,
-                      const Progress& progress) {
-  try {
-    const fs::path copy =
-        FreeName(MakeBackupFolder(), work + "_" + BareDatabase(company.database) + "_" +
-                                         Format(clock::Now(), "dd.mm.yyyy_hh.nn.ss"));
-    OverwriteWithCopy(company.file, copy, {}, progress);
-    return copy;
-  } catch (const Failure& failure) {
-    throw Failure(failure.Number(),
-                  "Salvarea dinaintea lucrarii nu a reusit, nu s-a schimbat nimic: " +
-                      failure.Description() + SoundBackupHint(failure),
-                  failure.Source());
-  }
 }
 
 int RemoveOlderBackups(const CompanyFile& company, const fs::path& newest, int keep) {

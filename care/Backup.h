@@ -31,17 +31,6 @@ std::filesystem::path MakeBackupFolder();
 std::filesystem::path BackUp(const CompanyFile& company, const std::filesystem::path& folder,
                              const Progress& progress = {});
 
-/// The same before `work` changes much of the company: to "<work>_<database>_<moment>.mdb" in the
-/// folder of backups, which is made when it is missing, under a name that no file has yet. Throws
-/// as BackUp, with a description that says that this backup failed.
-std::filesystem::path BackUpBefore(const CompanyFile& company, const std::string& work,
-                                   const Progress& progress = {});
-
-/// The works whose backups have these names.
-inline constexpr const char* kBeforeUpgrade = "Actualizare";
-inline constexpr const char* kBeforeImport = "Import";
-inline constexpr const char* kBeforeReclassification = "Reclasificare";
-
 /// Removes all but the `keep` latest backups that BackUp made of the company in the folder, by the
 /// moments in their names; `newest` always stays. Other files stay. Returns the number removed.
 /// Throws Failure 70 with the name of one that cannot be removed.

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "care/Backup.h"
+#include "care/AutomaticBackups.h"
 #include "care/Denominare.h"
 #include "care/Maintenance.h"
 #include "engine/Reclassification2005.h"

@@ -1,5 +1,6 @@
 #include "care/Upgrade.h"
 
+#include "care/AutomaticBackups.h"
 #include "care/clsCompareBD.h"
 #include "platform/data/CompanyFile.h"
 #include "platform/data/FileCheck.h"

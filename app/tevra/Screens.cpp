@@ -1,7 +1,7 @@
 #include "app/tevra/Screens.h"
 
 #include "accounting/frmLinii.h"
-#include "care/Backup.h"
+#include "care/AutomaticBackups.h"
 #include "care/CareMenu.h"
 #include "care/FileHealth.h"
 #include "care/frmRestaurare.h"

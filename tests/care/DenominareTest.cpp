@@ -232,22 +232,5 @@ TEST_F(DenominareTest, AKilledOneLeavesTheOldOrTheNewState) {
   }
 }
 
-TEST_F(DenominareTest, EveryBackupBeforeAWorkHasItsOwnName) {
-  const fs::path first = BackUpBefore(SessionCompany(), kBeforeImport);
-  const std::string content = All();
-  Execute("DELETE FROM I_IMO");
-  const fs::path second = BackUpBefore(SessionCompany(), kBeforeImport);
-  EXPECT_EQ(first, BackupFolder() / "Import_Kelnar01_01.07.2005_09.30.00.mdb");
-  EXPECT_EQ(second, BackupFolder() / "Import_Kelnar01_01.07.2005_09.30.00_2.mdb");
-  EXPECT_EQ(Dump(first), content);
-  EXPECT_EQ(Dump(second), All());
-  EXPECT_EQ(RemoveOlderBackups(SessionCompany(), second, 1), 0);
-  fs::remove_all(BackupFolder());
-  WriteFile(BackupFolder(), "in calea directorului");
-  const Refusal refusal = RefusalOf([] { BackUpBefore(SessionCompany(), kBeforeImport); });
-  EXPECT_EQ(refusal.number, kPermissionDenied);
-  EXPECT_TRUE(refusal.text.starts_with("Salvarea dinaintea lucrarii nu a reusit")) << refusal.text;
-}
-
 }  // namespace
 }  // namespace tevra::test

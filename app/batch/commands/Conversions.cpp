@@ -1,7 +1,7 @@
 #include "app/batch/Refusal.h"
 #include "app/batch/Rights.h"
 #include "app/batch/commands/Commands.h"
-#include "care/Backup.h"
+#include "care/AutomaticBackups.h"
 #include "care/Denominare.h"
 #include "engine/Reclassification2005.h"
 

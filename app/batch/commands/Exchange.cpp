@@ -1,7 +1,7 @@
 #include "app/batch/Refusal.h"
 #include "app/batch/Table.h"
 #include "app/batch/commands/Commands.h"
-#include "care/Backup.h"
+#include "care/AutomaticBackups.h"
 #include "exchange/ChangesText.h"
 #include "exchange/ExchangeHeader.h"
 #include "exchange/ExportFile.h"
