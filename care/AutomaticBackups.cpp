@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "care/BackupName.h"
+#include "care/FileHealth.h"
 #include "platform/system/Clock.h"
 #include "platform/text/Dates.h"
 #include "platform/text/Failure.h"
@@ -103,10 +104,10 @@ fs::path BackUpBefore(const CompanyFile& company, const std::string& work,
   try {
     copy = MakeBackup(company, work, progress);
   } catch (const Failure& failure) {
-    throw Failure(
-        failure.Number(),
-        "Salvarea dinaintea lucrarii nu a reusit, nu s-a schimbat nimic: " + failure.Description(),
-        failure.Source());
+    throw Failure(failure.Number(),
+                  "Salvarea dinaintea lucrarii nu a reusit, nu s-a schimbat nimic: " +
+                      failure.Description() + SoundBackupHint(failure),
+                  failure.Source());
   }
   RemoveOlder(company, copy);
   return copy;
