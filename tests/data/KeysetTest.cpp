@@ -129,6 +129,33 @@ TEST_F(KeysetTest, RowsAreAsTheyAreWhenLookedAt) {
   EXPECT_EQ(std::size_t{kAssets - 1}, rows.RecordCount());
 }
 
+TEST_F(KeysetTest, ADeletedRowStaysAwayHoweverTheListIsArranged) {
+  Recordset rows = connection_.OpenKeyset("SELECT * FROM T_IMO ORDER BY NRCRT");
+  const std::size_t coded = rows.FieldIndex("COD");
+  rows.SetPosition(1);
+  rows.Delete();
+  for (const char* sort : {"", "COD DESC", ""}) {
+    if (*sort) rows.SetSort(sort);
+    rows.SetSort("");
+    ASSERT_EQ(rows.RecordCount(), std::size_t{kAssets - 1});
+    EXPECT_EQ(rows.ValueAt(0, coded), Value("0"));
+    EXPECT_EQ(rows.ValueAt(1, coded), Value("2"));
+    for (std::size_t i = 0; i < rows.RecordCount(); ++i) (void)rows.ValueAt(i, coded);
+  }
+}
+
+TEST_F(KeysetTest, ADeletedRowLeavesTheOthersInTheirPlaces) {
+  Recordset rows = connection_.OpenKeyset("SELECT * FROM T_IMO ORDER BY NRCRT");
+  const std::size_t coded = rows.FieldIndex("COD");
+  EXPECT_EQ(kNoCurrentRecord, FailureOf([&] { rows.SetBookmark(kAssets + 5); }));
+  rows.MovePrevious();
+  EXPECT_EQ(rows.Get("COD"), Value(std::to_string(kAssets - 1)));
+  rows.SetPosition(1);
+  rows.Delete();
+  EXPECT_EQ(rows.ValueAt(1, coded), Value("2"));
+  EXPECT_EQ(rows.ValueAt(kAssets - 2, coded), Value(std::to_string(kAssets - 1)));
+}
+
 TEST_F(KeysetTest, WhatWasWrittenHereStaysInTheList) {
   Recordset rows = connection_.OpenKeyset("SELECT * FROM T_IMO WHERE VAL > 100 ORDER BY NRCRT");
   const std::string code = rows.Get("COD").AsText();

@@ -36,6 +36,16 @@ TEST(RowIdsTest, HoldsAnyIdsInAnyOrder) {
   }
 }
 
+TEST(RowIdsTest, ABlockHoldsDistancesUpToItsWidth) {
+  for (const std::int64_t distance : {65'535LL, 65'536LL, 4'294'967'295LL, 4'294'967'296LL}) {
+    RowIds ids;
+    std::vector<std::int64_t> plain{-5, distance - 5};
+    for (std::int64_t i = 2; i < 1024; ++i) plain.push_back(i);
+    for (const std::int64_t id : plain) ids.push_back(id);
+    ExpectSame(ids, plain);
+  }
+}
+
 TEST(RowIdsTest, FindsAnIdThatOccursTwice) {
   for (const std::int64_t step : {1LL, 1'000'000LL, 1'000'000'000'000LL}) {
     RowIds ids;

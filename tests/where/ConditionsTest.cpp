@@ -211,6 +211,19 @@ TEST_F(ConditionsTest, RefuseWhatAFieldCannotHave) {
             "Conditia \"DEBIT\": nu se poate compara prin \"contine\"");
   EXPECT_THROW((void)ClauseOf(fields_, {{"Kv_Linii.NIMIC", kEqual, "1"}}), Failure);
   EXPECT_THROW((void)WhereFieldsOf(connection_, "Lipsa", {}), Failure);
+  const std::vector<WhereField> assets = WhereFieldsOf(connection_, "I_IMO", {});
+  EXPECT_TRUE(FindField(assets, "I_IMO.COD"));
+  EXPECT_FALSE(FindField(assets, "I_IMO.BLOCATA"));  // yes or no
+}
+
+TEST_F(ConditionsTest, ABeginningGoesOnWithAnyCharacter) {
+  int note = 0;
+  for (const char* text : {"IM", "IMO", "IMO~", "imoz", "IMO\xC8\x9B", "IMP"}) {
+    connection_.Execute("INSERT INTO Kv_Linii (NDI, NRLINIE, DOC) VALUES (?, 1, ?)",
+                        {++note, text});
+  }
+  EXPECT_EQ(Found(ClauseOf(fields_, {{"Kv_Linii.DOC", WhereOperator::kBegins, "imo"}})),
+            "2 3 4 5 ");
 }
 
 TEST_F(ConditionsTest, NoTextIsReadAsPartOfTheStatement) {
