@@ -55,6 +55,7 @@ TEST_F(UpgradeTest, BringsWhatIsMissingAndConvertsWhatIsThere) {
   const TableDef* assets = Find(tables, "I_IMO");
   EXPECT_EQ(assets->fields.back().name, "DENUMIRE");
   EXPECT_TRUE(assets->Find("NRCRT")->autoNumber);
+  EXPECT_TRUE(Find(tables, "Kv_Linii")->indexes == Find(Template(), "Kv_Linii")->indexes);
   EXPECT_EQ(company_.AddAsset({{"COD", "101"}}), 2);
   EXPECT_FALSE(StructuraDiferita());
 }
@@ -88,6 +89,32 @@ TEST_F(UpgradeTest, AFieldWhoseValuesDoNotConvertStaysWhole) {
     EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
   }
   EXPECT_EQ(result.left.size(), 3U) << text;
+  EXPECT_FALSE(StructuraDiferita());
+}
+
+TEST_F(UpgradeTest, AKeyThatTheRowsRefuseIsReportedAndItsFieldsAreBrought) {
+  {
+    Connection old = company_.Open();
+    Catalogue catalogue(old);
+    catalogue.DropPrimaryKey("Kv_CC");
+    catalogue.DropField("Kv_CC", "COD");
+    old.Execute("INSERT INTO Kv_CC (TITLU) VALUES ('fara cod')");
+    catalogue.DropPrimaryKey("KV_JUR");
+    catalogue.AlterField("KV_JUR", {.name = "COD", .size = 2, .defaultValue = {}});
+    old.Execute("INSERT INTO KV_JUR (TITLU) VALUES ('fara cod')");
+    catalogue.DropPrimaryKey("I_LOCALIZARE");
+    old.Execute("DELETE FROM I_LOCALIZARE");
+    catalogue.CreatePrimaryKey("I_LOCALIZARE", {"TITLU"});
+  }
+  const std::string text = LeftText(Upgrade());
+  for (const char* part : {"Kv_CC", "KV_JUR.COD: valoarea este obligatorie",
+                           "KV_JUR: ", "I_LOCALIZARE: tabela are alta cheie"}) {
+    EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
+  }
+  const auto tables = Tables();
+  EXPECT_EQ(Row("COD, TITLU", "Kv_CC"), " fara cod \n");
+  EXPECT_EQ(Find(tables, "KV_JUR")->Find("COD")->size, 3);
+  EXPECT_EQ(Find(tables, "I_LOCALIZARE")->indexes.front().fields.front(), "TITLU");
   EXPECT_FALSE(StructuraDiferita());
 }
 

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <thread>
 
+#include "exchange/ChangesText.h"
 #include "tests/KilledWrites.h"
 #include "tests/data/Damage.h"
 #include "tests/text/Expect.h"
@@ -42,6 +43,23 @@ TEST_F(Import, AddsWhatIsNewAndTheLinesOfThePeriod) {
             (std::vector<MatchedParty>{{3, "ALFA", 1, false}, {4, "Gama", 13, true}}));
   EXPECT_EQ(changes.lines, (LoadedLines{4, 0, 11.3, 11.3}));
   EXPECT_EQ(changes.replaced, 0);
+}
+
+TEST_F(Import, WarnsOfWhatLooksWrong) {
+  ImportChanges changes;
+  changes.lines = {2, 0, 0.1 + 0.2, 0.3};
+  EXPECT_TRUE(ImportWarnings(changes).empty());
+  changes.lines = Take(Changed("DEBIT='10.1'", "DEBIT='10.2'"), true).changes.lines;
+  EXPECT_EQ(changes.lines, (LoadedLines{4, 0, 11.4, 11.3}));
+  EXPECT_EQ(LinesText(changes), "4 linii noi, 0 linii inlocuite; debit 11,40, credit 11,30");
+  EXPECT_EQ(ImportWarnings(changes),
+            (std::vector<std::string>{"Suma debitelor difera de suma creditelor."}));
+  changes.lines = Take(Changed("31.12.2006<", "30.12.2006<"), true).changes.lines;
+  changes.nameless = 1;
+  EXPECT_EQ(ImportWarnings(changes),
+            (std::vector<std::string>{
+                "2 linii sunt in afara perioadei din antet; un nou import nu le va inlocui.",
+                "1 tert fara nume nu se poate asocia; liniile pastreaza codul sucursalei."}));
 }
 
 TEST_F(Import, AnotherImportOfThePeriodReplacesTheLines) {
