@@ -152,10 +152,14 @@ void SetBeforeMonth(std::function<void(Connection&)> prepare) {
   BeforeMonth() = std::move(prepare);
 }
 
+void PrepareMonth(Connection& connection) {
+  if (BeforeMonth()) BeforeMonth()(connection);
+}
+
 int RunMonth(Connection& connection, const DateTime& dataCalcul) {
   std::int16_t count = 0;
   Transaction transaction(connection);
-  if (BeforeMonth()) BeforeMonth()(connection);
+  PrepareMonth(connection);
   {
     ForwardCursor row(connection, "Select * from i_imo ", ReadFields(), WrittenFields());
     while (row.Next()) {

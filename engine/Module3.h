@@ -24,6 +24,9 @@ int RunMonth(Connection& connection, const DateTime& dataCalcul);
 /// nothing changed.
 void SetBeforeMonth(std::function<void(Connection&)> prepare);
 
+/// Calls that for other work of the month. Throws what it throws.
+void PrepareMonth(Connection& connection);
+
 /// Calculates the first asset of the open company with this COD for a date, as a disposal needs it:
 /// as if it had not left. The stored values are replaced until the next monthly run. An unknown COD
 /// changes nothing. Throws Failure and leaves the asset unchanged.

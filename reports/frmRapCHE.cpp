@@ -62,6 +62,7 @@ void frmRapCHE::pAddNoteContabile() {
   Run("pAddNoteContabile", [this](Procedure& procedure) {
     procedure.line = 1;
     Connection connection(CurrentSession().connectionString);
+    PrepareMonth(connection);
     const MonthUse others = OthersUnderMonth(connection, SelectedDate());
     if (!MayReplace(others)) return;
     const Hourglass waiting;

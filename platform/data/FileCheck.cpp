@@ -1,5 +1,8 @@
 #include "platform/data/FileCheck.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include "platform/data/RowReader.h"
 
 namespace tevra {
@@ -8,6 +11,18 @@ namespace {
 
 constexpr const char* kDamaged = "Baza de date este deteriorata";
 
+constexpr std::size_t kMostFaults = 20;
+
+// One row of the engine may have many lines, the first of which only names the database.
+void AddLines(std::string_view row, std::vector<std::string>& faults) {
+  while (!row.empty() && faults.size() < kMostFaults) {
+    const std::size_t end = std::min(row.find('\n'), row.size());
+    const std::string_view line = row.substr(0, end);
+    if (!line.empty() && !line.starts_with("***")) faults.emplace_back(line);
+    row.remove_prefix(std::min(end + 1, row.size()));
+  }
+}
+
 }  // namespace
 
 std::vector<std::string> FindDamage(Connection& company, CheckDepth depth) {
@@ -15,11 +30,11 @@ std::vector<std::string> FindDamage(Connection& company, CheckDepth depth) {
   try {
     RowReader rows(company, depth == CheckDepth::kQuick ? "PRAGMA quick_check(20)"
                                                         : "PRAGMA integrity_check(20)");
-    while (rows.Next()) faults.emplace_back(rows.Text(0));
+    while (rows.Next()) AddLines(rows.Text(0), faults);
   } catch (const Failure& failure) {
     // Damage of the page with the structure stops the check itself.
     if (!TellsDamage(failure)) throw;
-    faults.push_back(failure.Description());
+    if (faults.empty()) faults.push_back(failure.Description());
   }
   if (faults.size() == 1 && faults.front() == "ok") faults.clear();
   return faults;

@@ -21,8 +21,12 @@ TEST_F(FileCheck, FindsNothingInAFileInOrder) {
 
 TEST_F(FileCheck, FindsAPageThatIsNone) {
   DamageTable(StringOf(file_), "T_LIN");
-  EXPECT_FALSE(Damage(CheckDepth::kQuick).empty());
-  EXPECT_FALSE(Damage(CheckDepth::kFull).empty());
+  for (const CheckDepth depth : {CheckDepth::kQuick, CheckDepth::kFull}) {
+    const std::vector<std::string> faults = Damage(depth);
+    ASSERT_GT(faults.size(), 1U);
+    EXPECT_EQ(faults[0].rfind("Page ", 0), 0U) << faults[0];
+    for (const std::string& fault : faults) EXPECT_EQ(fault.find('\n'), fault.npos) << fault;
+  }
   Connection company(StringOf(file_));
   ExpectRefused(kDatabaseNotOpened, "Baza de date este deteriorata: " + file_.string() + " (",
                 [&] { RequireIntact(company); });

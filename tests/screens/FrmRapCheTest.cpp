@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/Module3.h"
+#include "platform/data/FileCheck.h"
 #include "platform/print/frmPreview.h"
 #include "platform/system/Clock.h"
 #include "reports/Reports.h"
@@ -116,6 +118,19 @@ TEST_F(FrmRapChe, PostsTheMonthWhenAskedAlsoBehindARunThatFailed) {
             "Eroare -2147221494 - Trebuie sa precizati: Cont in procedura pAddNoteContabile din "
             "Form frmRapCHE Linia: 2");
   EXPECT_EQ(lines("SUM(DEBIT)").AsDouble(), 240.0);
+}
+
+TEST_F(FrmRapChe, ADamagedFileIsNeitherCalculatedNorPosted) {
+  company_.Open().Execute("UPDATE I_IMO SET CONT = '2131', COTAL_LUNARA = 0.02");
+  SetBeforeMonth([](Connection&) { throw DamagedFile("deteriorata"); });
+  screen_.chkGenNoteContabile->setChecked(true);
+  QTest::mouseClick(screen_.cmdCalcul, Qt::LeftButton);
+  SetBeforeMonth({});
+  ASSERT_EQ(messages_.shown.size(), 3u);
+  EXPECT_EQ(messages_.shown[1].prompt, "deteriorata");
+  EXPECT_NE(messages_.shown[2].prompt.find("deteriorata"), std::string::npos);
+  EXPECT_TRUE(Stored("DATA_CALCUL").IsNull());
+  EXPECT_EQ(company_.Rows("SELECT NDI FROM Kv_Linii"), "");
 }
 
 TEST_F(FrmRapChe, NotesOfAnotherYearAreAskedForAndKeptOnNo) {
