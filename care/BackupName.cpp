@@ -35,6 +35,14 @@ std::string WithoutExtension(const std::string& name) {
   return has ? name.substr(0, name.size() - length) : std::string();
 }
 
+// Without the "_2" that tells apart backups made within one second.
+std::string WithoutNumber(const std::string& bare) {
+  constexpr const char* kDigits = "0123456789";
+  const std::size_t last = bare.find_last_not_of(kDigits);
+  const bool numbered = last != std::string::npos && last + 1 < bare.size() && bare[last] == '_';
+  return numbered ? bare.substr(0, last) : bare;
+}
+
 // Read strictly: what Format gives for the moment must be the text itself.
 std::optional<DateTime> Moment(const std::string& text, const char* form) {
   const auto part = [&](std::size_t at, std::size_t length) {
@@ -77,7 +85,7 @@ std::optional<DateTime> MomentOfBackup(const std::string& name, const std::strin
 }
 
 std::optional<DateTime> MomentInName(const std::string& name) {
-  const std::string bare = WithoutExtension(name);
+  const std::string bare = WithoutNumber(WithoutExtension(name));
   for (const char* form : {kSecondForm, kMinuteForm}) {
     const std::size_t length = std::char_traits<char>::length(form);
     if (bare.size() < length) continue;

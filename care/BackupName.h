@@ -19,7 +19,8 @@ std::string BackupName(const std::string& companyName, const std::string& databa
 std::optional<DateTime> MomentOfBackup(const std::string& name, const std::string& companyName,
                                        const std::string& database);
 
-/// The moment at the end of a backup's name, with or without seconds, whoever's backup it is.
+/// The moment at the end of a backup's name, with or without seconds, whoever's backup it is. A
+/// number "_2" behind it does not count.
 std::optional<DateTime> MomentInName(const std::string& name);
 
 /// The database's name without its extension.
