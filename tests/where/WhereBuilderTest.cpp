@@ -171,6 +171,17 @@ TEST_F(WhereBuilderTest, ManyRowsScrollAndLeaveTheScreenItsRoom) {
   EXPECT_FALSE(QApplication::focusWidget()->visibleRegion().isEmpty());
 }
 
+TEST_F(WhereBuilderTest, TheConditionStaysUnderAnotherFieldAndEnterOnAButtonIsNoSearch) {
+  screen_->findChild<QWidget*>("cboConditie")->setFocus();
+  Choose("intre");
+  screen_->findChild<QWidget*>("cboListaCautare")->setFocus();
+  Choose("NDI");
+  EXPECT_EQ(screen_->findChild<QComboBox*>("cboConditie")->currentText(), "intre");
+  screen_->findChild<QWidget*>("cmdAdaugaConditie")->setFocus();
+  Key(Qt::Key_Return);
+  EXPECT_EQ(searches_, 0);
+}
+
 TEST_F(WhereBuilderTest, ANewRowTakesTheKeysFromTheListOfTheRowBefore) {
   builder_->SetConditions({{"Kv_Linii.TERT", WhereOperator::kEqual, ""}});
   builder_->FirstBox()->setFocus();
