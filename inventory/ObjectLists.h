@@ -5,16 +5,13 @@
 #include <string>
 
 #include "inventory/ObjectCard.h"
+#include "session/CodeLists.h"
 
 namespace tevra {
 
-struct ObjectCodeList {
-  object::Text box;         ///< the box that gets the code
-  const char* combo;        ///< the name of the list's combo
-  const char* boundColumn;  ///< the codes
-  const char* listField;    ///< what is shown
-  const char* list;         ///< the statement of the entries
-  const char* text;         ///< the statement of one code's text; its parameter is the code
+struct ObjectCodeList : CodeList {
+  object::Text box;   ///< the box that gets the code
+  const char* combo;  ///< the name of the list's combo
 };
 
 /// In the order in which the card loads them.

@@ -84,7 +84,7 @@ void frmObInvFisa::Form_Load() {
     bAdaugare_ ? OpenNew() : OpenExisting();
     LoadCombos();
   });
-  derived_ = {NumberIn(kValue), NumberIn(kRate)};
+  derived_ = {txtNumar[kValue]->Content(), txtNumar[kRate]->Content()};
   MarkSaved();
   ShowNote();
 }
@@ -106,10 +106,7 @@ void frmObInvFisa::OpenExisting() {
     txtText[i]->SetText(card.text[i]);
     txtText[i]->setCursorPosition(0);  // a long text shows its beginning
   }
-  for (std::size_t i = 0; i < kNumbers; ++i) {
-    const Value& number = card.number[i];
-    txtNumar[i]->SetNumber(number.IsNull() ? std::nullopt : std::optional(number.AsDouble()));
-  }
+  for (std::size_t i = 0; i < kNumbers; ++i) txtNumar[i]->SetContent(card.number[i]);
   for (std::size_t i = 0; i < kDates; ++i) DTPicker1[i]->SetDate(card.date[i]);
   chKCasare->setChecked(stored->left);
   Frame1->setEnabled(!stored->left);
@@ -158,11 +155,11 @@ void frmObInvFisa::PickedInCombo(std::size_t combo) {
 // On the card of an existing object a box that the user only passed through derives nothing: the
 // value in currency may have been corrected by hand.
 void frmObInvFisa::txtNumar_LostFocus(Number left) {
-  const Value now = NumberIn(left);
+  const Value now = txtNumar[left]->Content();
   const bool passed = !bAdaugare_ && now == derived_[left];
   derived_[left] = now;
   if (passed) return;
-  const auto foreign = ForeignValue(NumberIn(kValue), NumberIn(kRate));
+  const auto foreign = ForeignValue(txtNumar[kValue]->Content(), txtNumar[kRate]->Content());
   if (!foreign) return;
   NumberBox* box = txtNumar[kForeignValue];
   box->SetNumber(foreign);
@@ -171,16 +168,10 @@ void frmObInvFisa::txtNumar_LostFocus(Number left) {
 
 // ---- Saving -------------------------------------------------------------------------------------
 
-Value frmObInvFisa::NumberIn(Number box) const {
-  const NumberBox& number = *txtNumar[box];
-  if (number.IsEmpty()) return {};
-  return number.IsNumeric() ? Value(number.Number().value()) : Value(number.Text());
-}
-
 ObjectCard frmObInvFisa::Card() const {
   ObjectCard card;
   for (std::size_t i = 0; i < kTexts; ++i) card.text[i] = txtText[i]->Text();
-  for (const Number box : {kValue, kRate, kForeignValue}) card.number[box] = NumberIn(box);
+  for (std::size_t i = 0; i < kNumbers; ++i) card.number[i] = txtNumar[i]->Content();
   for (std::size_t i = 0; i < kDates; ++i) {
     card.date[i] = DTPicker1[i]->Date().value_or(clock::Today());
   }

@@ -83,7 +83,6 @@ class frmObInvFisa : public Form {
 
   // Saving.
   ObjectCard Card() const;
-  Value NumberIn(object::Number box) const;
   bool Refuse(const ObjectRefusal& refusal);
   void cmdSalvare_Click(Procedure& running);
   void cmdModificare_Click();

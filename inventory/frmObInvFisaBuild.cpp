@@ -97,6 +97,7 @@ QWidget* frmObInvFisa::BuildObject() {
   grid->setColumnStretch(1, 4);
   grid->setColumnStretch(1 + kColumn, 3);
   grid->setColumnMinimumWidth(left - 1, 0);
+  MakeReadable(Frame1);  // the card of an object that left is for reading
   return Frame1;
 }
 

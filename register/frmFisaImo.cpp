@@ -95,11 +95,7 @@ void frmFisaImo::Settle() {
 AssetCard frmFisaImo::Card() const {
   AssetCard card;
   for (std::size_t i = 0; i < txtText.size(); ++i) card.text[i] = txtText[i]->Text();
-  for (std::size_t i = 0; i < txtNumar.size(); ++i) {
-    const NumberBox& box = *txtNumar[i];
-    if (box.IsEmpty()) continue;
-    card.number[i] = box.IsNumeric() ? Value(box.Number().value()) : Value(box.Text());
-  }
+  for (std::size_t i = 0; i < txtNumar.size(); ++i) card.number[i] = txtNumar[i]->Content();
   for (std::size_t i = 0; i < DTPicker1.size(); ++i) {
     card.date[i] = DTPicker1[i]->Date().value_or(clock::Today());
   }

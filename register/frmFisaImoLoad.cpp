@@ -4,6 +4,7 @@
 #include "platform/system/Clock.h"
 #include "platform/text/Numbers.h"
 #include "register/frmFisaImo.h"
+#include "session/CodeLists.h"
 #include "session/Combos.h"
 #include "session/Module1.h"
 
@@ -26,16 +27,24 @@ bool KeepsNewClass() {
   return clock::Today() >= kNewCatalogue;
 }
 
+constexpr CodeList kNewClasses{
+    "COD_GR_NOU", "COD_DENUMIRE",
+    "Select COD_GR_NOU, COD_GR_NOU & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE where "
+    "durnor_nou<>0 order by COD_GR_NOU",
+    "Select COD_GR_NOU & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE where COD_GR_NOU = ?"};
+
+constexpr CodeList kOldClasses{
+    "COD_GR", "COD_DENUMIRE",
+    "Select COD_GR, COD_GR & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE where durnor<>0 order "
+    "by COD_GR",
+    "Select COD_GR & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE where COD_GR = ?"};
+
 }  // namespace
 
-/// A combo of the card, the box with its value, and its statements.
-struct frmFisaImo::ComboSource {
+/// A combo of the card and the box with its value.
+struct frmFisaImo::ComboSource : CodeList {
   DataCombo* combo;
   QLineEdit* box;
-  const char* boundColumn;
-  const char* listField;
-  const char* list;
-  const char* text;  ///< returns the combo's text for a value; none when the value is the text
 };
 
 void frmFisaImo::Form_Load() {
@@ -99,9 +108,7 @@ void frmFisaImo::LoadBoxes(const Recordset& row) {
   static constexpr const char* kDateFields[] = {"DATA_ACH", "DATA_PF", "DATA_IN_AM", "DATA_SF",
                                                 "DATA_BLOCARE"};
   for (std::size_t i = 0; i < txtNumar.size(); ++i) {
-    if (!kNumberFields[i]) continue;
-    const Value value = row.Get(kNumberFields[i]);
-    txtNumar[i]->SetNumber(value.IsNull() ? std::nullopt : std::optional(value.AsDouble()));
+    if (kNumberFields[i]) txtNumar[i]->SetContent(row.Get(kNumberFields[i]));
   }
   for (std::size_t i = 0; i < txtText.size(); ++i) {
     txtText[i]->SetText(Nz(row.Get(kTextFields[i]), "").TextOrEmpty());
@@ -114,33 +121,20 @@ void frmFisaImo::LoadBoxes(const Recordset& row) {
 
 // In the order in which they are loaded.
 std::array<frmFisaImo::ComboSource, 7> frmFisaImo::Combos() const {
-  const bool newer = OffersNewClasses();
+  const CodeList vat =
+      VatRates("Select COD, CONT & '-' & PROCENT As CONT_PROCENT from kv_COTE Order by COD");
+  const CodeList accounts = Accounts(
+      "Select CONT, CONT & '-' & TITLU As CONT_TITLU from kv_PC WHERE LEN(CONT) >=3 order by CONT");
+  const CodeList use{"Indice", "Indice", "Select INDICE from I_Grade Order by Indice desc",
+                     nullptr};
   return {{
-      {cboGrupa, txtText[kGroup], newer ? "COD_GR_NOU" : "COD_GR", "COD_DENUMIRE",
-       newer ? "Select COD_GR_NOU, COD_GR_NOU & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE "
-               "where durnor_nou<>0 order by COD_GR_NOU"
-             : "Select COD_GR, COD_GR & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE where "
-               "durnor<>0 order by COD_GR",
-       newer ? "Select COD_GR_NOU & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE where "
-               "COD_GR_NOU = ?"
-             : "Select COD_GR & '-' & DEN_GR As COD_DENUMIRE from I_CLASIFICARE where COD_GR = ?"},
-      {cboCentruCost, txtText[kCostCentre], "COD", "COD_TITLU",
-       "Select COD, COD & '-' & TITLU As COD_TITLU from kv_cc Where UTILIZABIL = 'D' order by COD",
-       "Select COD & '-' & TITLU As COD_TITLU from kv_cc where COD = ?"},
-      {cboLocalizare, txtText[kLocation], "COD", "COD_TITLU",
-       "Select COD, COD & '-' & TITLU As COD_TITLU from I_LOCALIZARE order by COD",
-       "Select COD & '-' & TITLU As COD_TITLU from I_LOCALIZARE where COD = ?"},
-      {cboFurnizori, txtText[kSupplier], "COD", "NUME",
-       "Select COD, NUME from kv_ter where Ucase(TIP) in ('F', 'M') order by NUME",
-       "Select NUME  from kv_TER where COD = CLng(?)"},
-      {cboTVA, txtText[kVat], "COD", "CONT_PROCENT",
-       "Select COD, CONT & '-' & PROCENT As CONT_PROCENT from kv_COTE Order by COD",
-       "Select CONT & '-' & PROCENT As CONT_PROCENT from kv_COTE where COD = CLng(?)"},
-      {cboCont, txtText[kAccount], "CONT", "CONT_TITLU",
-       "Select CONT, CONT & '-' & TITLU As CONT_TITLU from kv_PC WHERE LEN(CONT) >=3 order by CONT",
-       "Select CONT & '-' & TITLU As CONT_TITLU from kv_PC where CONT = ?"},
-      {cboGradUtiliz, txtNumar[kUse], "Indice", "Indice",
-       "Select INDICE from I_Grade Order by Indice desc", nullptr},
+      {OffersNewClasses() ? kNewClasses : kOldClasses, cboGrupa, txtText[kGroup]},
+      {kCostCentres, cboCentruCost, txtText[kCostCentre]},
+      {kLocations, cboLocalizare, txtText[kLocation]},
+      {kSuppliers, cboFurnizori, txtText[kSupplier]},
+      {vat, cboTVA, txtText[kVat]},
+      {accounts, cboCont, txtText[kAccount]},
+      {use, cboGradUtiliz, txtNumar[kUse]},
   }};
 }
 

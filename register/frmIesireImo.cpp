@@ -18,10 +18,6 @@ using namespace account;
 
 enum Source : std::size_t { kExpenses, kCustomers, kRevenues, kVatRates, kClients };
 
-std::optional<double> Stored(const Value& value) {
-  return value.IsNull() ? std::nullopt : std::optional(value.AsDouble());
-}
-
 void ShowNotice(QLabel* label, const std::string& text) {
   label->setText(QString::fromStdString(text));
   label->setVisible(!text.empty());
@@ -175,15 +171,15 @@ std::optional<DisposalAsset> frmIesireImo::Calculate() {
   calculated_ = date;
   if (!asset) return asset;
   ShowResidual(*asset);
-  TextCump->SetNumber(Stored(asset->cost));
-  TextCumpDev->SetNumber(Stored(asset->foreignCost));
+  TextCump->SetContent(asset->cost);
+  TextCumpDev->SetContent(asset->foreignCost);
   noteRate_ = asset->noteRate;
   return asset;
 }
 
 void frmIesireImo::ShowResidual(const DisposalAsset& asset) {
-  txtValoare[kResidual]->SetNumber(Stored(asset.residual));
-  txtValoare[kForeignResidual]->SetNumber(Stored(asset.foreignResidual));
+  txtValoare[kResidual]->SetContent(asset.residual);
+  txtValoare[kForeignResidual]->SetContent(asset.foreignResidual);
   shown_ = asset;
 }
 

@@ -20,14 +20,6 @@ constexpr const char* kMoney = "#.##0,00";
 constexpr int kLongestDocument = 255;
 constexpr int kAccountWidth = 34;  // characters of a title behind its account
 
-// Most amounts are derived, so their boxes are disabled; they are what the user checks.
-void MakeReadable(QWidget* box) {
-  QPalette palette = box->palette();
-  palette.setColor(QPalette::Disabled, QPalette::Text,
-                   palette.color(QPalette::Active, QPalette::Text));
-  box->setPalette(palette);
-}
-
 QLabel* MakeNotice(const char* name, QWidget* parent) {
   auto* label = new QLabel(parent);
   label->setObjectName(name);
@@ -40,6 +32,7 @@ QLabel* MakeNotice(const char* name, QWidget* parent) {
 
 }  // namespace
 
+// Most amounts are derived, so their boxes are disabled; they are what the user checks.
 NumberBox* frmIesireImo::MakeAmount(const char* name) {
   auto* box = new NumberBox(name, kMoney, this);
   box->setAlignment(Qt::AlignRight);

@@ -12,11 +12,6 @@ namespace {
 using namespace amount;
 using namespace account;
 
-Value Content(const NumberBox& box) {
-  if (box.IsEmpty()) return {};
-  return box.IsNumeric() ? Value(box.Number().value()) : Value(box.Text());
-}
-
 }  // namespace
 
 Disposal frmIesireImo::Contents() const {
@@ -27,12 +22,12 @@ Disposal frmIesireImo::Contents() const {
   disposal.date = DTPicker1->Date().value();
   disposal.client = cboIDClient->BoundText();
   disposal.document = txtDocIesire->Text();
-  for (std::size_t i = 0; i < txtValoare.size(); ++i) disposal.value[i] = Content(*txtValoare[i]);
-  disposal.cost = Content(*TextCump);
-  disposal.foreignCost = Content(*TextCumpDev);
+  for (std::size_t i = 0; i < txtValoare.size(); ++i) disposal.value[i] = txtValoare[i]->Content();
+  disposal.cost = TextCump->Content();
+  disposal.foreignCost = TextCumpDev->Content();
   for (std::size_t i = 0; i < txtCont.size(); ++i) disposal.cont[i] = txtCont[i]->Text();
   disposal.vat = cboTVA->Text();
-  disposal.vatAmount = Content(*txtTVA);
+  disposal.vatAmount = txtTVA->Content();
   disposal.assetAccount = sCont_;
   disposal.costCentre = sCodCC_;
   return disposal;

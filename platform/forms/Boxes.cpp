@@ -91,6 +91,15 @@ void NumberBox::SetNumber(std::optional<double> number) {
   Show(number);
 }
 
+Value NumberBox::Content() const {
+  if (IsEmpty()) return {};
+  return IsNumeric() ? Value(*Number()) : Value(Text());
+}
+
+void NumberBox::SetContent(const Value& number) {
+  Show(number.IsNull() ? std::nullopt : std::optional(number.AsDouble()));
+}
+
 void NumberBox::SetText(const std::string& text) {
   number_.reset();
   shown_.clear();

@@ -51,6 +51,10 @@ class NumberBox : public QLineEdit, public SettlesTyping {
   /// The number in the box; nothing when it is empty. Throws Failure 13 for any other text.
   std::optional<double> Number() const;
   void SetNumber(std::optional<double> number);
+  /// What the box contains: Null, the number with all its digits, or the text that is no number.
+  Value Content() const;
+  /// Shows a number that was read; nothing for Null. Throws Failure 13 for anything else.
+  void SetContent(const Value& number);
   /// Sets a text as if it had been typed; it is formatted when the box is left.
   void SetText(const std::string& text);
   void SettleTyping() override;

@@ -20,6 +20,13 @@ QGroupBox* MakeFrame(const char* name, const char* caption) {
   return frame;
 }
 
+void MakeReadable(QWidget* boxes) {
+  QPalette palette = boxes->palette();
+  palette.setColor(QPalette::Disabled, QPalette::Text,
+                   palette.color(QPalette::Active, QPalette::Text));
+  boxes->setPalette(palette);
+}
+
 QScrollArea* Scrolled(QWidget* page) {
   auto* area = new QScrollArea;
   area->setWidgetResizable(true);

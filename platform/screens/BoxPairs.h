@@ -20,6 +20,10 @@ QLabel* LabelOf(QWidget* box, const char* caption);
 /// A frame of a card, without parent.
 QGroupBox* MakeFrame(const char* name, const char* caption);
 
+/// Keeps the texts of the box, or of the boxes in the frame, as dark while they are disabled: they
+/// are still read.
+void MakeReadable(QWidget* boxes);
+
 /// A page that scrolls where the window has less room than it needs.
 QScrollArea* Scrolled(QWidget* page);
 
