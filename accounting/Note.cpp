@@ -14,6 +14,10 @@ void NoteLine::SetCredit(const std::string& text) {
   credit_ = Value(text).AsDouble();
 }
 
+std::string TooLargeText(const std::string& what) {
+  return what + " este prea mare: cel mult 12 cifre inaintea virgulei !";
+}
+
 NoteLine LineOf(const std::string& journal, const std::string& document, const DateTime& date) {
   NoteLine line;
   line.Jurnal = journal;

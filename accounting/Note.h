@@ -53,6 +53,12 @@ struct NoteLine {
   double credit_ = 0;
 };
 
+/// An amount from here on, in lei, with its VAT would lose its bani in a double.
+inline constexpr double kAmountLimit = 1e12;
+
+/// Why an amount is refused that is not below the limit; `what` names it.
+std::string TooLargeText(const std::string& what);
+
 /// The lines of one note in the order in which they are written. Without lines nothing is written.
 using Note = std::vector<NoteLine>;
 

@@ -1,5 +1,8 @@
 #include "inventory/ObjectCard.h"
 
+#include <cmath>
+
+#include "accounting/Note.h"
 #include "platform/system/MessageBox.h"
 #include "platform/text/Numbers.h"
 
@@ -21,6 +24,9 @@ std::optional<ObjectRefusal> RefusalToSave(const ObjectCard& card) {
     return ObjectRefusal{
         "Valoarea de cumparare(valuta) a obiectului trebuie sa fie o valoare numerica!", kCritical,
         Box::kForeignValue};
+  }
+  if (!lei.IsNull() && std::abs(lei.AsDouble()) >= kAmountLimit) {
+    return ObjectRefusal{TooLargeText("Valoarea de cumparare(lei)"), kCritical, Box::kValue};
   }
   if (card.vat.empty()) {
     return ObjectRefusal{"Va rog introduceti TVA!", kInformation, Box::kVat};

@@ -57,6 +57,7 @@ void frmObInvFisa::Connect() {
           [this](Procedure& run) { cmdDescarcare_Click(run); });
   connect(cmdIesire, &QPushButton::clicked, this, [this] { close(); });
   for (const Number left : {kValue, kRate}) {
+    connect(txtNumar[left], &QLineEdit::textEdited, this, [this, left] { typed_[left] = true; });
     OnLeave(txtNumar[left], "txtNumar_LostFocus", [this, left](Procedure&) {
       RunShort("txtNumar_LostFocus", [&](Procedure&) { txtNumar_LostFocus(left); });
       return true;
@@ -156,8 +157,9 @@ void frmObInvFisa::PickedInCombo(std::size_t combo) {
 // value in currency may have been corrected by hand.
 void frmObInvFisa::txtNumar_LostFocus(Number left) {
   const Value now = txtNumar[left]->Content();
-  const bool passed = !bAdaugare_ && now == derived_[left];
+  const bool passed = !bAdaugare_ && !typed_[left] && now == derived_[left];
   derived_[left] = now;
+  typed_[left] = false;
   if (passed) return;
   const auto foreign = ForeignValue(txtNumar[kValue]->Content(), txtNumar[kRate]->Content());
   if (!foreign) return;

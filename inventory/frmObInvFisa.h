@@ -99,6 +99,7 @@ class frmObInvFisa : public Form {
   bool writtenOff_ = false;  // bBlocata, or written off on this card
   bool loaded_ = false;      // the combos have their lists
   std::array<Adodc*, 5> sources_{};
+  std::array<bool, 2> typed_{};   // value and rate were typed since they were left last
   std::array<Value, 2> derived_;  // value and rate when the value in currency was last derived
   QGroupBox* noteFrame_ = nullptr;
   // An account and its expense account as they were read last.

@@ -100,6 +100,9 @@ std::optional<DisposalRefusal> EsteIesireValida(const Disposal& disposal) {
   if (price.IsNull() || price.IsText() || price.AsDouble() < 0) {
     return DisposalRefusal{NotANumberText(kPrice), kCritical, Box::kPrice};
   }
+  if (price.AsDouble() >= kAmountLimit) {
+    return DisposalRefusal{TooLargeText(kAmountTags[kPrice]), kCritical, Box::kPrice};
+  }
   constexpr Box kBoxes[] = {Box::kExpense, Box::kCustomer, Box::kRevenue, Box::kVat};
   for (std::size_t i = 0; i < account::kCount; ++i) {
     if (!Trim(disposal.cont[i]).empty()) continue;

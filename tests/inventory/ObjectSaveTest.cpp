@@ -157,7 +157,13 @@ TEST(ObjectCardCheck, NamesTheFirstMistakeAndItsBox) {
   card.number[kValue] = Value();
   refused("Valoarea de cumparare(valuta) a obiectului trebuie sa fie o valoare numerica!",
           Box::kForeignValue);
-  card.number[kForeignValue] = 5.0;
+  card.number[kValue] = 5.0;
+  refused("Valoarea de cumparare(valuta) a obiectului trebuie sa fie o valoare numerica!",
+          Box::kForeignValue);
+  card.number = {1e12, Value(), Value()};
+  refused("Valoarea de cumparare(lei) este prea mare: cel mult 12 cifre inaintea virgulei !",
+          Box::kValue);
+  card.number = {-999999999999.99, Value(), 5.0};
   refused("Va rog introduceti TVA!", Box::kVat);
   card.vat = "4426-19";
   EXPECT_FALSE(RefusalToSave(card));

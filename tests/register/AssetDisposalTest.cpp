@@ -167,6 +167,10 @@ TEST_F(AssetDisposal, ASaleIsCheckedInOrderAndAScrappingIsNot) {
   sale.cont[kExpense].clear();
   EXPECT_EQ(refusal(),
             expected("Va rugam completati Cont de cheltuieli !", kCritical, Box::kExpense));
+  sale.value[kPrice] = 1e12;
+  EXPECT_EQ(refusal(),
+            expected("Pret vanzare este prea mare: cel mult 12 cifre inaintea virgulei !",
+                     kCritical, Box::kPrice));
   for (const Value& price : {Value(), Value("abc"), Value(-0.01)}) {
     sale.value[kPrice] = price;
     EXPECT_EQ(refusal(),

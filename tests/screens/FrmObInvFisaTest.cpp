@@ -205,6 +205,10 @@ TEST_F(FrmObInvFisa, TheValueInCurrencyFollowsValueAndRate) {
   EXPECT_EQ(card.txtNumar[kForeignValue]->Number(), 250);
   TypeIn(card.txtNumar[kRate], "4,5");
   EXPECT_EQ(card.txtNumar[kForeignValue]->Number(), 222.222);
+  // The same number, typed again, derives too.
+  TypeIn(card.txtNumar[kForeignValue], "1");
+  TypeIn(card.txtNumar[kRate], "4,5");
+  EXPECT_EQ(card.txtNumar[kForeignValue]->Number(), 222.222);
 }
 
 TEST_F(FrmObInvFisa, AnObjectIsWrittenOffOnce) {
