@@ -2,6 +2,7 @@
 #include "platform/system/MessageBox.h"
 #include "tests/KilledWrites.h"
 #include "tests/inventory/ObjectTest.h"
+#include "tests/text/Expect.h"
 
 namespace tevra::test {
 namespace {
@@ -61,7 +62,7 @@ TEST_F(WriteOffTest, AnEmptyExpenseAccountStopsBothLines) {
 TEST_F(WriteOffTest, AValueOfZeroIsMarkedWithoutANoteAndAnEmptyOneIsNot) {
   ObjectCard card = FullCard();
   card.number[kValue] = Value();
-  EXPECT_THROW(WriteOff(card, 1), Failure);
+  EXPECT_EQ(FailureOf([&] { WriteOff(card, 1); }), kTypeMismatch);
   EXPECT_EQ(Objects("Blocata"), "False \n");
   card.number[kValue] = 0.001;
   EXPECT_TRUE(WriteOff(card, 1).note.empty());
