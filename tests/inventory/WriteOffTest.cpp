@@ -22,6 +22,7 @@ class WriteOffTest : public ObjectTest {
 
 TEST_F(WriteOffTest, PostsWhatIsOnTheCardAndMarksTheObject) {
   AddLine(7, "IMO07", 5);
+  pAdaugaObiect(FullCard());
   ObjectCard card = FullCard();
   card.number[kValue] = 800.255;
   const WriteOffResult result = WriteOff(card, 1);
@@ -33,7 +34,7 @@ TEST_F(WriteOffTest, PostsWhatIsOnTheCardAndMarksTheObject) {
             "7 1 OD  6811 5  IMO07         \n"
             "8 1 OD 01.04.2026 303 0 800,26 IMO07 IMO07 LEI 3,9913 0 0   I \n"
             "8 2 OD 01.04.2026 603 800,26 0 IMO07 IMO07 LEI 3,9913 0 0   I \n");
-  EXPECT_EQ(Objects("Blocata, VAL_CUMP"), "True 486 \n");
+  EXPECT_EQ(Objects("Blocata, VAL_CUMP"), "True 486 \nFalse 486 \n");
 }
 
 TEST_F(WriteOffTest, IsRefusedInTheOrderOfItsTests) {
