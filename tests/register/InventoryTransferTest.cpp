@@ -108,6 +108,11 @@ TEST_F(InventoryTransfer, ANoteCreditsTheValueAndSplitsIt) {
   }
 }
 
+TEST_F(InventoryTransfer, TheDepreciationOfANoteIsRoundedToo) {
+  const NotedAsset asset{7, "2131", "2813", "C1", "FF 1", 0.3, 0.1};
+  EXPECT_EQ(TransferNote(asset, "603", kDay).at(2).Debit, 0.2);
+}
+
 TEST_F(InventoryTransfer, TheDayIsTheFirstOfTheMonthAfter) {
   EXPECT_EQ(TransferDay(2026, 3), kDay);
   EXPECT_EQ(TransferDay(2026, 12), DateTime(2027, 1, 1));
@@ -230,14 +235,18 @@ TEST_F(InventoryTransfer, AWarningLeavesTheNotesOut) {
 }
 
 TEST_F(InventoryTransfer, AnAssetWithoutAssociationMovesWithoutANote) {
+  Add("large", "2131", 9999, 5000);
   Add("A1", "999", 100, 40);
   Add("A2", Value(), 100, 40);
   Add("A3", "2111", 100, 60);
+  Add("limit", "2131", 2500, 2500);
   const Transferred done = Transfer();
-  EXPECT_EQ(done.copies.size(), 3U);
+  EXPECT_EQ(done.copies.size(), 4U);
   // An association without a depreciation account counts as account 0.
-  EXPECT_EQ(Lines(), "1 1 2111 0 100 \n1 2 603 60 0 \n1 3 0 40 0 \n");
-  EXPECT_EQ(company_.Rows("SELECT COUNT(*) FROM I_IMO WHERE IESIRE = 0"), "0 \n");
+  EXPECT_EQ(Lines(),
+            "1 1 2111 0 100 \n1 2 603 60 0 \n1 3 0 40 0 \n"
+            "2 1 2131 0 2500 \n2 2 603 2500 0 \n");
+  EXPECT_EQ(company_.Rows("SELECT COD FROM I_IMO WHERE IESIRE = 0"), "large \n");
 }
 
 TEST_F(InventoryTransfer, AFailureOfAnyStepLeavesNothing) {
@@ -276,6 +285,9 @@ TEST_F(InventoryTransfer, AFailureOfAnyStepLeavesNothing) {
     });
     EXPECT_NE(refusal.text.find(each.text), std::string::npos) << refusal.text;
     EXPECT_EQ(reached, each.step) << each.text;
+    if (each.step == TransferStep::kNote) {
+      EXPECT_EQ(refusal.source.substr(0, 6), "NRCRT ");
+    }
     connection.Close();
     Execute(each.repair);
     EXPECT_EQ(State(), before) << each.text;
