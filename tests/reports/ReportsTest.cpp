@@ -140,6 +140,11 @@ TEST_F(ReportsOnPaper, AllTwentyDesignsAreAsAgreed) {
   EXPECT_EQ(seen_.size(), 20u);
 }
 
+TEST_F(ReportsOnPaper, ACompanyWithoutANameHasItsCode) {
+  CurrentSession().companyName = " ";
+  EXPECT_EQ(TextsOf(*ChargesReport({0, "LEI", 10, 2026, false}), "lblSocietate").front(), "01");
+}
+
 TEST_F(ReportsOnPaper, WithoutDetailGroupsAndTotalsStand) {
   const auto report = ChargesReport({0, "LEI", 10, 2026, false});
   ExpectAgreed(*report, "DataReportCHE", "DataReportCHE_fara_detaliu");
