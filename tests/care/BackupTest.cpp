@@ -40,6 +40,7 @@ TEST(BackupNames, HoldTheCompanyTheDatabaseAndTheMinute) {
   EXPECT_EQ(MomentInName("x09.07.2026_08.05.mdb"), DateTime(2026, 7, 9, 8, 5));
   EXPECT_EQ(MomentInName("Import_Kelnar01_09.07.2026_08.05.59_12.mdb"), moment);
   EXPECT_FALSE(MomentInName("Kelnar01.mdb"));
+  EXPECT_FALSE(MomentInName("x09.07_2026.08.05.mdb"));
 }
 
 TEST_F(BackupTest, IsMadeWhileOthersWorkAndSaysSo) {

@@ -106,7 +106,11 @@ TEST_F(UpgradeTest, AKeyThatTheRowsRefuseIsReportedAndItsFieldsAreBrought) {
     old.Execute("DELETE FROM I_LOCALIZARE");
     catalogue.CreatePrimaryKey("I_LOCALIZARE", {"TITLU"});
   }
-  const std::string text = LeftText(Upgrade());
+  const UpgradeResult result = Upgrade();
+  const std::string text = LeftText(result);
+  for (const std::string& change : result.changes) {
+    EXPECT_EQ(change.find("I_LOCALIZARE.TITLU"), std::string::npos) << change;
+  }
   for (const char* part : {"Kv_CC", "KV_JUR.COD: valoarea este obligatorie",
                            "KV_JUR: ", "I_LOCALIZARE: tabela are alta cheie"}) {
     EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
