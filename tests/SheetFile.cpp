@@ -12,6 +12,10 @@ std::map<std::string, std::string> CellsOf(const std::filesystem::path& sheet) {
   const QTemporaryDir folder;
   QProcess unpack;
   unpack.setWorkingDirectory(folder.path());
+  // In the locale "C" cmake takes no name with diacritics.
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert("LC_ALL", "C.UTF-8");
+  unpack.setProcessEnvironment(environment);
   unpack.start("cmake", {"-E", "tar", "xf", QString::fromStdString(sheet.string())});
   QFile file(folder.filePath("xl/worksheets/sheet1.xml"));
   if (!unpack.waitForFinished() || unpack.exitCode() != 0 || !file.open(QIODevice::ReadOnly)) {

@@ -42,7 +42,7 @@ std::vector<fs::path> Structures() {
 
 void Unpack(const fs::path& archive, const fs::path& folder) {
   const std::string command =
-      "cd '" + folder.string() + "' && cmake -E tar xf '" + archive.string() + "'";
+      "cd '" + folder.string() + "' && LC_ALL=C.UTF-8 cmake -E tar xf '" + archive.string() + "'";
   ASSERT_EQ(std::system(command.c_str()), 0) << archive;
 }
 

@@ -16,14 +16,14 @@ command=$(sed -n '/^ExecStart=/,/[^\\]$/p' "$packaging/tevra-month-end.service" 
 for path in /usr/bin/tevra-batch /srv/tevra/date /srv/tevra/rapoarte /srv/tevra/salvari /etc/tevra/parole; do
   [[ $command == *$path* ]] || fail "the service does not speak of $path"
 done
-command=${command#ExecStart=}
-command=${command//\/usr\/bin/"$bin"}
-command=${command//\/srv\/tevra/"$folder/root"}
-command=${command//\/etc\/tevra\/parole/"$folder/parole"}
+read -ra words <<< "${command#ExecStart=}"
+words=("${words[@]//\/usr\/bin/"$bin"}")
+words=("${words[@]//\/srv\/tevra/"$folder/root"}")
+words=("${words[@]//\/etc\/tevra\/parole/"$folder/parole"}")
 export XDG_STATE_HOME=$folder/state XDG_CACHE_HOME=$folder/cache
 "$bin/tevra-batch" --dir "$folder/root/date" create 01 Proba
 (umask 077 && echo "01;admin;1" > "$folder/parole")
-$command
+"${words[@]}"
 [ "$(find "$folder/root/rapoarte" -name 'Cheltuieli_01_*.pdf' | wc -l)" -eq 4 ] || fail "no reports"
 [ "$(find "$folder/root/salvari" -name '*.mdb' | wc -l)" -eq 1 ] || fail "no backup"
 
