@@ -105,7 +105,7 @@ void PrintMemory() {
 int main(int argc, char** argv) {
   const bool isShort = IsShort(argc, argv);
   if (!isShort) PrintMemory();
-  const int lines = isShort ? 2 * RowsOf(true) : 200'000;
+  const int lines = isShort ? RowsOf(true) : 200'000;
   const Pair pair(lines);
   Add("export", pair, &Pair::Export);
   Add("export_floor", pair, &Pair::ExportBare);
